@@ -1,0 +1,55 @@
+# Everything about the shape of the module itself: names, version resource, linker hardening and,
+# with a MinGW compiler, the run-time libraries that must stand beside the DLL.
+
+function(quarnfc_module target)
+  set_target_properties(
+    ${target}
+    PROPERTIES OUTPUT_NAME QuarnFC
+               LINKER_LANGUAGE CXX
+               RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin"
+               LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+  if(QUARNFC_IPO_SUPPORTED)
+    set_target_properties(quarnfc_objects ${target} PROPERTIES INTERPROCEDURAL_OPTIMIZATION ON)
+  endif()
+
+  if(WIN32)
+    # One name for every compiler: QuarnFC.dll, not libQuarnFC.dll.
+    set_target_properties(${target} PROPERTIES PREFIX "")
+    configure_file("${PROJECT_SOURCE_DIR}/cmake/version.rc.in" "${PROJECT_BINARY_DIR}/version.rc"
+                   @ONLY)
+    target_sources(${target} PRIVATE "${PROJECT_BINARY_DIR}/version.rc")
+    if(MSVC)
+      target_link_options(${target} PRIVATE /DYNAMICBASE /HIGHENTROPYVA /NXCOMPAT)
+    else()
+      target_link_options(${target} PRIVATE -Wl,--dynamicbase -Wl,--high-entropy-va -Wl,--nxcompat)
+      quarnfc_copy_mingw_runtime(${target})
+    endif()
+  else()
+    set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION}
+                                               SOVERSION ${PROJECT_VERSION_MAJOR})
+    target_link_options(${target} PRIVATE -Wl,--no-undefined)
+  endif()
+endfunction()
+
+# Hosts and the DLL share one C++ run-time library: with a private copy in each module an exception
+# that crosses the boundary leaves the host's count of uncaught exceptions wrong.
+function(quarnfc_copy_mingw_runtime target)
+  foreach(name libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
+    execute_process(
+      COMMAND "${CMAKE_CXX_COMPILER}" -print-file-name=${name}
+      OUTPUT_VARIABLE path
+      OUTPUT_STRIP_TRAILING_WHITESPACE)
+    if(NOT IS_ABSOLUTE "${path}")
+      find_file(QUARNFC_RUNTIME_${name} ${name} PATHS /usr/x86_64-w64-mingw32/lib REQUIRED
+                NO_DEFAULT_PATH)
+      set(path "${QUARNFC_RUNTIME_${name}}")
+    endif()
+    list(APPEND runtime "${path}")
+  endforeach()
+  add_custom_command(
+    TARGET ${target}
+    POST_BUILD
+    COMMAND ${CMAKE_COMMAND} -E copy_if_different ${runtime} "$<TARGET_FILE_DIR:${target}>"
+    COMMENT "Copying the C++ run-time libraries beside the DLL"
+    VERBATIM)
+endfunction()

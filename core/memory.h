@@ -1,0 +1,58 @@
+// The library's memory: the one place that decides where storage comes from.
+//
+// Two kinds pass through here. Buffers that leave the library for a caller (released with
+// qnFreeMem, or inside the library with FreeBuffer), and small nodes of fixed size: string cells,
+// JSON values and records, objects.
+#ifndef QUARNFC_CORE_MEMORY_H_
+#define QUARNFC_CORE_MEMORY_H_
+
+#include <cstddef>
+#include <cstring>
+#include <new>
+
+namespace quarnfc {
+
+// A buffer of size bytes, uninitialised. Throws std::bad_alloc.
+inline void* AllocBuffer(std::size_t size) { return ::operator new(size); }
+inline void FreeBuffer(void* buffer) noexcept { ::operator delete(buffer); }
+
+inline char* AllocChars(std::size_t count) { return static_cast<char*>(AllocBuffer(count)); }
+
+inline wchar_t* AllocWideChars(std::size_t count) {
+  return static_cast<wchar_t*>(AllocBuffer(count * sizeof(wchar_t)));
+}
+
+// A new buffer with a copy of length characters and a terminator.
+inline char* CopyText(const char* text, std::size_t length) {
+  char* copy = AllocChars(length + 1);
+  std::memcpy(copy, text, length);
+  copy[length] = '\0';
+  return copy;
+}
+
+inline char* CopyText(const char* text) { return CopyText(text, std::strlen(text)); }
+
+// Length of zero-terminated UTF-16 text in units. (Off Windows the C library's wide functions
+// expect 32-bit characters.)
+inline std::size_t WideLength(const wchar_t* text) {
+  std::size_t length = 0;
+  while (text[length] != L'\0') ++length;
+  return length;
+}
+
+inline wchar_t* CopyWideText(const wchar_t* text, std::size_t length) {
+  wchar_t* copy = AllocWideChars(length + 1);
+  std::memcpy(copy, text, length * sizeof(wchar_t));
+  copy[length] = L'\0';
+  return copy;
+}
+
+inline wchar_t* CopyWideText(const wchar_t* text) { return CopyWideText(text, WideLength(text)); }
+
+// Storage for a small node of fixed size; give the same size back. Throws std::bad_alloc.
+inline void* AllocNode(std::size_t size) { return ::operator new(size); }
+inline void FreeNode(void* node, std::size_t /*size*/) noexcept { ::operator delete(node); }
+
+}  // namespace quarnfc
+
+#endif  // QUARNFC_CORE_MEMORY_H_

@@ -1,0 +1,25 @@
+// Error handles: how functions outside an object report failure across the module boundary.
+//
+// A handle is the address of an error object as an unsigned 64-bit integer; 0 means no error. Read
+// it with qnGetErrorA or qnGetErrorW, release it with qnCloseHandle (plain.h). Texts are in the
+// process ANSI code page. One thread at a time uses a handle.
+#ifndef QUARNFC_ERROR_H_
+#define QUARNFC_ERROR_H_
+
+#include <quarnfc/export.h>
+#include <quarnfc/object.h>
+#include <quarnfc/plain.h>
+
+namespace QNErrorUtils {
+
+// A new error handle with the code and a copy of the message; a null message becomes the empty
+// one. Throws std::bad_alloc.
+QN_API unsigned __int64 CreateError(CQNObject::EErrorStatus code, const char* message);
+
+// A new error handle with the code of source. Its message is text, one blank and the message of
+// source; without text (null), the message of source. source is neither changed nor released.
+QN_API unsigned __int64 CreateErrorFromObj(const CQNObject* source, const char* text);
+
+}  // namespace QNErrorUtils
+
+#endif  // QUARNFC_ERROR_H_

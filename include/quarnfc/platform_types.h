@@ -1,0 +1,24 @@
+// Platform types that appear in signatures of this library, declared forward so that a host may
+// include the platform's own headers before or after these, or not at all, and sees one type.
+#ifndef QUARNFC_PLATFORM_TYPES_H_
+#define QUARNFC_PLATFORM_TYPES_H_
+
+// Wide text is UTF-16 on every target. Off Windows the CMake target QuarnFC::QuarnFC carries the
+// compile option that makes wchar_t 16 bits wide.
+static_assert(sizeof(wchar_t) == 2, "compile with -fshort-wchar, as QuarnFC::QuarnFC asks");
+
+#if !defined(_WIN32) && !defined(__int64)
+// The Windows spelling of 64-bit integers, so that one host source serves both targets.
+#define __int64 long long
+#endif
+
+struct _SYSTEMTIME;
+struct _INTERNET_BUFFERSA;
+struct _EXCEPTION_POINTERS;
+
+typedef wchar_t* BSTR;     // a system string, released with SysFreeString
+typedef void* HINTERNET;   // a handle of the platform's internet API
+typedef struct _SYSTEMTIME SYSTEMTIME;
+typedef struct _INTERNET_BUFFERSA INTERNET_BUFFERSA;
+
+#endif  // QUARNFC_PLATFORM_TYPES_H_

@@ -1,0 +1,14 @@
+// Umbrella header: everything a host of QuarnFC needs.
+#ifndef QUARNFC_QUARNFC_H_
+#define QUARNFC_QUARNFC_H_
+
+#include <quarnfc/error.h>
+#include <quarnfc/export.h>
+#include <quarnfc/fixed_alloc.h>
+#include <quarnfc/object.h>
+#include <quarnfc/plain.h>
+#include <quarnfc/platform_types.h>
+#include <quarnfc/qn_string.h>
+#include <quarnfc/string_utils.h>
+
+#endif  // QUARNFC_QUARNFC_H_

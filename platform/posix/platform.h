@@ -1,0 +1,86 @@
+// The functions of platform/windows/platform.h off Windows, with the same names and contracts.
+// The ANSI and the OEM code page are fixed at 936.
+#ifndef QUARNFC_PLATFORM_POSIX_PLATFORM_H_
+#define QUARNFC_PLATFORM_POSIX_PLATFORM_H_
+
+#include <quarnfc/platform_types.h>
+
+#include <pthread.h>
+
+// --- basic types ------------------------------------------------------------------------------
+
+typedef int BOOL;
+typedef unsigned int DWORD;
+typedef unsigned int UINT;
+typedef const char* LPCSTR;
+typedef char* LPSTR;
+typedef const wchar_t* LPCWSTR;
+typedef wchar_t* LPWSTR;
+typedef wchar_t OLECHAR;
+
+constexpr UINT CP_ACP = 0;
+constexpr UINT CP_UTF8 = 65001;
+
+constexpr DWORD ERROR_FILE_NOT_FOUND = 2;
+constexpr DWORD ERROR_PATH_NOT_FOUND = 3;
+constexpr DWORD ERROR_ACCESS_DENIED = 5;
+constexpr DWORD ERROR_INVALID_PARAMETER = 87;
+constexpr DWORD ERROR_INSUFFICIENT_BUFFER = 122;
+
+// --- critical sections (recursive locks) ------------------------------------------------------
+
+struct CRITICAL_SECTION {
+  pthread_mutex_t mutex;
+};
+
+void InitializeCriticalSection(CRITICAL_SECTION* section);
+void EnterCriticalSection(CRITICAL_SECTION* section);
+void LeaveCriticalSection(CRITICAL_SECTION* section);
+void DeleteCriticalSection(CRITICAL_SECTION* section);
+
+// --- code-page conversion: CP_ACP (936) and CP_UTF8, flags 0, no default character ------------
+
+int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR source, int sourceLength,
+                        LPWSTR destination, int capacity);
+int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR source, int sourceLength,
+                        LPSTR destination, int capacity, LPCSTR defaultChar, BOOL* usedDefault);
+
+// ANSI and OEM are the same code page here, so both copy.
+BOOL CharToOemA(LPCSTR source, LPSTR destination);
+BOOL OemToCharA(LPCSTR source, LPSTR destination);
+
+// --- multibyte run-time functions, code page 936 ----------------------------------------------
+
+int _ismbblead(unsigned int byte);
+int _ismbcspace(unsigned int ch);
+size_t _mbclen(const unsigned char* ch);
+unsigned char* _mbsinc(const unsigned char* text);
+unsigned char* _mbschr(const unsigned char* text, unsigned int ch);
+unsigned char* _mbsrchr(const unsigned char* text, unsigned int ch);
+unsigned char* _mbsstr(const unsigned char* text, const unsigned char* sub);
+unsigned char* _mbspbrk(const unsigned char* text, const unsigned char* set);
+size_t _mbsspn(const unsigned char* text, const unsigned char* set);
+size_t _mbscspn(const unsigned char* text, const unsigned char* set);
+int _mbscmp(const unsigned char* left, const unsigned char* right);
+int _mbsicmp(const unsigned char* left, const unsigned char* right);
+int _mbscoll(const unsigned char* left, const unsigned char* right);
+int _mbsicoll(const unsigned char* left, const unsigned char* right);
+unsigned char* _mbsupr(unsigned char* text);
+unsigned char* _mbslwr(unsigned char* text);
+unsigned char* _mbsrev(unsigned char* text);
+
+// --- system strings ---------------------------------------------------------------------------
+
+BSTR SysAllocStringLen(const OLECHAR* source, UINT length);
+int SysReAllocStringLen(BSTR* string, const OLECHAR* source, UINT length);
+UINT SysStringLen(BSTR string);
+void SysFreeString(BSTR string);
+
+// --- debugger output and last error -----------------------------------------------------------
+
+void OutputDebugStringA(LPCSTR text);
+
+// The Windows error that corresponds to the C library's errno.
+DWORD GetLastError();
+
+#endif  // QUARNFC_PLATFORM_POSIX_PLATFORM_H_

@@ -1,0 +1,17 @@
+// The Windows headers the library uses.
+#ifndef QUARNFC_PLATFORM_WINDOWS_PLATFORM_H_
+#define QUARNFC_PLATFORM_WINDOWS_PLATFORM_H_
+
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+
+#include <mbctype.h>
+#include <mbstring.h>
+#include <oleauto.h>
+
+#endif  // QUARNFC_PLATFORM_WINDOWS_PLATFORM_H_
