@@ -16,8 +16,8 @@ struct _SYSTEMTIME;
 struct _INTERNET_BUFFERSA;
 struct _EXCEPTION_POINTERS;
 
-typedef wchar_t* BSTR;     // a system string, released with SysFreeString
-typedef void* HINTERNET;   // a handle of the platform's internet API
+typedef wchar_t* BSTR;    // a system string, released with SysFreeString
+typedef void* HINTERNET;  // a handle of the platform's internet API
 typedef struct _SYSTEMTIME SYSTEMTIME;
 typedef struct _INTERNET_BUFFERSA INTERNET_BUFFERSA;
 

@@ -237,15 +237,15 @@ class QN_API CQNString {
 };
 
 // Comparison operators, by Compare, in the forms string-string, string-text and text-string.
-#define QN_STRING_COMPARISON(op)                                                                 \
-  inline bool operator op(const CQNString& left, const CQNString& right) {                       \
-    return left.Compare(right) op 0;                                                             \
-  }                                                                                              \
-  inline bool operator op(const CQNString& left, const char* right) {                            \
-    return left.Compare(right) op 0;                                                             \
-  }                                                                                              \
-  inline bool operator op(const char* left, const CQNString& right) {                            \
-    return 0 op right.Compare(left);                                                             \
+#define QN_STRING_COMPARISON(op)                                           \
+  inline bool operator op(const CQNString& left, const CQNString& right) { \
+    return left.Compare(right) op 0;                                       \
+  }                                                                        \
+  inline bool operator op(const CQNString& left, const char* right) {      \
+    return left.Compare(right) op 0;                                       \
+  }                                                                        \
+  inline bool operator op(const char* left, const CQNString& right) {      \
+    return 0 op right.Compare(left);                                       \
   }
 QN_STRING_COMPARISON(==)
 QN_STRING_COMPARISON(!=)

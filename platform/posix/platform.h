@@ -49,6 +49,9 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR source, int sourceLe
 BOOL CharToOemA(LPCSTR source, LPSTR destination);
 BOOL OemToCharA(LPCSTR source, LPSTR destination);
 
+// Upper case of UTF-16 text in place; returns length.
+DWORD CharUpperBuffW(LPWSTR text, DWORD length);
+
 // --- multibyte run-time functions, code page 936 ----------------------------------------------
 
 int _ismbblead(unsigned int byte);

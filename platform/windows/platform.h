@@ -14,4 +14,10 @@
 #include <mbstring.h>
 #include <oleauto.h>
 
+// <mbctype.h> defines short names that the C++ library uses as identifiers.
+#undef _MS
+#undef _MP
+#undef _M1
+#undef _M2
+
 #endif  // QUARNFC_PLATFORM_WINDOWS_PLATFORM_H_

@@ -1,0 +1,22 @@
+// Formatted text: the conversions of the run-time library's printf family as Windows spells them,
+// with the same result on every target.
+#ifndef QUARNFC_CORE_FORMAT_TEXT_H_
+#define QUARNFC_CORE_FORMAT_TEXT_H_
+
+#include <cstdarg>
+#include <string>
+
+namespace quarnfc {
+
+struct FormattedText {
+  std::string text;
+  int estimate = 0;  // the length CQNString::FormatV asks for before it formats
+};
+
+// Formats in one pass. A null format gives the empty text. Throws std::bad_alloc when a width or
+// precision asks for more than fits in memory.
+FormattedText FormatText(const char* format, va_list args);
+
+}  // namespace quarnfc
+
+#endif  // QUARNFC_CORE_FORMAT_TEXT_H_

@@ -1,0 +1,70 @@
+#include <quarnfc/string_utils.h>
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+#include "platform/platform.h"
+
+namespace {
+
+using WideView = std::basic_string_view<wchar_t>;
+constexpr std::size_t kNotFound = static_cast<std::size_t>(-1);
+
+// Zero-terminated ANSI text as UTF-16, without the terminator.
+std::vector<wchar_t> ToWide(const char* text, bool upper_case) {
+  const int count = QNStringUtils::Ansi2Unicode(text, nullptr, 0);
+  std::vector<wchar_t> wide(static_cast<std::size_t>(count) + 1);
+  QNStringUtils::Ansi2Unicode(text, wide.data(), count);
+  wide.resize(static_cast<std::size_t>(count > 0 ? count - 1 : 0));
+  if (upper_case && !wide.empty()) CharUpperBuffW(wide.data(), static_cast<DWORD>(wide.size()));
+  return wide;
+}
+
+// Whether the segment stands in text at position; "?" stands for any character.
+bool MatchesAt(WideView text, std::size_t position, WideView segment) {
+  if (text.size() - position < segment.size()) return false;
+  for (std::size_t i = 0; i < segment.size(); ++i) {
+    if (segment[i] != L'?' && segment[i] != text[position + i]) return false;
+  }
+  return true;
+}
+
+std::size_t FindSegment(WideView text, std::size_t position, WideView segment) {
+  for (; position + segment.size() <= text.size(); ++position) {
+    if (MatchesAt(text, position, segment)) return position;
+  }
+  return kNotFound;
+}
+
+bool Matches(WideView pattern, WideView text) {
+  std::size_t star = pattern.find(L'*');
+  if (star == WideView::npos) {
+    return pattern.size() == text.size() && MatchesAt(text, 0, pattern);
+  }
+  // The first segment stands at the start. Each further one is looked for from where the one
+  // before it ended: the first place decides, so the position only ever moves forward.
+  if (!MatchesAt(text, 0, pattern.substr(0, star))) return false;
+  std::size_t position = star;
+  for (;;) {
+    pattern.remove_prefix(star + 1);
+    star = pattern.find(L'*');
+    if (star == WideView::npos) break;
+    position = FindSegment(text, position, pattern.substr(0, star));
+    if (position == kNotFound) return false;
+    position += star;
+  }
+  // The last segment stands at the end, at or behind the position reached.
+  return text.size() - position >= pattern.size() &&
+         MatchesAt(text, text.size() - pattern.size(), pattern);
+}
+
+}  // namespace
+
+bool QNStringUtils::StrIsMatching(const char* pattern, const char* text, bool caseSensitive) {
+  if (pattern == nullptr || text == nullptr) return false;
+  const std::vector<wchar_t> wide_pattern = ToWide(pattern, !caseSensitive);
+  const std::vector<wchar_t> wide_text = ToWide(text, !caseSensitive);
+  return Matches(WideView(wide_pattern.data(), wide_pattern.size()),
+                 WideView(wide_text.data(), wide_text.size()));
+}
