@@ -1,0 +1,87 @@
+#include <algorithm>
+#include <exception>
+#include <new>
+
+#include "command.h"
+#include "console.h"
+#include "errors.h"
+#include "exit_code.h"
+
+namespace qn {
+namespace {
+
+constexpr std::string_view kUsage =
+    "usage: qn COMMAND [SUBCOMMAND] [OPTION...] [ARGUMENT...]\n"
+    "       qn [COMMAND [SUBCOMMAND]] --help\n"
+    "       qn --version\n"
+    "\n"
+    "Exit codes: 0 success, 1 the operation failed or the data says no, 2 usage error.\n";
+
+bool AsksForHelp(const std::string& argument) { return argument == "--help" || argument == "-h"; }
+
+void PrintList(std::span<const Command> commands) {
+  std::size_t width = 0;
+  for (const Command& command : commands) width = std::max(width, command.name.size());
+  Print(commands.empty() ? "" : "\nCommands:\n");
+  for (const Command& command : commands) {
+    std::string line = "  " + std::string(command.name);
+    line.resize(width + 4, ' ');
+    PrintLine(line + std::string(command.summary));
+  }
+}
+
+int Help(std::string_view usage, std::span<const Command> commands) {
+  Print(usage);
+  PrintList(commands);
+  return kSuccess;
+}
+
+int ReportUsageError(std::string_view path, std::string_view message) {
+  PrintError(message);
+  PrintError("try '" + std::string(path) + " --help'");
+  return kUsageError;
+}
+
+// Whether the arguments of a command hold --help before a "--".
+bool HoldHelp(std::span<const std::string> arguments) {
+  const auto end = std::find(arguments.begin(), arguments.end(), "--");
+  return std::any_of(arguments.begin(), end, AsksForHelp);
+}
+
+int RunLeaf(const Command& command, const std::string& path,
+            std::span<const std::string> arguments) {
+  if (HoldHelp(arguments)) return Help(command.usage, {});
+  try {
+    return command.run(arguments);
+  } catch (const UsageError& error) {
+    return ReportUsageError(path, error.what());
+  } catch (const std::bad_alloc&) {
+    PrintError("out of memory");
+  } catch (const std::exception& error) {
+    PrintError(error.what());
+  }
+  return kFailure;
+}
+
+int DispatchIn(std::span<const Command> commands, const std::string& path, std::string_view usage,
+               std::span<const std::string> arguments) {
+  if (arguments.empty()) return ReportUsageError(path, "a command is missing");
+  if (AsksForHelp(arguments[0])) return Help(usage, commands);
+  const auto command =
+      std::find_if(commands.begin(), commands.end(),
+                   [&](const Command& candidate) { return candidate.name == arguments[0]; });
+  if (command == commands.end()) {
+    return ReportUsageError(path, "there is no command '" + DisplayText(arguments[0]) + "'");
+  }
+  const std::string inner = path + " " + arguments[0];
+  if (command->run != nullptr) return RunLeaf(*command, inner, arguments.subspan(1));
+  return DispatchIn(command->subcommands, inner, command->usage, arguments.subspan(1));
+}
+
+}  // namespace
+
+int Dispatch(std::span<const Command> commands, std::span<const std::string> arguments) {
+  return DispatchIn(commands, "qn", kUsage, arguments);
+}
+
+}  // namespace qn
