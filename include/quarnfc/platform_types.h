@@ -3,6 +3,8 @@
 #ifndef QUARNFC_PLATFORM_TYPES_H_
 #define QUARNFC_PLATFORM_TYPES_H_
 
+#include <quarnfc/export.h>
+
 // Wide text is UTF-16 on every target. Off Windows the CMake target QuarnFC::QuarnFC carries the
 // compile option that makes wchar_t 16 bits wide.
 static_assert(sizeof(wchar_t) == 2, "compile with -fshort-wchar, as QuarnFC::QuarnFC asks");
@@ -20,5 +22,15 @@ typedef wchar_t* BSTR;    // a system string, released with SysFreeString
 typedef void* HINTERNET;  // a handle of the platform's internet API
 typedef struct _SYSTEMTIME SYSTEMTIME;
 typedef struct _INTERNET_BUFFERSA INTERNET_BUFFERSA;
+
+#if !defined(_WIN32)
+// What a host does with a system string; on Windows these are the platform's own.
+
+// The length in UTF-16 units without the terminator; 0 for null.
+QN_PLAIN_API unsigned int SysStringLen(BSTR string);
+
+// Releases string; null does nothing.
+QN_PLAIN_API void SysFreeString(BSTR string);
+#endif
 
 #endif  // QUARNFC_PLATFORM_TYPES_H_

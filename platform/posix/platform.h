@@ -7,6 +7,8 @@
 
 #include <pthread.h>
 
+#include <cstddef>
+
 // --- basic types ------------------------------------------------------------------------------
 
 typedef int BOOL;
@@ -23,9 +25,23 @@ constexpr UINT CP_UTF8 = 65001;
 
 constexpr DWORD ERROR_FILE_NOT_FOUND = 2;
 constexpr DWORD ERROR_PATH_NOT_FOUND = 3;
+constexpr DWORD ERROR_TOO_MANY_OPEN_FILES = 4;
 constexpr DWORD ERROR_ACCESS_DENIED = 5;
+constexpr DWORD ERROR_INVALID_HANDLE = 6;
+constexpr DWORD ERROR_NOT_ENOUGH_MEMORY = 8;
+constexpr DWORD ERROR_WRITE_PROTECT = 19;
+constexpr DWORD ERROR_GEN_FAILURE = 31;
+constexpr DWORD ERROR_SHARING_VIOLATION = 32;
+constexpr DWORD ERROR_FILE_EXISTS = 80;
 constexpr DWORD ERROR_INVALID_PARAMETER = 87;
+constexpr DWORD ERROR_BROKEN_PIPE = 109;
+constexpr DWORD ERROR_DISK_FULL = 112;
 constexpr DWORD ERROR_INSUFFICIENT_BUFFER = 122;
+constexpr DWORD ERROR_DIR_NOT_EMPTY = 145;
+constexpr DWORD ERROR_FILENAME_EXCED_RANGE = 206;
+constexpr DWORD ERROR_FILE_TOO_LARGE = 223;
+constexpr DWORD ERROR_INVALID_FLAGS = 1004;
+constexpr DWORD ERROR_IO_DEVICE = 1117;
 
 // --- critical sections (recursive locks) ------------------------------------------------------
 
@@ -56,14 +72,14 @@ DWORD CharUpperBuffW(LPWSTR text, DWORD length);
 
 int _ismbblead(unsigned int byte);
 int _ismbcspace(unsigned int ch);
-size_t _mbclen(const unsigned char* ch);
+std::size_t _mbclen(const unsigned char* ch);
 unsigned char* _mbsinc(const unsigned char* text);
 unsigned char* _mbschr(const unsigned char* text, unsigned int ch);
 unsigned char* _mbsrchr(const unsigned char* text, unsigned int ch);
 unsigned char* _mbsstr(const unsigned char* text, const unsigned char* sub);
 unsigned char* _mbspbrk(const unsigned char* text, const unsigned char* set);
-size_t _mbsspn(const unsigned char* text, const unsigned char* set);
-size_t _mbscspn(const unsigned char* text, const unsigned char* set);
+std::size_t _mbsspn(const unsigned char* text, const unsigned char* set);
+std::size_t _mbscspn(const unsigned char* text, const unsigned char* set);
 int _mbscmp(const unsigned char* left, const unsigned char* right);
 int _mbsicmp(const unsigned char* left, const unsigned char* right);
 int _mbscoll(const unsigned char* left, const unsigned char* right);
@@ -74,16 +90,18 @@ unsigned char* _mbsrev(unsigned char* text);
 
 // --- system strings ---------------------------------------------------------------------------
 
+// SysStringLen and SysFreeString, which hosts call too, are declared in platform_types.h.
 BSTR SysAllocStringLen(const OLECHAR* source, UINT length);
 int SysReAllocStringLen(BSTR* string, const OLECHAR* source, UINT length);
-UINT SysStringLen(BSTR string);
-void SysFreeString(BSTR string);
 
 // --- debugger output and last error -----------------------------------------------------------
 
 void OutputDebugStringA(LPCSTR text);
 
-// The Windows error that corresponds to the C library's errno.
+// The Windows error of this thread's last failure: the one set with SetLastError, or the one that
+// corresponds to errno when a function of the C library has failed since (ERROR_GEN_FAILURE when
+// none does).
 DWORD GetLastError();
+void SetLastError(DWORD error);
 
 #endif  // QUARNFC_PLATFORM_POSIX_PLATFORM_H_
