@@ -1,0 +1,52 @@
+#!/usr/bin/env bash
+# Installs what building and testing need on Debian 12: packages and the Chinese locale that gives
+# Windows programs under Wine code page 936. Does nothing when everything is there.
+set -euo pipefail
+source "$(dirname "$0")/lib.sh"
+
+packages=(
+  # Building.
+  cmake ninja-build g++ g++-mingw-w64-x86-64-posix
+  # Running Windows programs.
+  wine wine64 locales
+  # Tests: their framework, a web server, and independent implementations to compare with.
+  googletest nginx-light openssl libssl-dev proj-bin libproj-dev libgeographiclib-dev
+)
+
+missing_packages() {
+  local package
+  for package in "${packages[@]}"; do
+    case $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null || true) in
+      installed) ;;
+      *) printf '%s\n' "$package" ;;
+    esac
+  done
+}
+
+apt() {
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -y -o DPkg::Lock::Timeout=300 "$@"
+}
+
+install_packages() {
+  local missing
+  mapfile -t missing < <(missing_packages)
+  [ "${#missing[@]}" -eq 0 ] && return
+  step "Installing Debian packages: ${missing[*]}"
+  logged apt-update apt update || die "the package lists could not be read"
+  logged apt-install apt install --no-install-recommends "${missing[@]}" ||
+    die "the packages could not be installed"
+}
+
+create_locale() {
+  locale -a | grep -qix 'zh_CN\.utf-\?8' && return
+  step "Creating the locale zh_CN.UTF-8"
+  logged localedef as_root localedef -i zh_CN -f UTF-8 zh_CN.UTF-8 ||
+    die "the locale zh_CN.UTF-8 could not be created"
+}
+
+if ! command -v apt-get dpkg-query >/dev/null; then
+  die "this script sets up Debian 12 and systems like it with apt-get; elsewhere install what" \
+    "corresponds to: ${packages[*]}, and the locale zh_CN.UTF-8"
+fi
+install_packages
+create_locale
