@@ -44,7 +44,7 @@ create_locale() {
     die "the locale zh_CN.UTF-8 could not be created"
 }
 
-if ! command -v apt-get dpkg-query >/dev/null; then
+if ! { command -v apt-get && command -v dpkg-query; } >/dev/null; then
   die "this script sets up Debian 12 and systems like it with apt-get; elsewhere install what" \
     "corresponds to: ${packages[*]}, and the locale zh_CN.UTF-8"
 fi
