@@ -2,6 +2,8 @@
 
 #include <iconv.h>
 
+#include <cerrno>
+
 #include "platform/posix/code_page_936_data.h"
 
 namespace quarnfc {
@@ -77,8 +79,10 @@ void CodePage936::Add(unsigned int code, char16_t unit) {
 }
 
 void CodePage936::AddFromCLibrary() {
+  const int saved_errno = errno;  // pairs without a character fail below and are no error
   GbkConverter converter;
   if (!converter.IsOpen()) {
+    errno = saved_errno;
     return;
   }
   for (unsigned int lead = kFirstLead; lead <= kLastLead; ++lead) {
@@ -90,6 +94,7 @@ void CodePage936::AddFromCLibrary() {
       }
     }
   }
+  errno = saved_errno;
 }
 
 void CodePage936::AddUserDefined() {

@@ -8,6 +8,7 @@
 namespace {
 
 constexpr UINT kCodePage = 936;
+constexpr unsigned kNoTrail = 0x7F;  // inside the range of trail bytes, but none
 
 // The unit of a double-byte character.
 unsigned Decode(unsigned code) {
@@ -27,45 +28,64 @@ unsigned Encode(unsigned unit) {
 
 bool IsUserDefined(unsigned unit) { return unit >= 0xE000 && unit <= 0xF8FF; }
 
+// The last pair of the run that begins at first: same lead byte, units that follow each other.
+unsigned LastOfRun(unsigned first) {
+  unsigned last = first;
+  unsigned expected = Decode(first);
+  for (unsigned code = first; code >> 8 == first >> 8; ++code) {
+    if ((code & 0xFF) == kNoTrail) {
+      continue;
+    }
+    if (Decode(code) != expected++) {
+      break;
+    }
+    last = code;
+  }
+  return last;
+}
+
+// Entries of a table, some to a line.
+class TableWriter {
+ public:
+  TableWriter(const char* declaration, int per_line) : per_line_(per_line) {
+    std::printf("constexpr %s[] = {", declaration);
+  }
+  ~TableWriter() { std::puts("\n};\n"); }
+  TableWriter(const TableWriter&) = delete;
+  TableWriter& operator=(const TableWriter&) = delete;
+
+  template <typename... Numbers>
+  void Write(const char* format, Numbers... numbers) {
+    std::fputs(count_++ % per_line_ == 0 ? "\n    " : " ", stdout);
+    std::printf(format, numbers...);
+  }
+
+ private:
+  int per_line_;
+  int count_ = 0;
+};
+
 void WriteUserDefinedRuns() {
-  std::puts("constexpr UserDefinedRun kUserDefinedRuns[] = {");
-  for (unsigned lead = 0x81; lead <= 0xFE; ++lead) {
-    for (unsigned trail = 0x40; trail <= 0xFE; ++trail) {
-      const unsigned first = lead << 8 | trail;
-      const unsigned unit = Decode(first);
-      if (!IsUserDefined(unit)) {
-        continue;
-      }
-      unsigned last = first;
-      unsigned expected = unit;
-      for (; trail <= 0xFE; ++trail) {
-        const unsigned code = lead << 8 | trail;
-        if (trail == 0x7F) {
-          continue;
-        }
-        if (Decode(code) != expected) {
-          break;
-        }
-        ++expected;
-        last = code;
-      }
-      --trail;
-      std::printf("    {0x%04X, 0x%04X, 0x%04X},\n", first, last, unit);
+  TableWriter table("UserDefinedRun kUserDefinedRuns", 3);
+  for (unsigned code = 0x8140; code <= 0xFEFE; ++code) {
+    const unsigned unit = Decode(code);
+    if (IsUserDefined(unit)) {
+      const unsigned last = LastOfRun(code);
+      table.Write("{0x%04X, 0x%04X, 0x%04X},", code, last, unit);
+      code = last;
     }
   }
-  std::puts("};\n");
 }
 
 void WriteBestFits() {
-  std::puts("constexpr BestFit kBestFits[] = {");
+  TableWriter table("BestFit kBestFits", 5);
   for (unsigned unit = 0x80; unit <= 0xFFFF; ++unit) {
     const unsigned code = Encode(unit);
     const bool is_exact = code > 0xFF ? Decode(code) == unit : code >= 0x80 || code == '?';
     if (!is_exact) {
-      std::printf("    {0x%04X, 0x%04X},\n", unit, code);
+      table.Write("{0x%04X, 0x%04X},", unit, code);
     }
   }
-  std::puts("};\n");
 }
 
 }  // namespace
