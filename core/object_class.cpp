@@ -1,4 +1,7 @@
+#include <quarnfc/collection.h>
 #include <quarnfc/object.h>
+#include <quarnfc/object_collection.h>
+#include <quarnfc/string_collection.h>
 
 #include "core/memory.h"
 
@@ -9,3 +12,6 @@ CQNObjClass::~CQNObjClass() { quarnfc::FreeBuffer(m_name); }
 
 // The records of the library's classes, each after its base.
 CQNObjClass CQNObject::m_class("CQNObject", nullptr);
+CQNObjClass CQNCollection::m_class("CQNCollection", &CQNObject::m_class);
+CQNObjClass CQNStringCollection::m_class("CQNStringCollection", &CQNCollection::m_class);
+CQNObjClass CQNObjectCollection::m_class("CQNObjectCollection", &CQNCollection::m_class);
