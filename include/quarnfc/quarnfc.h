@@ -3,6 +3,7 @@
 #define QUARNFC_QUARNFC_H_
 
 #include <quarnfc/collection.h>
+#include <quarnfc/crash_dump.h>
 #include <quarnfc/error.h>
 #include <quarnfc/export.h>
 #include <quarnfc/fixed_alloc.h>

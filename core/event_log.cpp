@@ -1,0 +1,11 @@
+#include <quarnfc/crash_dump.h>
+
+#include "platform/diagnostics.h"
+
+namespace QNErrorUtils {
+
+void WriteWindowsLog(unsigned short type, const char* text) {
+  quarnfc::WriteEventLogEntry("Quarn", type, text != nullptr ? text : "");
+}
+
+}  // namespace QNErrorUtils
