@@ -4,9 +4,15 @@
 
 #include <quarnfc/collection.h>
 #include <quarnfc/crash_dump.h>
+#include <quarnfc/base32.h>
+#include <quarnfc/base64.h>
+#include <quarnfc/crc64.h>
+#include <quarnfc/csv.h>
 #include <quarnfc/error.h>
 #include <quarnfc/export.h>
 #include <quarnfc/fixed_alloc.h>
+#include <quarnfc/hmac_sha256.h>
+#include <quarnfc/md5.h>
 #include <quarnfc/object.h>
 #include <quarnfc/object_collection.h>
 #include <quarnfc/plain.h>
@@ -14,5 +20,6 @@
 #include <quarnfc/qn_string.h>
 #include <quarnfc/string_collection.h>
 #include <quarnfc/string_utils.h>
+#include <quarnfc/time_utils.h>
 
 #endif  // QUARNFC_QUARNFC_H_

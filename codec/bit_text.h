@@ -1,0 +1,199 @@
+// Text that spells bytes with an alphabet of 2^n characters, n bits a character, the most
+// significant bits first: what Base64 (n = 6) and Base32 (n = 5) have in common.
+//
+// An alphabet is a type with
+//   kBits         bits per character
+//   kGroupBytes   bytes of a group, the smallest run of bytes that fills whole characters
+//   kGroupChars   characters of a group
+//   kCharacters   the 2^kBits characters in the order of their values
+//   kPadded       whether an incomplete last group is filled up with the pad character
+#ifndef QUARNFC_CODEC_BIT_TEXT_H_
+#define QUARNFC_CODEC_BIT_TEXT_H_
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+
+#include "codec/result_buffer.h"
+
+namespace quarnfc {
+
+constexpr char kPad = '=';
+
+// The value of a character that is not in the alphabet. No value has its top bit set.
+constexpr unsigned char kForeign = 0x80;
+
+template <class Alphabet>
+constexpr std::array<unsigned char, 256> MakeValueTable() {
+  std::array<unsigned char, 256> table{};
+  table.fill(kForeign);
+  for (unsigned value = 0; value < (1u << Alphabet::kBits); ++value) {
+    table[static_cast<unsigned char>(Alphabet::kCharacters[value])] =
+        static_cast<unsigned char>(value);
+  }
+  return table;
+}
+
+template <class Alphabet>
+inline constexpr std::array<unsigned char, 256> kValues = MakeValueTable<Alphabet>();
+
+template <class Alphabet>
+unsigned char ValueOf(char ch) {
+  return kValues<Alphabet>[static_cast<unsigned char>(ch)];
+}
+
+template <class Alphabet>
+unsigned char ValueOf(wchar_t ch) {
+  return ch < 0x100 ? kValues<Alphabet>[ch & 0xFF] : kForeign;
+}
+
+// Characters allocated for the text of size bytes, the terminator included.
+template <class Alphabet>
+constexpr std::uint64_t EncodedCapacity(std::uint64_t size) {
+  return size * 8 / Alphabet::kBits + Alphabet::kGroupChars;
+}
+
+// Bytes allocated for length characters of text.
+template <class Alphabet>
+constexpr std::uint64_t DecodedCapacity(std::uint64_t length) {
+  return (length * Alphabet::kBits >> 3) + 1;
+}
+
+// --- encoding ---------------------------------------------------------------------------------
+
+// Writes the characters of one whole group.
+template <class Alphabet, class Char>
+void EncodeGroup(const unsigned char* data, Char* text) {
+  std::uint64_t group = 0;
+  for (int i = 0; i < Alphabet::kGroupBytes; ++i) group = group << 8 | data[i];
+  for (int k = 0; k < Alphabet::kGroupChars; ++k) {
+    const int shift = Alphabet::kBits * (Alphabet::kGroupChars - 1 - k);
+    const auto value = group >> shift & ((1u << Alphabet::kBits) - 1);
+    text[k] = static_cast<Char>(Alphabet::kCharacters[value]);
+  }
+}
+
+// Writes the characters of an incomplete last group of size bytes, missing bits as zeros; returns
+// the end of the text.
+template <class Alphabet, class Char>
+Char* EncodeRemainder(const unsigned char* data, unsigned size, Char* text) {
+  if (size == 0) return text;
+  unsigned char filled[Alphabet::kGroupBytes] = {};
+  std::copy(data, data + size, filled);
+  EncodeGroup<Alphabet>(filled, text);
+  Char* end = text + (size * 8 + Alphabet::kBits - 1) / Alphabet::kBits;
+  if constexpr (Alphabet::kPadded) {
+    for (; end < text + Alphabet::kGroupChars; ++end) *end = static_cast<Char>(kPad);
+  }
+  return end;
+}
+
+// A new zero-terminated text for size bytes; null when memory is exhausted.
+template <class Alphabet, class Char>
+Char* EncodeBits(const unsigned char* data, unsigned int size) noexcept {
+  if (data == nullptr) size = 0;
+  const std::uint64_t capacity = EncodedCapacity<Alphabet>(size);
+  Char* const text = TryAllocResult<Char>(capacity);
+  if (text == nullptr) return nullptr;
+
+  Char* end = text;
+  const unsigned char* const groups_end = data + (size - size % Alphabet::kGroupBytes);
+  for (; data != groups_end; data += Alphabet::kGroupBytes, end += Alphabet::kGroupChars) {
+    EncodeGroup<Alphabet>(data, end);
+  }
+  end = EncodeRemainder<Alphabet>(data, size % Alphabet::kGroupBytes, end);
+  std::fill(end, text + capacity, Char{});
+  return text;
+}
+
+// --- decoding ---------------------------------------------------------------------------------
+
+template <class Char>
+std::uint64_t TextLength(const Char* text, unsigned int length) {
+  if (text == nullptr) return 0;
+  if (length != 0) return length;
+  const Char* end = text;
+  while (*end != Char{}) ++end;
+  return static_cast<std::uint64_t>(end - text);
+}
+
+// Decodes whole groups up to the first that holds a pad or foreign character; returns the number
+// of groups.
+template <class Alphabet, class Char>
+std::uint64_t DecodeGroups(const Char* text, std::uint64_t length, unsigned char* data) {
+  const std::uint64_t groups = length / Alphabet::kGroupChars;
+  for (std::uint64_t i = 0; i < groups; ++i) {
+    std::uint64_t group = 0;
+    unsigned all = 0;
+    for (int k = 0; k < Alphabet::kGroupChars; ++k) {
+      const unsigned value = ValueOf<Alphabet>(text[k]);
+      all |= value;
+      group = group << Alphabet::kBits | value;
+    }
+    if ((all & kForeign) != 0) return i;
+    for (int k = Alphabet::kGroupBytes - 1; k >= 0; --k, group >>= 8) {
+      data[k] = static_cast<unsigned char>(group);
+    }
+    text += Alphabet::kGroupChars;
+    data += Alphabet::kGroupBytes;
+  }
+  return groups;
+}
+
+// Decodes what is left in front of the pad character or the end of the text, less than a group.
+// The bits of a byte not completed are stored too, but not counted. Returns the number of bytes,
+// or -1 when there is a foreign character.
+template <class Alphabet, class Char>
+int DecodeRemainder(const Char* text, std::uint64_t length, unsigned char* data) {
+  std::uint64_t gathered = 0;
+  int bits = 0;
+  int count = 0;
+  for (std::uint64_t i = 0; i < length && text[i] != static_cast<Char>(kPad); ++i) {
+    const unsigned value = ValueOf<Alphabet>(text[i]);
+    if (value == kForeign) return -1;
+    gathered = gathered << Alphabet::kBits | value;
+    bits += Alphabet::kBits;
+    if (bits < 8) continue;
+    bits -= 8;
+    data[count++] = static_cast<unsigned char>(gathered >> bits);
+  }
+  if (bits > 0) data[count] = static_cast<unsigned char>(gathered << (8 - bits));
+  return count;
+}
+
+// Decodes into a zero-filled buffer; returns the number of bytes, or -1 when the text is refused.
+template <class Alphabet, class Char>
+int DecodeInto(unsigned char* data, const Char* text, std::uint64_t length) {
+  const std::uint64_t groups = DecodeGroups<Alphabet>(text, length, data);
+  const std::uint64_t decoded = groups * Alphabet::kGroupBytes;
+  const std::uint64_t consumed = groups * Alphabet::kGroupChars;
+  const int rest = DecodeRemainder<Alphabet>(text + consumed, length - consumed, data + decoded);
+  if (rest < 0 || decoded + rest > std::numeric_limits<int>::max()) return -1;
+  return static_cast<int>(decoded) + rest;
+}
+
+// Decodes text into a new buffer stored in *data; see the public decoders.
+template <class Alphabet, class Char>
+int DecodeBits(const Char* text, unsigned int length, unsigned char** data) noexcept {
+  if (data == nullptr) return 0;
+  *data = nullptr;
+  const std::uint64_t characters = TextLength(text, length);
+  const std::uint64_t capacity = DecodedCapacity<Alphabet>(characters);
+  auto* const buffer = TryAllocResult<unsigned char>(capacity);
+  if (buffer == nullptr) return 0;
+
+  std::fill(buffer, buffer + capacity, static_cast<unsigned char>(0));
+  const int count = DecodeInto<Alphabet>(buffer, text, characters);
+  if (count < 0) {
+    FreeBuffer(buffer);
+    return 0;
+  }
+  *data = buffer;
+  return count;
+}
+
+}  // namespace quarnfc
+
+#endif  // QUARNFC_CODEC_BIT_TEXT_H_

@@ -1,0 +1,81 @@
+#include "quarnfc/crc64.h"
+
+#include <array>
+#include <cstdint>
+
+#include "codec/byte_order.h"
+#include "codec/hex_text.h"
+#include "codec/result_buffer.h"
+
+namespace quarnfc {
+namespace {
+
+constexpr std::uint64_t kPolynomial = 0xC96C5795D7870F42;  // ECMA-182, reflected
+constexpr int kSlices = 16;
+constexpr int kTextLength = 16;
+
+using Table = std::array<std::uint64_t, 256>;
+
+// Table 0 advances the remainder by one byte; table k advances the effect of a byte by k bytes
+// more, so that 16 bytes are taken at once. Made by the compiler: complete before any first use.
+constexpr std::array<Table, kSlices> MakeTables() {
+  std::array<Table, kSlices> tables{};
+  for (unsigned i = 0; i < 256; ++i) {
+    std::uint64_t entry = i;
+    for (int bit = 0; bit < 8; ++bit) entry = entry >> 1 ^ ((entry & 1) != 0 ? kPolynomial : 0);
+    tables[0][i] = entry;
+  }
+  for (int k = 1; k < kSlices; ++k) {
+    for (unsigned i = 0; i < 256; ++i) {
+      const std::uint64_t previous = tables[k - 1][i];
+      tables[k][i] = tables[0][previous & 0xFF] ^ previous >> 8;
+    }
+  }
+  return tables;
+}
+
+constexpr std::array<Table, kSlices> kTables = MakeTables();
+
+// The joint effect of the eight bytes of word, with skip bytes following them.
+std::uint64_t Slice(std::uint64_t word, int skip) {
+  std::uint64_t sum = 0;
+  for (int i = 0; i < 8; ++i) sum ^= kTables[skip + 7 - i][word >> 8 * i & 0xFF];
+  return sum;
+}
+
+std::uint64_t Crc64(const unsigned char* data, std::uint64_t size) {
+  std::uint64_t crc = ~std::uint64_t{0};
+  for (; size >= 16; size -= 16, data += 16) {
+    crc = Slice(crc ^ LoadLittle64(data), 8) ^ Slice(LoadLittle64(data + 8), 0);
+  }
+  for (; size > 0; --size, ++data) crc = kTables[0][(*data ^ crc) & 0xFF] ^ crc >> 8;
+  return crc;  // deliberately not inverted
+}
+
+template <class Char>
+Char* Crc64Text(const unsigned char* data, unsigned int size) noexcept {
+  Char* const text = TryAllocResult<Char>(kTextLength + 1);
+  if (text == nullptr) return nullptr;
+  const std::uint64_t crc = Crc64(data, data == nullptr ? 0 : size);
+  Char* end = text;
+  for (int shift = 56; shift >= 0; shift -= 8) {
+    end = WriteHexByte(crc >> shift & 0xFF, kUpperHexDigits, end);
+  }
+  *end = Char{};
+  return text;
+}
+
+}  // namespace
+}  // namespace quarnfc
+
+namespace QNCRC64 {
+
+char* qnGetCRC64StrA(const unsigned char* data, unsigned int size) {
+  return quarnfc::Crc64Text<char>(data, size);
+}
+
+wchar_t* qnGetCRC64StrW(const unsigned char* data, unsigned int size) {
+  return quarnfc::Crc64Text<wchar_t>(data, size);
+}
+
+}  // namespace QNCRC64

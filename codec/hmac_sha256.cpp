@@ -1,0 +1,65 @@
+#include "quarnfc/hmac_sha256.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "codec/sha256.h"
+
+namespace quarnfc {
+namespace {
+
+constexpr unsigned char kInnerPad = 0x36;
+constexpr unsigned char kOuterPad = 0x5C;
+
+// The key filled up with zeros to one block, after a key longer than a block became its digest.
+using BlockKey = std::array<unsigned char, Sha256::kBlockBytes>;
+
+Sha256::Digest DigestOf(const void* data, std::size_t size) {
+  Sha256 hash;
+  hash.Update(data, size);
+  return hash.Finish();
+}
+
+BlockKey MakeBlockKey(const char* key, std::size_t size) {
+  BlockKey block_key{};
+  if (size > block_key.size()) {
+    const Sha256::Digest digest = DigestOf(key, size);
+    std::copy(digest.begin(), digest.end(), block_key.begin());
+  } else {
+    std::copy(key, key + size, block_key.begin());
+  }
+  return block_key;
+}
+
+// SHA-256 of the key XOR-ed with pad, followed by data.
+Sha256::Digest KeyedDigest(BlockKey key, unsigned char pad, const void* data, std::size_t size) {
+  for (unsigned char& byte : key) byte ^= pad;
+  Sha256 hash;
+  hash.Update(key.data(), key.size());
+  hash.Update(data, size);
+  return hash.Finish();
+}
+
+}  // namespace
+}  // namespace quarnfc
+
+namespace QNHMACSHA {
+
+using namespace quarnfc;
+
+void qnHMAC_SHA256(const char* key, int keySize, const void* data, int dataSize, char* digest,
+                   int* length) {
+  if (digest == nullptr || length == nullptr) return;
+  const std::size_t key_size = key == nullptr || keySize < 0 ? 0 : keySize;
+  const std::size_t data_size = data == nullptr ? 0 : static_cast<unsigned int>(dataSize);
+
+  const BlockKey block_key = MakeBlockKey(key, key_size);
+  const Sha256::Digest inner = KeyedDigest(block_key, kInnerPad, data, data_size);
+  const Sha256::Digest outer = KeyedDigest(block_key, kOuterPad, inner.data(), inner.size());
+
+  *length = std::min(*length, static_cast<int>(outer.size()));
+  if (*length > 0) std::memcpy(digest, outer.data(), *length);
+}
+
+}  // namespace QNHMACSHA

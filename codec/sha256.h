@@ -1,0 +1,40 @@
+// SHA-256 (FIPS 180-4).
+#ifndef QUARNFC_CODEC_SHA256_H_
+#define QUARNFC_CODEC_SHA256_H_
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace quarnfc {
+
+// A message digested piece by piece.
+class Sha256 {
+ public:
+  static constexpr std::size_t kBlockBytes = 64;
+  static constexpr std::size_t kDigestBytes = 32;
+  using Digest = std::array<unsigned char, kDigestBytes>;
+  using State = std::array<std::uint32_t, 8>;
+
+  Sha256();
+
+  // Appends size bytes to the message; data may be null when size is 0.
+  void Update(const void* data, std::size_t size);
+
+  // Ends the message and returns its digest. The object is not used afterwards.
+  Digest Finish();
+
+ private:
+  State state_;
+  std::uint64_t message_bytes_ = 0;
+  unsigned char pending_[kBlockBytes];  // the first message_bytes_ % 64 are an incomplete block
+};
+
+// Takes whole blocks into the state.
+using Sha256Compress = void (*)(Sha256::State& state, const unsigned char* blocks,
+                                std::size_t count);
+void Sha256CompressPlain(Sha256::State& state, const unsigned char* blocks, std::size_t count);
+
+}  // namespace quarnfc
+
+#endif  // QUARNFC_CODEC_SHA256_H_

@@ -1,0 +1,37 @@
+// QNBase64: bytes to Base64 text and back, with the standard alphabet and "=" padding of RFC 4648.
+//
+// Ownership: every text returned and every buffer stored through an out-parameter belongs to the
+// caller, who releases it with qnFreeMem.
+// Errors: nothing throws. An encoder that cannot get its memory returns null; a decoder then
+// returns 0 and stores null.
+// Threads: every function may be called from any thread.
+#ifndef QUARNFC_BASE64_H_
+#define QUARNFC_BASE64_H_
+
+#include <quarnfc/export.h>
+#include <quarnfc/platform_types.h>
+
+namespace QNBase64 {
+
+// A new zero-terminated text for size bytes of data, without line breaks; narrow or UTF-16. No
+// bytes (or null) give the empty text, which is released like any other. Any size is encoded
+// whole, also where the text is longer than 4 GiB.
+QN_API char* qnEncodeBase64A(const unsigned char* data, unsigned int size);
+QN_API wchar_t* qnEncodeBase64W(const unsigned char* data, unsigned int size);
+
+// Decodes length characters of text, or all up to its terminator when length is 0, and returns
+// the number of bytes; *data receives a new buffer with the bytes and at least one byte more.
+//
+// Decoding ends at the first "=", wherever it stands, and what follows is not looked at. An
+// incomplete last group is accepted: two characters give one byte, three give two. Its left-over
+// bits stand in the byte after the counted ones. No bytes (an empty or null text, or one that
+// starts with "=") give 0 and a buffer of zeros, which must still be released.
+//
+// A character outside the alphabet, blanks and line breaks included, gives 0 and null in *data.
+// So do more than 2,147,483,647 bytes, which the result cannot count. A null data gives 0.
+QN_API int qnDecodeBase64A(const char* text, unsigned int length, unsigned char** data);
+QN_API int qnDecodeBase64W(const wchar_t* text, unsigned int length, unsigned char** data);
+
+}  // namespace QNBase64
+
+#endif  // QUARNFC_BASE64_H_
