@@ -1,0 +1,82 @@
+#include <quarnfc/csv.h>
+
+#include <utility>
+
+#include "io/csv_row.h"
+#include "io/line_source.h"
+#include "io/messages.h"
+#include "platform/platform.h"
+
+// What all copies of a reader share.
+struct CQNCSVFileReaderImp {
+  bool ReadRow(std::vector<CQNString>& row);
+
+  quarnfc::LineSource lines;
+  CQNString last_error;
+  std::vector<CQNString> header;
+  int readers = 1;
+};
+
+bool CQNCSVFileReaderImp::ReadRow(std::vector<CQNString>& row) {
+  row.clear();
+  if (!lines.IsOpen()) {
+    last_error = quarnfc::kCsvNotOpen;
+    return false;
+  }
+  quarnfc::Line line;
+  const quarnfc::LineStatus status = lines.Next(line);
+  if (status == quarnfc::LineStatus::kTooLong) {
+    last_error.Format(quarnfc::kCsvLineTooLong, lines.BufferSize());
+  }
+  if (status != quarnfc::LineStatus::kLine) return false;
+  quarnfc::SplitCsvLine(line, lines.IsUtf8(), row);
+  return true;
+}
+
+CQNCSVFileReader::CQNCSVFileReader() : imp_(new CQNCSVFileReaderImp) {}
+
+CQNCSVFileReader::~CQNCSVFileReader() {
+  if (--imp_->readers == 0) delete imp_;
+}
+
+CQNCSVFileReader::CQNCSVFileReader(const CQNCSVFileReader& other) : imp_(other.imp_) {
+  ++imp_->readers;
+}
+
+CQNCSVFileReader& CQNCSVFileReader::operator=(const CQNCSVFileReader& other) {
+  CQNCSVFileReader copy(other);
+  std::swap(imp_, copy.imp_);
+  return *this;
+}
+
+bool CQNCSVFileReader::Open(const char* path) {
+  if (path == nullptr) path = "";
+  imp_->header.clear();
+  if (!imp_->lines.Open(path)) {
+    const auto error = static_cast<int>(::GetLastError());
+    imp_->last_error.Format(quarnfc::kCsvOpenFailed, path, error);
+    return false;
+  }
+  return GoToFirstRow();
+}
+
+bool CQNCSVFileReader::GetFields(std::vector<CQNString>& fields) const {
+  fields = imp_->header;
+  return !fields.empty();
+}
+
+bool CQNCSVFileReader::NextRow(std::vector<CQNString>& row) { return imp_->ReadRow(row); }
+
+bool CQNCSVFileReader::GoToFirstRow() {
+  if (!imp_->lines.IsOpen()) {
+    imp_->last_error = quarnfc::kCsvNotOpen;
+    return false;
+  }
+  imp_->lines.Rewind();
+  imp_->last_error.Empty();
+  if (imp_->ReadRow(imp_->header)) return true;
+  if (imp_->last_error.IsEmpty()) imp_->last_error = quarnfc::kCsvNoHeader;
+  return false;
+}
+
+const char* CQNCSVFileReader::GetLastError() const { return imp_->last_error; }

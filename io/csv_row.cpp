@@ -1,0 +1,111 @@
+#include "io/csv_row.h"
+
+#include <quarnfc/fixed_alloc.h>
+#include <quarnfc/string_utils.h>
+
+#include <algorithm>
+#include <cstddef>
+
+namespace quarnfc {
+namespace {
+
+// --- field text -------------------------------------------------------------------------------
+
+// Zero-terminated UTF-8 text in the ANSI code page. The converters may write one element beyond
+// the capacity they are given.
+CQNString Utf8ToAnsi(const char* text) {
+  const int wide_count = QNStringUtils::UTF82Unicode(text, nullptr, 0);
+  CQNTempBuffer wide_buffer(static_cast<int>((wide_count + 1) * sizeof(wchar_t)));
+  auto* const wide = static_cast<wchar_t*>(wide_buffer.GetData());
+  wide[0] = L'\0';
+  QNStringUtils::UTF82Unicode(text, wide, wide_count);
+
+  const int ansi_count = QNStringUtils::Unicode2Ansi(wide, nullptr, 0);
+  CQNTempBuffer ansi_buffer(ansi_count + 1);
+  auto* const ansi = static_cast<char*>(ansi_buffer.GetData());
+  ansi[0] = '\0';
+  QNStringUtils::Unicode2Ansi(wide, ansi, ansi_count);
+  return CQNString(ansi);
+}
+
+// --- the fields of a line ---------------------------------------------------------------------
+
+class LineSplitter {
+ public:
+  LineSplitter(char* line, bool utf8, std::vector<CQNString>& row)
+      : cursor_(line), utf8_(utf8), row_(row) {}
+
+  void Split() {
+    while (*cursor_ != '\0') ReadField();
+    if (separators_ >= row_.size()) row_.emplace_back();
+  }
+
+ private:
+  void ReadField() {
+    while (*cursor_ == ' ' || *cursor_ == '\t') ++cursor_;
+    if (*cursor_ == '"') {
+      ReadQuoted();
+    } else {
+      ReadPlain();
+    }
+  }
+
+  // Up to the next comma or the end of the line; blanks in front of the comma are kept.
+  void ReadPlain() {
+    char* const start = cursor_;
+    char* const end = FindSeparator();
+    PassSeparator(end);
+    AppendField(start, end);
+  }
+
+  // Up to the closing quote, or to the end of the line without one; doubled quotes are made one by
+  // moving the text to the left as it is read. What follows up to the next comma is ignored.
+  void ReadQuoted() {
+    char* const start = ++cursor_;
+    char* end = start;
+    for (; *cursor_ != '\0'; *end++ = *cursor_++) {
+      if (*cursor_ == '"' && *++cursor_ != '"') break;
+    }
+    PassSeparator(FindSeparator());
+    AppendField(start, end);
+  }
+
+  char* FindSeparator() const {
+    char* end = cursor_;
+    while (*end != ',' && *end != '\0') ++end;
+    return end;
+  }
+
+  // Goes on behind the comma at end, or stays at the end of the line.
+  void PassSeparator(char* end) {
+    cursor_ = end;
+    if (*end != ',') return;
+    ++cursor_;
+    ++separators_;
+  }
+
+  void AppendField(char* start, char* end) {
+    const bool ascii = std::none_of(start, end, [](char ch) { return (ch & 0x80) != 0; });
+    if (!utf8_ || ascii) {
+      row_.emplace_back(start, static_cast<int>(end - start));
+      return;
+    }
+    *end = '\0';
+    row_.push_back(Utf8ToAnsi(start));
+  }
+
+  char* cursor_;
+  const bool utf8_;
+  std::vector<CQNString>& row_;
+  std::size_t separators_ = 0;
+};
+
+}  // namespace
+
+void SplitCsvLine(Line line, bool utf8, std::vector<CQNString>& row) {
+  char& last = line.text[line.length - 1];
+  if (last == '\r') last = '\0';
+  LineSplitter(line.text, utf8, row).Split();
+}
+
+}  // namespace quarnfc
