@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <ctime>
 
-#include "platform/platform.h"
+#include "platform/crt.h"
 
 namespace quarnfc {
 namespace {
