@@ -9,10 +9,14 @@
 #include <quarnfc/crc64.h>
 #include <quarnfc/csv.h>
 #include <quarnfc/error.h>
+#include <quarnfc/error_json.h>
 #include <quarnfc/export.h>
 #include <quarnfc/fixed_alloc.h>
 #include <quarnfc/hmac_sha256.h>
 #include <quarnfc/md5.h>
+#include <quarnfc/json_files.h>
+#include <quarnfc/json_object.h>
+#include <quarnfc/json_value.h>
 #include <quarnfc/object.h>
 #include <quarnfc/object_collection.h>
 #include <quarnfc/plain.h>
