@@ -50,7 +50,7 @@ class QN_API CMyJsonObj {
   // delete.
   static void* operator new(std::size_t size);
   static void* operator new(std::size_t, void* place) noexcept { return place; }
-  static void operator delete(void* object) noexcept;
+  static void operator delete(void* object, std::size_t size) noexcept;
   static void operator delete(void*, void*) noexcept {}
 
   // A new object with copies of the error message, the keys and everything below; release it with

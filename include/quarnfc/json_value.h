@@ -78,7 +78,7 @@ class QN_API CMyJsonValue {
   // delete.
   static void* operator new(std::size_t size);
   static void* operator new(std::size_t, void* place) noexcept { return place; }
-  static void operator delete(void* value) noexcept;
+  static void operator delete(void* value, std::size_t size) noexcept;
   static void operator delete(void*, void*) noexcept {}
 
   // --- type ------------------------------------------------------------------------------------

@@ -1,0 +1,100 @@
+// Load of CMyJsonObj and CMyJsonValue.
+
+#include <quarnfc/json_object.h>
+#include <quarnfc/json_value.h>
+
+#include <memory>
+
+#include "json/doomed_tree.h"
+#include "json/messages.h"
+#include "json/records.h"
+#include "json/text_reader.h"
+#include "json/text_rules.h"
+
+namespace {
+
+using quarnfc::JsonAccess;
+
+bool LoadContainer(const char* text, CMyJsonValueImp& target, CQNString& error) {
+  const auto loaded = quarnfc::TextReader(error).Read(text);
+  if (loaded != nullptr) quarnfc::TakeContent(target, JsonAccess::Record(*loaded));
+  return loaded != nullptr;
+}
+
+bool LoadString(const char* text, CMyJsonValueImp& target, CQNString& error) {
+  quarnfc::RawString raw{"", 0};
+  const bool read = quarnfc::ReadString(++text, raw);
+  quarnfc::LazyString decoded;
+  quarnfc::DecodeString(raw, decoded);
+  target.string.Swap(decoded);
+  if (!read) {
+    error = quarnfc::kInvalidTopString;
+    return false;
+  }
+  target.type = CMyJsonValue::eStr;
+  return true;
+}
+
+bool LoadScalar(const char* text, CMyJsonValueImp& target, CQNString& error) {
+  if (quarnfc::ReadBool(text, target.boolean)) {
+    target.type = CMyJsonValue::eBool;
+  } else if (quarnfc::ReadNumber(text, target.number)) {
+    target.type = CMyJsonValue::eNumber;
+  } else {
+    error = quarnfc::kInvalidText;
+    return false;
+  }
+  return true;
+}
+
+bool LoadContent(const char* text, CMyJsonValueImp& target, CQNString& error) {
+  if (text == nullptr) {
+    error = quarnfc::kTextIsNull;
+    return false;
+  }
+  text = quarnfc::SkipWhitespace(text);
+  switch (*text) {
+    case '{':
+    case '[':
+      return LoadContainer(text, target, error);
+    case '"':
+      return LoadString(text, target, error);
+    default:
+      return LoadScalar(text, target, error);
+  }
+}
+
+// Reads the object in text, or returns null and says why.
+std::unique_ptr<CMyJsonValue> ReadObject(const char* text, CQNString& error) {
+  text = text != nullptr ? quarnfc::SkipWhitespace(text) : "";
+  if (*text == '{') return quarnfc::TextReader(error).Read(text);
+  error = quarnfc::kNoOpeningBrace;
+  return nullptr;
+}
+
+}  // namespace
+
+// The old content is destroyed only after reading: the text may be part of it.
+
+bool CMyJsonValue::Load(const char* text, CQNString& error) {
+  CMyJsonValue old;
+  imp_->array.swap(old.imp_->array);
+  std::swap(imp_->object, old.imp_->object);
+  imp_->type = eEmpty;
+  return LoadContent(text, *imp_, error);
+}
+
+bool CMyJsonObj::Load(const char* text) {
+  CQNString error;
+  const std::unique_ptr<CMyJsonValue> loaded = ReadObject(text, error);
+  CMyJsonObj old;
+  imp_->keys.swap(old.imp_->keys);
+  imp_->values.swap(old.imp_->values);
+  if (loaded != nullptr) {
+    CMyJsonObjImp& members = *loaded->ValueObj()->imp_;
+    imp_->keys.swap(members.keys);
+    imp_->values.swap(members.values);
+  }
+  imp_->error.Set(error);
+  return loaded != nullptr;
+}

@@ -1,0 +1,188 @@
+// Adding members to a CMyJsonObj, setting them by path, and removing them.
+
+#include <quarnfc/json_object.h>
+
+#include <memory>
+
+#include "json/object_path.h"
+#include "json/records.h"
+
+namespace {
+
+using quarnfc::JsonAccess;
+
+// Appends a member; value is taken over only when that succeeds.
+void Append(CMyJsonObjImp& record, const CQNString& key, CMyJsonValue* value) {
+  record.values.push_back(value);
+  try {
+    record.keys.push_back(key);
+  } catch (...) {
+    record.values.pop_back();
+    throw;
+  }
+}
+
+void Replace(CMyJsonValue*& held, CMyJsonValue* value) {
+  if (held != value) delete held;
+  held = value;
+}
+
+// The object one step down the path from current, for the member with this key. A missing member
+// is added as an empty object, unless onlyExisting. Null when there is no way down.
+CMyJsonObj* StepInto(CMyJsonObj& current, const CQNString& key, bool exact, bool onlyExisting) {
+  CMyJsonObjImp& record = JsonAccess::Record(current);
+  const int found = quarnfc::FindKey(record, key, exact);
+  if (found >= 0) return record.values[static_cast<std::size_t>(found)]->ValueObj();
+  if (onlyExisting) return nullptr;
+  auto inner = std::make_unique<CMyJsonObj>();
+  auto value = std::make_unique<CMyJsonValue>(inner.get());
+  CMyJsonObj* next = inner.release();
+  Append(record, key, value.get());
+  value.release();
+  return next;
+}
+
+bool SetLast(CMyJsonObjImp& record, const CQNString& key, CMyJsonValue* value, bool exact,
+             bool onlyExisting) {
+  const int found = quarnfc::FindKey(record, key, exact);
+  if (found >= 0) {
+    Replace(record.values[static_cast<std::size_t>(found)], value);
+    return true;
+  }
+  if (onlyExisting) return false;
+  Append(record, key, value);
+  return true;
+}
+
+// A value built by a typed call. Unless it finds its place it is freed again, without what the
+// caller passed in: elements and objects stay the caller's.
+class NewValue {
+ public:
+  template <class... Content>
+  explicit NewValue(Content... content) : value_(new CMyJsonValue(content...)) {}
+
+  NewValue(const NewValue&) = delete;
+  NewValue& operator=(const NewValue&) = delete;
+
+  ~NewValue() {
+    if (value_ != nullptr && borrowed_) {
+      CMyJsonValueImp& record = JsonAccess::Record(*value_);
+      record.array.clear();
+      record.object = nullptr;
+    }
+  }
+
+  // Says that the elements or the object came from the caller.
+  NewValue& Borrowed() {
+    borrowed_ = true;
+    return *this;
+  }
+
+  bool SetIn(CMyJsonObj& object, const char* path, bool exact, bool onlyExisting) {
+    if (!object.SetItem(path, value_.get(), exact, onlyExisting)) return false;
+    value_.release();
+    return true;
+  }
+
+  void AddTo(CMyJsonObj& object, const char* key) {
+    if (key == nullptr) return;
+    object.AddItem(key, value_.get());
+    value_.release();
+  }
+
+ private:
+  std::unique_ptr<CMyJsonValue> value_;
+  bool borrowed_ = false;
+};
+
+}  // namespace
+
+void CMyJsonObj::AddItem(const char* key, CMyJsonValue* value) {
+  if (key != nullptr && value != nullptr) Append(*imp_, key, value);
+}
+
+void CMyJsonObj::AddItem(const char* key) { NewValue().AddTo(*this, key); }
+
+void CMyJsonObj::AddItem(const char* key, const char* text) { NewValue(text).AddTo(*this, key); }
+
+void CMyJsonObj::AddItem(const char* key, double number) { NewValue(number).AddTo(*this, key); }
+
+void CMyJsonObj::AddItem(const char* key, int number) { NewValue(number).AddTo(*this, key); }
+
+void CMyJsonObj::AddItem(const char* key, bool flag) { NewValue(flag).AddTo(*this, key); }
+
+void CMyJsonObj::AddItem(const char* key, CMyJsonValue* const* values, int count) {
+  NewValue(values, count).Borrowed().AddTo(*this, key);
+}
+
+void CMyJsonObj::AddItem(const char* key, const double* numbers, int count) {
+  NewValue(numbers, count).AddTo(*this, key);
+}
+
+void CMyJsonObj::AddItem(const char* key, const int* numbers, int count) {
+  NewValue(numbers, count).AddTo(*this, key);
+}
+
+void CMyJsonObj::AddItem(const char* key, CMyJsonObj* obj) {
+  NewValue(obj).Borrowed().AddTo(*this, key);
+}
+
+bool CMyJsonObj::SetItem(const char* path, CMyJsonValue* value, bool exact, bool onlyExisting) {
+  if (path == nullptr || value == nullptr) return false;
+  CMyJsonObj* current = this;
+  quarnfc::PathParts part(path);
+  for (; !part.IsLast(); part.Next()) {
+    current = StepInto(*current, part.Key(), exact, onlyExisting);
+    if (current == nullptr) return false;
+  }
+  return SetLast(*current->imp_, part.Key(), value, exact, onlyExisting);
+}
+
+bool CMyJsonObj::SetItem(const char* path, const char* text, bool exact, bool onlyExisting) {
+  return NewValue(text).SetIn(*this, path, exact, onlyExisting);
+}
+
+bool CMyJsonObj::SetItem(const char* path, double number, bool exact, bool onlyExisting) {
+  return NewValue(number).SetIn(*this, path, exact, onlyExisting);
+}
+
+bool CMyJsonObj::SetItem(const char* path, int number, bool exact, bool onlyExisting) {
+  return NewValue(number).SetIn(*this, path, exact, onlyExisting);
+}
+
+bool CMyJsonObj::SetItem(const char* path, bool flag, bool exact, bool onlyExisting) {
+  return NewValue(flag).SetIn(*this, path, exact, onlyExisting);
+}
+
+bool CMyJsonObj::SetItem(const char* path, CMyJsonValue* const* values, int count, bool exact,
+                         bool onlyExisting) {
+  return NewValue(values, count).Borrowed().SetIn(*this, path, exact, onlyExisting);
+}
+
+bool CMyJsonObj::SetItem(const char* path, const double* numbers, int count, bool exact,
+                         bool onlyExisting) {
+  return NewValue(numbers, count).SetIn(*this, path, exact, onlyExisting);
+}
+
+bool CMyJsonObj::SetItem(const char* path, const int* numbers, int count, bool exact,
+                         bool onlyExisting) {
+  return NewValue(numbers, count).SetIn(*this, path, exact, onlyExisting);
+}
+
+bool CMyJsonObj::SetItem(const char* path, CMyJsonObj* obj, bool exact, bool onlyExisting) {
+  return NewValue(obj).Borrowed().SetIn(*this, path, exact, onlyExisting);
+}
+
+bool CMyJsonObj::SetItem2Empty(const char* path, bool exact, bool onlyExisting) {
+  return NewValue().SetIn(*this, path, exact, onlyExisting);
+}
+
+void CMyJsonObj::DelItemEx(const char* key, bool exact) {
+  const int found = quarnfc::FindKey(*imp_, key, exact);
+  if (found < 0) return;
+  delete imp_->values[static_cast<std::size_t>(found)];
+  imp_->values.erase(imp_->values.begin() + found);
+  imp_->keys.erase(imp_->keys.begin() + found);
+}
+
+void CMyJsonObj::DelItem(const char* key) { DelItemEx(key, true); }

@@ -1,0 +1,78 @@
+// Reads JSON objects and arrays, nested as deep as memory allows, in constant stack.
+#ifndef QUARNFC_JSON_TEXT_READER_H_
+#define QUARNFC_JSON_TEXT_READER_H_
+
+#include <quarnfc/json_value.h>
+#include <quarnfc/qn_string.h>
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+#include "json/records.h"
+#include "json/text_rules.h"
+
+namespace quarnfc {
+
+class TextReader {
+ public:
+  // error receives the reason of a failure. While it holds text, an object that does not end
+  // leaves it as it is, whoever wrote that text.
+  explicit TextReader(CQNString& error) : error_(error) {}
+
+  TextReader(const TextReader&) = delete;
+  TextReader& operator=(const TextReader&) = delete;
+  ~TextReader();
+
+  // Reads the object or array whose opening bracket stands at open; null when it cannot be read.
+  // Nothing behind its closing bracket is looked at. A reader reads one text.
+  std::unique_ptr<CMyJsonValue> Read(const char* open);
+
+ private:
+  // An object or array that is not closed yet.
+  struct Open {
+    const char* bracket;      // '{' or '['
+    std::size_t first_value;  // where its values start among those that wait
+  };
+
+  bool InObject() const { return *open_.back().bracket == '{'; }
+
+  // One rule of the grammar each. False means that the text cannot be read; the innermost reason
+  // has then been set, if there is one.
+  bool ReadMember();
+  bool ReadElement();
+  bool ReadKey();
+  bool ReadMemberValue();
+  bool ReadValue();
+  bool ReadStringValue();
+  bool ReadNumberValue();
+
+  void OpenContainer();
+  void CloseObject();
+  void CloseArray();
+  void EndContainer(std::unique_ptr<CMyJsonValue> value);
+
+  // Ends an item of the innermost container: skips white space and one optional comma.
+  void EndItem();
+
+  template <class... Content>
+  CMyJsonValue& AddValue(Content... content);
+  template <class... Content>
+  bool AddScalar(Content... content);
+
+  bool Fail(const char* message, const char* at);
+  void SetClosingFailure();
+
+  CQNString& error_;
+  const char* at_ = nullptr;
+
+  // What waits for its container to close: the values of all open containers, innermost last, and
+  // the keys of the open objects. Containers are then made in one step, exactly as large as needed.
+  std::vector<Open> open_;
+  ValueList values_;
+  std::vector<RawString> keys_;
+};
+
+}  // namespace quarnfc
+
+#endif  // QUARNFC_JSON_TEXT_READER_H_

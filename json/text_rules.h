@@ -1,0 +1,50 @@
+// The rules of the JSON grammar that read no further values: white space, strings, literals,
+// numbers. Texts are zero-terminated and are read byte by byte.
+#ifndef QUARNFC_JSON_TEXT_RULES_H_
+#define QUARNFC_JSON_TEXT_RULES_H_
+
+#include <quarnfc/qn_string.h>
+
+#include <cstddef>
+
+#include "json/records.h"
+
+namespace quarnfc {
+
+// The first byte from here that is no blank, TAB, CR or LF.
+inline const char* SkipWhitespace(const char* at) {
+  while (*at == ' ' || *at == '\t' || *at == '\r' || *at == '\n') ++at;
+  return at;
+}
+
+// What stands between the quotes of a string, escapes not yet decoded.
+struct RawString {
+  const char* text;
+  std::size_t length;
+};
+
+// Reads a string. at stands behind the opening quote and moves behind the closing one; false, with
+// at where it was, when the text ends first.
+bool ReadString(const char*& at, RawString& raw);
+
+// Replaces the string by the decoded text: \t, \r and \n are control characters, any other escaped
+// byte is itself (\u escapes are not decoded, deliberately).
+void DecodeString(const RawString& raw, LazyString& string);
+void DecodeString(const RawString& raw, CQNString& string);
+
+// Reads "true" or "false", whatever follows. False, with at where it was, when neither is there.
+bool ReadBool(const char*& at, bool& flag);
+
+// Reads "null", whatever follows.
+bool ReadNull(const char*& at);
+
+// Reads the token up to the next white space, ",", "]" or "}" as a number. False, with at where it
+// was, when the text ends before one of these.
+bool ReadNumber(const char*& at, double& number);
+
+// The first 50 bytes of the text from here, or all of it if it is shorter.
+CQNString Snippet(const char* at);
+
+}  // namespace quarnfc
+
+#endif  // QUARNFC_JSON_TEXT_RULES_H_

@@ -1,0 +1,187 @@
+#include "json/text_writer.h"
+
+#include <quarnfc/json_object.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+#include "json/number_text.h"
+
+namespace quarnfc {
+namespace {
+
+// The byte that stands behind the backslash when this byte is escaped; 0 for any other byte.
+char EscapeOf(char byte) {
+  switch (byte) {
+    case '\\':
+    case '"':
+      return byte;
+    case '\t':
+      return 't';
+    case '\r':
+      return 'r';
+    case '\n':
+      return 'n';
+    default:
+      return 0;
+  }
+}
+
+char* Escape(std::string_view text, char* target) {
+  for (const char byte : text) {
+    const char escape = EscapeOf(byte);
+    if (escape != 0) *target++ = '\\';
+    *target++ = escape != 0 ? escape : byte;
+  }
+  return target;
+}
+
+std::string_view View(const LazyString& string) {
+  return {string.Characters(), static_cast<std::size_t>(string.Length())};
+}
+
+bool IsNested(const CMyJsonValueImp& record) {
+  return record.type == CMyJsonValue::eArr || record.object != nullptr;
+}
+
+// An element that a host left null is written like an eEmpty one.
+const CMyJsonValueImp& RecordOf(const CMyJsonValue* value) {
+  static const CMyJsonValueImp empty;
+  return value != nullptr ? JsonAccess::Record(*value) : empty;
+}
+
+}  // namespace
+
+CQNString TextWriter::Write(const CMyJsonObj& object) {
+  OpenObject(object);
+  WriteOpen();
+  return text_.Join();
+}
+
+CQNString TextWriter::WriteMemberValue(const CMyJsonValueImp& value) {
+  outer_levels_ = 1;
+  WriteValue(value);
+  WriteOpen();
+  return text_.Join();
+}
+
+void TextWriter::OpenObject(const CMyJsonObj& object) {
+  const CMyJsonObjImp& record = JsonAccess::Record(object);
+  open_.push_back({&record, &record.values, 0});
+  text_.Append('{');
+  EndLine();
+}
+
+void TextWriter::OpenArray(const CMyJsonValueImp& array) {
+  open_.push_back({nullptr, &array.array, 0});
+  text_.Append('[');
+}
+
+void TextWriter::WriteOpen() {
+  while (!open_.empty()) {
+    if (open_.back().next < open_.back().values->size()) {
+      WriteItem();
+    } else {
+      CloseContainer();
+    }
+  }
+}
+
+void TextWriter::WriteItem() {
+  const Open& open = open_.back();
+  const CMyJsonValueImp& value = RecordOf((*open.values)[open.next]);
+  const bool member = open.object != nullptr;
+  if (member) {
+    WriteKey(open.object->keys[open.next]);
+  } else {
+    PlaceElement(value);
+  }
+  if (member && value.type == CMyJsonValue::eEmpty) text_.Append("null");
+  WriteValue(value);
+  if (!IsNested(value)) EndItem(false);
+}
+
+void TextWriter::WriteKey(const CQNString& key) {
+  Indent(1);
+  text_.Append('"');
+  text_.Append({static_cast<const char*>(key), static_cast<std::size_t>(key.GetLength())});
+  text_.Append("\":");
+}
+
+// Objects in an array stand on lines of their own; arrays in an array always begin a new line.
+void TextWriter::PlaceElement(const CMyJsonValueImp& element) {
+  if (!IsNested(element)) return;
+  const bool object = element.object != nullptr;
+  if (!object || open_.back().next == 0) EndLine();
+  Indent(object ? 1 : 0);
+}
+
+// Writes a scalar, or opens a container. An eEmpty value writes nothing.
+void TextWriter::WriteValue(const CMyJsonValueImp& value) {
+  switch (value.type) {
+    case CMyJsonValue::eStr:
+      return WriteString(value.string);
+    case CMyJsonValue::eNumber:
+      return WriteNumber(value.number);
+    case CMyJsonValue::eBool:
+      return text_.Append(value.boolean ? "true" : "false");
+    case CMyJsonValue::eArr:
+      return OpenArray(value);
+    case CMyJsonValue::eObj:
+      return OpenObject(*value.object);
+    default:
+      return;
+  }
+}
+
+void TextWriter::WriteString(const LazyString& string) {
+  const std::string_view text = View(string);
+  const auto escapes = static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), [](char byte) { return EscapeOf(byte) != 0; }));
+  text_.Append('"');
+  if (escapes == 0) {
+    text_.Append(text);
+  } else {
+    Escape(text, text_.Extend(text.size() + escapes));
+  }
+  text_.Append('"');
+}
+
+void TextWriter::WriteNumber(double number) {
+  char text[kNumberTextCapacity];
+  const char* end = FormatNumber(number, text);
+  text_.Append({text, static_cast<std::size_t>(end - text)});
+}
+
+void TextWriter::CloseContainer() {
+  const Open& open = open_.back();
+  const bool object = open.object != nullptr;
+  const ValueList& values = *open.values;
+  if (object || (!values.empty() && IsNested(RecordOf(values.back())))) Indent(0);
+  text_.Append(object ? '}' : ']');
+  open_.pop_back();
+  if (!open_.empty()) EndItem(true);
+}
+
+void TextWriter::EndItem(bool container) {
+  Open& open = open_.back();
+  ++open.next;
+  if (open.next < open.values->size()) text_.Append(',');
+  if (container || open.object != nullptr) EndLine();
+  if (container) {
+    text_.EndPiece();
+  } else {
+    text_.EndItem();
+  }
+}
+
+void TextWriter::Indent(std::size_t extra) {
+  if (indent_) text_.Append(outer_levels_ + open_.size() - 1 + extra, '\t');
+}
+
+void TextWriter::EndLine() {
+  if (indent_) text_.Append("\r\n");
+}
+
+}  // namespace quarnfc

@@ -1,0 +1,62 @@
+// Writes JSON values as text, nested as deep as memory allows, in constant stack.
+//
+// Indented, a nested container starts on the line of its key or before it, each level is one TAB
+// deeper, and lines end with CR LF. Arrays of scalars stay on one line; every object in an array
+// stands on lines of its own; arrays in arrays leave an empty line between them, deliberately.
+#ifndef QUARNFC_JSON_TEXT_WRITER_H_
+#define QUARNFC_JSON_TEXT_WRITER_H_
+
+#include <quarnfc/qn_string.h>
+
+#include <cstddef>
+#include <vector>
+
+#include "json/piece_list.h"
+#include "json/records.h"
+
+namespace quarnfc {
+
+class TextWriter {
+ public:
+  explicit TextWriter(bool indent) : indent_(indent) {}
+
+  // The text of an object.
+  CQNString Write(const CMyJsonObj& object);
+
+  // The text of a string, number, boolean or array as it stands behind the key of a top-level
+  // member, so that an array is indented by one level.
+  CQNString WriteMemberValue(const CMyJsonValueImp& value);
+
+ private:
+  // An object or array that is being written.
+  struct Open {
+    const CMyJsonObjImp* object;  // null for an array
+    const ValueList* values;
+    std::size_t next;
+  };
+
+  void OpenObject(const CMyJsonObj& object);
+  void OpenArray(const CMyJsonValueImp& array);
+  void WriteOpen();
+  void WriteItem();
+  void WriteKey(const CQNString& key);
+  void PlaceElement(const CMyJsonValueImp& element);
+  void WriteValue(const CMyJsonValueImp& value);
+  void WriteString(const LazyString& string);
+  void WriteNumber(double number);
+  void CloseContainer();
+  void EndItem(bool container);
+
+  // Starts a line at the depth of the innermost container and extra levels more.
+  void Indent(std::size_t extra);
+  void EndLine();
+
+  const bool indent_;
+  std::size_t outer_levels_ = 0;  // of indentation, around the outermost container
+  std::vector<Open> open_;
+  PieceList text_;
+};
+
+}  // namespace quarnfc
+
+#endif  // QUARNFC_JSON_TEXT_WRITER_H_

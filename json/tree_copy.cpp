@@ -1,0 +1,104 @@
+#include "json/tree_copy.h"
+
+namespace quarnfc {
+namespace {
+
+// Works through the containers that are still to be copied, kept on the heap.
+class TreeCopier {
+ public:
+  void Copy(const CMyJsonValueImp& source, CMyJsonValueImp& target) {
+    CopyScalar(source, target);
+    if (IsContainer(source)) pending_.push_back({&source, &target});
+  }
+
+  void CopyMembers(const CMyJsonObjImp& source, CMyJsonObjImp& target) {
+    target.keys = source.keys;
+    CopyList(source.values, target.values);
+  }
+
+  void Finish() {
+    while (!pending_.empty()) {
+      const Pair next = pending_.back();
+      pending_.pop_back();
+      CopyList(next.source->array, next.target->array);
+      if (next.source->object != nullptr) CopyObject(*next.source->object, *next.target);
+    }
+  }
+
+ private:
+  struct Pair {
+    const CMyJsonValueImp* source;
+    CMyJsonValueImp* target;
+  };
+
+  static void CopyScalar(const CMyJsonValueImp& source, CMyJsonValueImp& target) {
+    target.type = source.type;
+    switch (source.type) {
+      case CMyJsonValue::eStr:
+        target.string.Set(source.string);
+        break;
+      case CMyJsonValue::eNumber:
+        target.number = source.number;
+        break;
+      case CMyJsonValue::eBool:
+        target.boolean = source.boolean;
+        break;
+      default:
+        break;
+    }
+  }
+
+  void CopyObject(const CMyJsonObj& source, CMyJsonValueImp& target) {
+    target.object = new CMyJsonObj;
+    CMyJsonObjImp& record = JsonAccess::Record(*target.object);
+    record.error.Set(JsonAccess::Record(source).error);
+    CopyMembers(JsonAccess::Record(source), record);
+  }
+
+  void CopyList(const ValueList& source, ValueList& target) {
+    target.reserve(source.size());
+    for (const CMyJsonValue* value : source) {
+      target.push_back(nullptr);
+      if (value == nullptr) continue;
+      target.back() = new CMyJsonValue;
+      Copy(JsonAccess::Record(*value), JsonAccess::Record(*target.back()));
+    }
+  }
+
+  std::vector<Pair> pending_;
+};
+
+}  // namespace
+
+void CopyContent(const CMyJsonValueImp& source, CMyJsonValueImp& target) {
+  TreeCopier copier;
+  copier.Copy(source, target);
+  copier.Finish();
+}
+
+void CopyMembers(const CMyJsonObjImp& source, CMyJsonObjImp& target) {
+  TreeCopier copier;
+  copier.CopyMembers(source, target);
+  copier.Finish();
+}
+
+void TakeContent(CMyJsonValueImp& target, CMyJsonValueImp& fresh) noexcept {
+  std::swap(target.type, fresh.type);
+  target.array.swap(fresh.array);
+  std::swap(target.object, fresh.object);
+  switch (target.type) {
+    case CMyJsonValue::eStr:
+      target.string.Swap(fresh.string);
+      break;
+    case CMyJsonValue::eNumber:
+      target.number = fresh.number;
+      break;
+    case CMyJsonValue::eBool:
+      target.boolean = fresh.boolean;
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace quarnfc
