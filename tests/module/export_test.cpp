@@ -1,0 +1,53 @@
+// What leaves the module: the plain names for hosts that resolve them, and nothing private.
+#include <gtest/gtest.h>
+
+#include <quarnfc/quarnfc.h>
+
+#include "tests/module/module_image.h"
+
+namespace {
+
+constexpr const char* kPlainNames[] = {
+    "qnGetErrorA",     "qnGetErrorW",     "qnCloseHandle",  "qnFreeMem",      "qnUnionPath",
+    "qnUnionPathEx",   "qnSplitStr",      "qnFreeStrArr",   "_TempData64B",   "_TempData128B",
+    "_TempData256B",   "_TempData512B",   "_TempData1024B", "_TempDataStr64", "_TempDataStr128",
+    "_TempDataStr256", "_TempDataStr512",
+};
+
+bool Contains(const std::string& text, const char* part) {
+  return text.find(part) != std::string::npos;
+}
+
+}  // namespace
+
+TEST(ModuleExports, PlainFunctionsLeaveUndecorated) {
+  const std::set<std::string> names = module_image::ExportedNames();
+  for (const char* name : kPlainNames) EXPECT_EQ(names.count(name), 1u) << name;
+}
+
+TEST(ModuleExports, PlainFunctionsAreFoundByName) {
+  for (const char* name : kPlainNames) EXPECT_NE(module_image::Resolve(name), nullptr) << name;
+}
+
+TEST(ModuleExports, PoolAliasesNameTheSamePools) {
+  constexpr const char* kPairs[][2] = {{"_TempData64B", "_TempDataStr64"},
+                                       {"_TempData128B", "_TempDataStr128"},
+                                       {"_TempData256B", "_TempDataStr256"},
+                                       {"_TempData512B", "_TempDataStr512"}};
+  for (const auto& pair : kPairs) {
+    using Accessor = CQNFixedAlloc* (*)();
+    const auto accessor = reinterpret_cast<Accessor>(module_image::Resolve(pair[0]));
+    const auto alias = reinterpret_cast<Accessor>(module_image::Resolve(pair[1]));
+    ASSERT_TRUE(accessor != nullptr && alias != nullptr) << pair[0];
+    EXPECT_EQ(accessor(), alias()) << pair[0];
+  }
+}
+
+TEST(ModuleExports, NothingPrivateLeaves) {
+  for (const std::string& name : module_image::ExportedNames()) {
+    EXPECT_FALSE(Contains(name, "7quarnfc")) << name;  // the namespace of private code
+    EXPECT_FALSE(Contains(name, "_GLOBAL__N_")) << name;
+    EXPECT_NE(name.rfind("_ZNSt", 0), 0u) << name;  // instances of the standard library
+    EXPECT_NE(name.rfind("_ZNKSt", 0), 0u) << name;
+  }
+}

@@ -1,0 +1,47 @@
+# Every public header compiles alone, included twice, in C++17 and C++20, before and after the
+# platform's own headers; the umbrella header includes them all. Compiling is the test: the objects
+# are part of the build and are linked into nothing.
+
+set(include_dir "${PROJECT_SOURCE_DIR}/include")
+# Listed by pattern: a header that somebody adds must not escape the check.
+file(GLOB headers RELATIVE "${include_dir}" CONFIGURE_DEPENDS "${include_dir}/quarnfc/*.h")
+set(generated "${CMAKE_CURRENT_BINARY_DIR}/headers")
+
+# header_unit(<list> <name> <line>...): a generated source of the lines, added to the list.
+function(header_unit list name)
+  string(REPLACE ";" "\n" text "${ARGN}")
+  file(CONFIGURE OUTPUT "${generated}/${name}" CONTENT "${text}\n" @ONLY)
+  set(${list} "${${list}}" "${generated}/${name}" PARENT_SCOPE)
+endfunction()
+
+set(platform_headers "#include <windows.h>" "#include <wininet.h>")
+set(umbrella "#include <quarnfc/quarnfc.h>")
+foreach(header IN LISTS headers)
+  get_filename_component(name "${header}" NAME_WE)
+  set(include "#include <${header}>")
+  header_unit(units17 "${name}_17.cpp" "${include}" "${include}")
+  header_unit(units20 "${name}_20.cpp" "${include}" "${include}")
+  if(WIN32)
+    header_unit(units17 "${name}_after.cpp" ${platform_headers} "${include}")
+    header_unit(units20 "${name}_before.cpp" "${include}" ${platform_headers})
+  endif()
+  string(TOUPPER "${name}" guard)
+  list(APPEND umbrella "#if !defined(QUARNFC_${guard}_H_)" "#error \"${header} is missing\"" "#endif")
+endforeach()
+header_unit(units17 umbrella.cpp ${umbrella})
+header_unit(units_c plain.c "#include <quarnfc/plain.h>" "#include <quarnfc/plain.h>")
+
+foreach(standard 17 20)
+  add_library(quarnfc_headers_cxx${standard} OBJECT ${units${standard}})
+  set_target_properties(quarnfc_headers_cxx${standard}
+                        PROPERTIES CXX_STANDARD ${standard} CXX_STANDARD_REQUIRED ON
+                                   CXX_EXTENSIONS OFF)
+endforeach()
+add_library(quarnfc_headers_c OBJECT ${units_c})
+set_target_properties(quarnfc_headers_c PROPERTIES C_STANDARD 99 C_EXTENSIONS OFF)
+foreach(target quarnfc_headers_cxx17 quarnfc_headers_cxx20 quarnfc_headers_c)
+  target_link_libraries(${target} PRIVATE QuarnFC::QuarnFC)
+  if(NOT MSVC)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Werror)
+  endif()
+endforeach()
