@@ -1,0 +1,8 @@
+# The host program in the README is the sample, to the letter.
+# Usage: cmake -D README=... -D SAMPLE=... -P readme_check.cmake
+file(READ "${README}" readme)
+file(READ "${SAMPLE}" sample)
+string(FIND "${readme}" "```cpp\n${sample}```\n" position)
+if(position EQUAL -1)
+  message(FATAL_ERROR "${README} does not show ${SAMPLE} as it is")
+endif()
