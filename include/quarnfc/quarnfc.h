@@ -17,6 +17,9 @@
 #include <quarnfc/json_files.h>
 #include <quarnfc/json_object.h>
 #include <quarnfc/json_value.h>
+#include <quarnfc/internet.h>
+#include <quarnfc/internet_exception.h>
+#include <quarnfc/internet_file.h>
 #include <quarnfc/object.h>
 #include <quarnfc/object_collection.h>
 #include <quarnfc/plain.h>
@@ -25,5 +28,6 @@
 #include <quarnfc/string_collection.h>
 #include <quarnfc/string_utils.h>
 #include <quarnfc/time_utils.h>
+#include <quarnfc/url.h>
 
 #endif  // QUARNFC_QUARNFC_H_

@@ -1,0 +1,203 @@
+// Requests and responses of the HTTP client: CQNInternetFile, an open resource with optional read
+// and write buffers, and CQNHttpFile, which adds sending and querying of HTTP requests.
+//
+// They are made by CQNInternetSession::OpenURL and CQNHttpConnection::OpenRequest and belong to the
+// caller, who deletes them. Text is in the process ANSI code page; counts are in bytes.
+//
+// Errors: a CQNInternetException* with the platform's error code and the file's context, which the
+// catcher deletes. Code 6 stands for a closed file and for reading or writing in the wrong mode,
+// code 12017 for a file that a status callback closed during the call. Queries and options return
+// the platform's result instead.
+//
+// Threads: one file is used by one thread at a time.
+#ifndef QUARNFC_INTERNET_FILE_H_
+#define QUARNFC_INTERNET_FILE_H_
+
+#include <quarnfc/export.h>
+#include <quarnfc/internet.h>
+#include <quarnfc/platform_types.h>
+#include <quarnfc/qn_string.h>
+
+#include <cstddef>
+#include <new>
+
+class QN_API CQNInternetFile {
+ public:
+  // Moves the read position; origin is 0 (start), 1 (current position) or 2 (end). Returns the new
+  // position, deliberately sign-extended from 32 bits: 2 GiB and more come back as negative
+  // numbers. Throws code 6 when the file is not readable or has a read buffer, 87 for another
+  // origin and for an offset beyond 32 bits.
+  virtual unsigned __int64 Seek(__int64 offset, unsigned int origin);
+
+  // Reads up to count bytes and returns how many; 0 at the end of the data.
+  virtual unsigned int Read(void* buffer, unsigned int count);
+
+  // Writes count bytes, or holds them when there is a write buffer with room for them.
+  virtual void Write(const void* buffer, unsigned int count);
+
+  // Closes the file and forgets the object's name.
+  virtual void Abort();
+
+  // Writes the bytes that the write buffer holds.
+  virtual void Flush();
+
+  // Flushes, closes the handle and releases both buffers. A second call does nothing. When Flush
+  // throws, the file stays open.
+  virtual void Close();
+
+  // Bytes that can be read now without waiting; 0 when closed or unknown. Deliberately not the
+  // content length, which QueryInfo tells.
+  virtual unsigned __int64 GetLength() const;
+
+  // Reads one line, without the line feed, and returns nonzero; 0 at the end of the data. Carriage
+  // returns are dropped wherever they stand. A line above 64 MiB arrives in pieces of that length,
+  // so that a server that never ends its line cannot exhaust memory. Takes a read buffer of 4096
+  // bytes when there is none.
+  virtual int ReadString(CQNString& line);
+
+  // Reads up to maximum - 1 bytes of one line into buffer, terminates them and returns buffer; null
+  // at the end of the data. The line feed is kept, carriage returns are dropped.
+  virtual char* ReadString(char* buffer, unsigned int maximum);
+
+  // Writes a zero-terminated text without its terminator. Throws code 6 on a file opened for
+  // reading.
+  virtual void WriteString(const char* text);
+
+  // Closes the file. What the write buffer holds is written; a failure to do so is lost here, so
+  // call Flush or Close first to learn of it.
+  virtual ~CQNInternetFile();
+
+  CQNInternetFile(const CQNInternetFile&) = delete;
+  CQNInternetFile& operator=(const CQNInternetFile&) = delete;
+
+  // The file's handle; null when it is closed or could not be opened.
+  operator HINTERNET() const;
+
+  unsigned __int64 GetContext() const;
+
+  // Options of the file: the platform's numbers, buffers and results. The forms without a buffer
+  // pass a 4-byte value.
+  int SetOption(unsigned long option, void* buffer, unsigned long length, unsigned long flags);
+  int SetOption(unsigned long option, unsigned long value, unsigned long flags = 0);
+  int QueryOption(unsigned long option, void* buffer, unsigned long* length) const;
+  int QueryOption(unsigned long option, unsigned long& value) const;
+
+  // Sets the size of the read buffer; 0 removes it, 0xFFFFFFFF changes nothing. Returns 0 and
+  // changes nothing when size is below the position of the next byte to hand out, or when memory
+  // is exhausted. Deliberately, the tail of the old buffer from that position is carried over
+  // whole, whether or not it was ever filled; bytes never filled are zero.
+  int SetReadBufferSize(unsigned int size);
+
+  // Sets the size of the write buffer; 0 removes it. Bytes that would not fit are flushed first.
+  // Always nonzero; throws std::bad_alloc when memory is exhausted.
+  int SetWriteBufferSize(unsigned int size);
+
+  static void* operator new(std::size_t size);
+  static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
+  static void* operator new(std::size_t, void* place) noexcept { return place; }
+  static void operator delete(void* object) noexcept;
+  static void operator delete(void* object, const std::nothrow_t&) noexcept;
+  static void operator delete(void*, void*) noexcept {}
+
+ protected:
+  // readMode is 1 for reading, 0 for writing, -1 for both. The session handle is not kept, and the
+  // handle is not registered for status callbacks.
+  CQNInternetFile(HINTERNET file, HINTERNET session, const char* object, const char* server,
+                  unsigned __int64 context, int readMode);
+
+  // Takes context and server name from connection and registers the handle with its session.
+  CQNInternetFile(HINTERNET file, const char* object, CQNInternetConnection* connection,
+                  int readMode);
+
+ private:
+  friend class CQNHttpConnection;
+  friend class CQNHttpFile;
+
+  unsigned int ReadHandle(void* buffer, unsigned int count);
+  unsigned int WriteHandle(const void* data, unsigned int count);
+  unsigned int TakeBuffered(void* target, unsigned int count);
+  void RefillReadBuffer();
+  unsigned int ReadLinePiece(char* target, unsigned int maximum, bool& ended);
+  bool PrepareLineReading();
+  void ReplaceReadBuffer(unsigned int size);
+  void ReplaceWriteBuffer(unsigned int size);
+  unsigned int WriteHeldBytes();
+  void ReleaseBuffers();
+
+  CQNString object_name_;
+  HINTERNET handle_;
+  int read_mode_;
+  unsigned __int64 context_;
+  HINTERNET connection_handle_;
+  CQNString server_name_;
+  unsigned int write_buffer_size_;
+  unsigned int write_position_;
+  unsigned char* write_buffer_;
+  unsigned int read_buffer_size_;
+  unsigned int read_position_;
+  unsigned char* read_buffer_;
+  unsigned int read_bytes_;
+};
+
+// An HTTP request and its response.
+class QN_API CQNHttpFile : public CQNInternetFile {
+ public:
+  ~CQNHttpFile() override;
+
+  // Adds headers of length bytes, or up to the terminator when length is -1 (a null text is empty).
+  // flags are those of HttpAddRequestHeadersA. Both return the platform's result.
+  int AddRequestHeaders(const char* headers, unsigned long flags, int length = -1);
+  int AddRequestHeaders(CQNString& headers, unsigned long flags);
+
+  // Sends the request with additional headers (headersLength bytes, or up to the terminator when
+  // it is -1) and a body of optionalLength bytes, and receives the response's headers. Nonzero on
+  // success; a failure throws.
+  int SendRequest(const char* headers = nullptr, unsigned long headersLength = 0,
+                  void* optional = nullptr, unsigned long optionalLength = 0);
+  int SendRequest(CQNString& headers, void* optional = nullptr, unsigned long optionalLength = 0);
+
+  // Sends the request's headers; the body follows through Write, EndRequest finishes it. The short
+  // form announces a body of totalLength bytes. Afterwards the file can be written and read.
+  // Context 1 means the file's. Nonzero on success; a failure throws.
+  int SendRequestEx(unsigned long totalLength, unsigned long flags = 0,
+                    unsigned __int64 context = 1);
+  int SendRequestEx(INTERNET_BUFFERSA* buffersIn, INTERNET_BUFFERSA* buffersOut,
+                    unsigned long flags, unsigned __int64 context = 1);
+
+  // Writes what the write buffer still holds, ends a request begun with SendRequestEx and receives
+  // the response's headers. Nonzero on success; a failure throws.
+  int EndRequest(unsigned long flags = 0, INTERNET_BUFFERSA* buffers = nullptr,
+                 unsigned __int64 context = 1);
+
+  // Response headers: level and results of HttpQueryInfoA, as is, as a number, as a point in time,
+  // or as text. index selects among headers of one name and may be null. On failure the string is
+  // empty.
+  int QueryInfo(unsigned long level, void* buffer, unsigned long* length,
+                unsigned long* index) const;
+  int QueryInfo(unsigned long level, unsigned long& number, unsigned long* index = nullptr) const;
+  int QueryInfo(unsigned long level, SYSTEMTIME* time, unsigned long* index = nullptr) const;
+  int QueryInfo(unsigned long level, CQNString& text, unsigned long* index = nullptr) const;
+
+  // The status of the response, such as 200. Returns the platform's result; 0 leaves statusCode.
+  int QueryInfoStatusCode(unsigned long& statusCode) const;
+
+  CQNString GetVerb() const;
+
+  // "http://" with server and object, deliberately also for HTTPS; just "http://" for a request
+  // that could not be opened.
+  virtual CQNString GetFileURL() const;
+
+ protected:
+  CQNHttpFile(HINTERNET file, HINTERNET session, const char* object, const char* server,
+              const char* verb, unsigned __int64 context);
+  CQNHttpFile(HINTERNET file, const char* verb, const char* object, CQNHttpConnection* connection);
+
+ private:
+  friend class CQNInternetSession;
+  friend class CQNHttpConnection;
+
+  CQNString object_;
+  CQNString verb_;
+};
+
+#endif  // QUARNFC_INTERNET_FILE_H_
