@@ -180,8 +180,8 @@ class QN_API CQNHttpConnection : public CQNInternetConnection {
                     const char* user = nullptr, const char* password = nullptr,
                     unsigned __int64 context = 1);
   CQNHttpConnection(CQNInternetSession* session, const char* server, unsigned long flags,
-                    unsigned short port, const char* user = nullptr,
-                    const char* password = nullptr, unsigned __int64 context = 1);
+                    unsigned short port, const char* user = nullptr, const char* password = nullptr,
+                    unsigned __int64 context = 1);
 
   // Adopts an HTTP connection handle and closes it later; the port is 0. Anything else throws a
   // CQNInternetException* with code 6, and the handle stays the caller's.

@@ -121,7 +121,7 @@ class QN_API CQNInternetFile {
   bool PrepareLineReading();
   void ReplaceReadBuffer(unsigned int size);
   void ReplaceWriteBuffer(unsigned int size);
-  unsigned int WriteHeldBytes();
+  void WriteHeldBytes(bool whole);
   void ReleaseBuffers();
 
   CQNString object_name_;
@@ -162,7 +162,7 @@ class QN_API CQNHttpFile : public CQNInternetFile {
   int SendRequestEx(unsigned long totalLength, unsigned long flags = 0,
                     unsigned __int64 context = 1);
   int SendRequestEx(INTERNET_BUFFERSA* buffersIn, INTERNET_BUFFERSA* buffersOut,
-                    unsigned long flags, unsigned __int64 context = 1);
+                    unsigned long flags, unsigned __int64 context);
 
   // Writes what the write buffer still holds, ends a request begun with SendRequestEx and receives
   // the response's headers. Nonzero on success; a failure throws.

@@ -1,0 +1,28 @@
+// Copying text into a caller's buffer.
+#ifndef QUARNFC_NET_BOUNDED_TEXT_H_
+#define QUARNFC_NET_BOUNDED_TEXT_H_
+
+#include <cstring>
+
+#include "platform/platform.h"
+
+namespace quarnfc {
+
+// Copies as much of source as fits into maximum bytes with its terminator, without splitting a
+// double-byte character. A null target or a maximum of 0 takes nothing.
+inline void CopyBounded(char* target, unsigned int maximum, const char* source) {
+  if (target == nullptr || maximum == 0) return;
+  unsigned int length = 0;
+  while (source[length] != '\0') {
+    const bool lead = _ismbblead(static_cast<unsigned char>(source[length])) != 0;
+    const unsigned int size = lead && source[length + 1] != '\0' ? 2 : 1;
+    if (size > maximum - 1 - length) break;
+    length += size;
+  }
+  std::memcpy(target, source, length);
+  target[length] = '\0';
+}
+
+}  // namespace quarnfc
+
+#endif  // QUARNFC_NET_BOUNDED_TEXT_H_

@@ -1,0 +1,65 @@
+#include "net/handle_registry.h"
+
+#include <cstdint>
+#include <utility>
+
+#include "platform/internet.h"
+
+namespace quarnfc {
+namespace {
+
+HandleRegistry g_registry;
+
+unsigned __int64 KeyOf(HINTERNET handle) { return reinterpret_cast<std::uintptr_t>(handle); }
+
+}  // namespace
+
+class HandleRegistry::Guard {
+ public:
+  explicit Guard(CRITICAL_SECTION& section) : section_(section) { EnterCriticalSection(&section_); }
+  ~Guard() { LeaveCriticalSection(&section_); }
+  Guard(const Guard&) = delete;
+  Guard& operator=(const Guard&) = delete;
+
+ private:
+  CRITICAL_SECTION& section_;
+};
+
+HandleRegistry::HandleRegistry() { InitializeCriticalSection(&section_); }
+
+HandleRegistry::~HandleRegistry() { DeleteCriticalSection(&section_); }
+
+void HandleRegistry::Add(HINTERNET handle, CQNInternetSession* session) {
+  if (handle == nullptr || session == nullptr) return;
+  Guard guard(section_);
+  sessions_[KeyOf(handle)] = session;
+}
+
+CQNInternetSession* HandleRegistry::Find(HINTERNET handle) {
+  Guard guard(section_);
+  const auto entry = sessions_.find(KeyOf(handle));
+  return entry == sessions_.end() ? nullptr : entry->second;
+}
+
+void HandleRegistry::Remove(HINTERNET handle, const CQNInternetSession* session) {
+  Guard guard(section_);
+  const auto entry = sessions_.find(KeyOf(handle));
+  if (entry != sessions_.end() && entry->second == session) sessions_.erase(entry);
+}
+
+void HandleRegistry::RemoveSession(const CQNInternetSession* session) {
+  Guard guard(section_);
+  std::erase_if(sessions_, [session](const auto& entry) { return entry.second == session; });
+}
+
+HandleRegistry& Registry() { return g_registry; }
+
+void CloseRegisteredHandle(HINTERNET& handle) {
+  const HINTERNET closing = std::exchange(handle, nullptr);
+  if (closing == nullptr) return;
+  const CQNInternetSession* session = g_registry.Find(closing);
+  InternetCloseHandle(closing);
+  g_registry.Remove(closing, session);
+}
+
+}  // namespace quarnfc

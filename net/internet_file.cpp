@@ -1,0 +1,105 @@
+#include <quarnfc/internet_file.h>
+
+#include <utility>
+
+#include "core/memory.h"
+#include "net/file_mode.h"
+#include "net/file_position.h"
+#include "net/handle_registry.h"
+#include "net/internet_error.h"
+#include "platform/internet.h"
+
+using quarnfc::InternetError;
+
+CQNInternetFile::CQNInternetFile(HINTERNET file, HINTERNET /*session*/, const char* object,
+                                 const char* server, unsigned __int64 context, int readMode)
+    : object_name_(object),
+      handle_(file),
+      read_mode_(readMode),
+      context_(context),
+      connection_handle_(nullptr),
+      server_name_(server),
+      write_buffer_size_(0),
+      write_position_(0),
+      write_buffer_(nullptr),
+      read_buffer_size_(0),
+      read_position_(0),
+      read_buffer_(nullptr),
+      read_bytes_(0) {}
+
+CQNInternetFile::CQNInternetFile(HINTERNET file, const char* object,
+                                 CQNInternetConnection* connection, int readMode)
+    : CQNInternetFile(file, nullptr, object, connection->server_, connection->context_, readMode) {
+  quarnfc::Registry().Add(handle_, connection->session_);
+}
+
+CQNInternetFile::~CQNInternetFile() {
+  try {
+    CQNInternetFile::Close();
+  } catch (CQNInternetException* error) {
+    // The bytes held for writing are lost; the handle is not.
+    delete error;
+    quarnfc::CloseRegisteredHandle(handle_);
+  }
+  ReleaseBuffers();
+}
+
+CQNInternetFile::operator HINTERNET() const { return handle_; }
+
+unsigned __int64 CQNInternetFile::GetContext() const { return context_; }
+
+int CQNInternetFile::SetOption(unsigned long option, void* buffer, unsigned long length,
+                               unsigned long flags) {
+  return InternetSetOptionExA(handle_, option, buffer, length, flags);
+}
+
+int CQNInternetFile::SetOption(unsigned long option, unsigned long value, unsigned long flags) {
+  return SetOption(option, &value, sizeof(value), flags);
+}
+
+int CQNInternetFile::QueryOption(unsigned long option, void* buffer, unsigned long* length) const {
+  return InternetQueryOptionA(handle_, option, buffer, length);
+}
+
+int CQNInternetFile::QueryOption(unsigned long option, unsigned long& value) const {
+  DWORD length = sizeof(value);
+  return QueryOption(option, &value, &length);
+}
+
+unsigned __int64 CQNInternetFile::Seek(__int64 offset, unsigned int origin) {
+  if (read_mode_ == quarnfc::kWriteOnly || read_buffer_ != nullptr) {
+    InternetError::Throw(ERROR_INVALID_HANDLE, context_);
+  }
+  static_assert(FILE_BEGIN == 0 && FILE_CURRENT == 1 && FILE_END == 2);
+  if (origin > FILE_END || offset != static_cast<LONG>(offset)) {
+    InternetError::Throw(ERROR_INVALID_PARAMETER, context_);
+  }
+  const DWORD position =
+      InternetSetFilePointer(handle_, static_cast<LONG>(offset), nullptr, origin, context_);
+  if (position == quarnfc::kNoPosition) InternetError::ThrowLast(context_);
+  return quarnfc::SignExtended(position);
+}
+
+unsigned __int64 CQNInternetFile::GetLength() const {
+  DWORD available = 0;
+  if (handle_ == nullptr || !InternetQueryDataAvailable(handle_, &available, 0, context_)) return 0;
+  return available;
+}
+
+void CQNInternetFile::Close() {
+  if (handle_ == nullptr) return;
+  Flush();
+  quarnfc::CloseRegisteredHandle(handle_);
+  ReleaseBuffers();
+}
+
+void CQNInternetFile::Abort() {
+  if (handle_ != nullptr) Close();
+  object_name_.Empty();
+}
+
+// The sizes stay as they are.
+void CQNInternetFile::ReleaseBuffers() {
+  quarnfc::FreeBuffer(std::exchange(write_buffer_, nullptr));
+  quarnfc::FreeBuffer(std::exchange(read_buffer_, nullptr));
+}
