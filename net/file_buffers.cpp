@@ -51,15 +51,15 @@ int CQNInternetFile::SetWriteBufferSize(unsigned int size) {
   return 1;
 }
 
+// Without a buffer, before or after, nothing is carried over; removing one deliberately leaves the
+// position as it is.
 void CQNInternetFile::ReplaceWriteBuffer(unsigned int size) {
   unsigned char* fresh = size != 0 ? AllocZeroed(size) : nullptr;
-  if (fresh != nullptr) {
-    if (write_buffer_ == nullptr) write_position_ = 0;
-    if (write_position_ <= size) {
-      std::memcpy(fresh, write_buffer_, write_position_);
-    }
+  if (fresh != nullptr && write_buffer_ == nullptr) {
+    write_position_ = 0;
+  } else if (fresh != nullptr && write_position_ <= size) {
+    std::memcpy(fresh, write_buffer_, write_position_);
   }
-  // Without a buffer the position is deliberately left as it is.
   quarnfc::FreeBuffer(write_buffer_);
   write_buffer_ = fresh;
 }
