@@ -207,7 +207,8 @@ TEST(StringBuffer, GetBufferGrowsAndKeepsTheText) {
   EXPECT_EQ(text.GetAllocLength(), 128);
   EXPECT_STREQ(buffer, "abc");
   EXPECT_EQ(Bytes(text), "abc");
-  EXPECT_EQ(text.GetBuffer(700), Chars(text));
+  buffer = text.GetBuffer(700);
+  EXPECT_EQ(buffer, Chars(text));
   EXPECT_EQ(text.GetAllocLength(), 700);
   EXPECT_EQ(Bytes(text), "abc");
 }
