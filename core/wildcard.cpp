@@ -1,14 +1,17 @@
 #include <quarnfc/string_utils.h>
 
+#include <algorithm>
 #include <cstddef>
-#include <string_view>
+#include <span>
 #include <vector>
 
 #include "platform/platform.h"
 
 namespace {
 
-using WideView = std::basic_string_view<wchar_t>;
+// Not a string view: off Windows the C library's wide functions, on which its searches rest, expect
+// 32-bit characters.
+using WideView = std::span<const wchar_t>;
 constexpr std::size_t kNotFound = static_cast<std::size_t>(-1);
 
 // Zero-terminated ANSI text as UTF-16, without the terminator.
@@ -37,20 +40,26 @@ std::size_t FindSegment(WideView text, std::size_t position, WideView segment) {
   return kNotFound;
 }
 
+// The length of the segment the pattern begins with, up to its first "*" or its end.
+std::size_t SegmentLength(WideView pattern) {
+  return static_cast<std::size_t>(std::find(pattern.begin(), pattern.end(), L'*') -
+                                  pattern.begin());
+}
+
 bool Matches(WideView pattern, WideView text) {
-  std::size_t star = pattern.find(L'*');
-  if (star == WideView::npos) {
+  std::size_t star = SegmentLength(pattern);
+  if (star == pattern.size()) {
     return pattern.size() == text.size() && MatchesAt(text, 0, pattern);
   }
   // The first segment stands at the start. Each further one is looked for from where the one
   // before it ended: the first place decides, so the position only ever moves forward.
-  if (!MatchesAt(text, 0, pattern.substr(0, star))) return false;
+  if (!MatchesAt(text, 0, pattern.first(star))) return false;
   std::size_t position = star;
   for (;;) {
-    pattern.remove_prefix(star + 1);
-    star = pattern.find(L'*');
-    if (star == WideView::npos) break;
-    position = FindSegment(text, position, pattern.substr(0, star));
+    pattern = pattern.subspan(star + 1);
+    star = SegmentLength(pattern);
+    if (star == pattern.size()) break;
+    position = FindSegment(text, position, pattern.first(star));
     if (position == kNotFound) return false;
     position += star;
   }
@@ -63,8 +72,5 @@ bool Matches(WideView pattern, WideView text) {
 
 bool QNStringUtils::StrIsMatching(const char* pattern, const char* text, bool caseSensitive) {
   if (pattern == nullptr || text == nullptr) return false;
-  const std::vector<wchar_t> wide_pattern = ToWide(pattern, !caseSensitive);
-  const std::vector<wchar_t> wide_text = ToWide(text, !caseSensitive);
-  return Matches(WideView(wide_pattern.data(), wide_pattern.size()),
-                 WideView(wide_text.data(), wide_text.size()));
+  return Matches(ToWide(pattern, !caseSensitive), ToWide(text, !caseSensitive));
 }
