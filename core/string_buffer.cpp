@@ -106,7 +106,7 @@ int CheckedLength(std::size_t length) {
 }
 
 void AssignBytes(char*& text, const char* source, int length) {
-  if (!IsShared(text) && length <= HeaderOf(text)->capacity) {
+  if (FitsInPlace(text, length)) {
     CopyBytes(text, source, length);
     SetStringLength(text, length);
     return;
@@ -120,7 +120,7 @@ void AppendBytes(char*& text, const char* source, int length) {
   if (length == 0) return;
   const int old_length = HeaderOf(text)->length;
   const int new_length = JoinedLength(old_length, length);
-  if (!IsShared(text) && new_length <= HeaderOf(text)->capacity) {
+  if (FitsInPlace(text, new_length)) {
     CopyBytes(text + old_length, source, length);
     SetStringLength(text, new_length);
     return;
@@ -140,12 +140,16 @@ void Unshare(char*& text) {
 }
 
 void Reserve(char*& text, int capacity) {
-  if (!IsShared(text) && capacity <= HeaderOf(text)->capacity) return;
+  if (FitsInPlace(text, capacity)) return;
   const int length = HeaderOf(text)->length;
   char* buffer = AllocStringBuffer(std::max(capacity, length));
   CopyBytes(buffer, text, length);
   SetStringLength(buffer, length);
   ReplaceBuffer(text, buffer);
+}
+
+void ReserveAnew(char*& text, int capacity) {
+  if (!FitsInPlace(text, capacity)) ReplaceBuffer(text, AllocStringBuffer(capacity));
 }
 
 }  // namespace quarnfc

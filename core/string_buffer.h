@@ -28,6 +28,11 @@ inline int References(const char* text) {
 inline bool IsShared(const char* text) { return References(text) > 1; }
 inline bool IsLocked(const char* text) { return References(text) < 0; }
 
+// Whether length bytes may be written into the buffer as it is.
+inline bool FitsInPlace(const char* text, int length) {
+  return !IsShared(text) && length <= HeaderOf(text)->capacity;
+}
+
 // The buffer every empty string points at. It is never written to and never freed.
 char* EmptyBuffer();
 
@@ -66,6 +71,10 @@ void Unshare(char*& text);
 
 // Makes the buffer unshared and at least capacity bytes long; keeps the text.
 void Reserve(char*& text, int capacity);
+
+// The same for text that is about to be replaced as a whole: a new buffer starts without it and is
+// of exactly the capacity asked for.
+void ReserveAnew(char*& text, int capacity);
 
 }  // namespace quarnfc
 

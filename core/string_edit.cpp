@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstring>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "core/multibyte.h"
@@ -158,9 +159,15 @@ int CQNString::Replace(const char* oldText, const char* newText) {
   const int count = static_cast<int>(positions.size());
   const int total = CheckedLength(
       static_cast<std::size_t>(length + static_cast<long long>(new_length - old_length) * count));
-  quarnfc::Reserve(Text(), total);
-  Replacement(Text(), length, positions, old_length, newText, new_length).WriteTo(Text());
-  quarnfc::SetStringLength(Text(), total);
+  const Replacement replacement(Text(), length, positions, old_length, newText, new_length);
+  if (quarnfc::FitsInPlace(Text(), total)) {
+    replacement.WriteTo(Text());
+    quarnfc::SetStringLength(Text(), total);
+  } else {
+    char* buffer = quarnfc::AllocStringBuffer(total);
+    replacement.WriteTo(buffer);
+    quarnfc::ReleaseStringBuffer(std::exchange(Text(), buffer));
+  }
   return count;
 }
 

@@ -42,7 +42,7 @@ void AssignWide(char*& text, const wchar_t* source) {
     quarnfc::AssignBytes(text, "", 0);
     return;
   }
-  quarnfc::Reserve(text, capacity);
+  quarnfc::ReserveAnew(text, capacity);
   const int count = Convert(source, -1, text, capacity);
   quarnfc::SetStringLength(text, count == 0 ? 0 : static_cast<int>(std::strlen(text)));
 }
