@@ -9,16 +9,20 @@
 #include <new>
 #include <string_view>
 
+#include <quarnfc/qn_string.h>
+
 #include "core/format_spec.h"
-#include "core/memory.h"
 #include "core/multibyte.h"
-#include "platform/platform.h"
+#include "core/string_buffer.h"
 
 namespace quarnfc {
 namespace {
 
-constexpr const char kNullText[] = "(null)";
-constexpr int kNullTextLength = 6;
+constexpr std::string_view kNullText = "(null)";
+
+std::string_view View(const CQNString& text) {
+  return {static_cast<const char*>(text), static_cast<std::size_t>(text.GetLength())};
+}
 
 class Formatter {
  public:
@@ -57,12 +61,19 @@ class Formatter {
   void AppendUnsigned();
   void AppendPointer();
   void AppendFloat();
-  void AppendPadded(std::string_view text);
+  void AppendNotFinite(double value);
+  void AppendNullText();
+  void AppendPadded(std::string_view text) { AppendPadded(text, text.size()); }
+  void AppendPadded(std::string_view text, std::size_t columns);
   template <class Value>
   void Print(const char* size, Value value, char conversion);
 
   long long NextSigned();
   unsigned long long NextUnsigned();
+
+  std::size_t Precision() const { return static_cast<std::size_t>(spec_.precision); }
+  // Whether the precision cuts a text at length. A text that is cut need not be terminated.
+  bool IsCutAt(std::size_t length) const { return spec_.precision > 0 && length == Precision(); }
 
   // Estimates: of a text or a character, and of a number.
   void CountText(long long item);
@@ -141,62 +152,46 @@ void Formatter::AppendText() {
     return;
   }
   const char* text = va_arg(arguments_.list, const char*);
-  std::size_t length = kNullTextLength;
-  if (text != nullptr) {
-    // A text cut by a precision need not be terminated.
-    length = spec_.precision > 0 ? strnlen(text, static_cast<std::size_t>(spec_.precision))
-                                 : std::strlen(text);
+  if (text == nullptr) {
+    AppendNullText();
+    return;
   }
+  std::size_t length = spec_.precision > 0 ? strnlen(text, Precision()) : std::strlen(text);
   CountText(std::max<long long>(static_cast<long long>(length), 1));
-  if (spec_.precision >= 0) length = std::min(length, static_cast<std::size_t>(spec_.precision));
-  AppendPadded(std::string_view(text != nullptr ? text : kNullText, length));
-}
-
-// Appends the conversion of one character (one or two units) of UTF-16 text to the ANSI code page;
-// returns the number of units.
-std::size_t AppendNarrow(std::string& narrow, const wchar_t* text) {
-  const bool is_pair = (text[0] & 0xFC00) == 0xD800 && (text[1] & 0xFC00) == 0xDC00;
-  const int units = is_pair ? 2 : 1;
-  char bytes[8];
-  const int count =
-      WideCharToMultiByte(CP_ACP, 0, text, units, bytes, sizeof(bytes), nullptr, nullptr);
-  narrow.append(bytes, static_cast<std::size_t>(std::max(count, 0)));
-  return static_cast<std::size_t>(units);
+  if (spec_.precision == 0) length = 0;
+  AppendPadded(std::string_view(text, length));
 }
 
 void Formatter::AppendWideText() {
-  std::string narrow;
   if (spec_.conversion == 'c' || spec_.conversion == 'C') {
-    const wchar_t ch[2] = {static_cast<wchar_t>(va_arg(arguments_.list, int)), L'\0'};
+    const wchar_t unit = static_cast<wchar_t>(va_arg(arguments_.list, int));
     CountText(2);
-    AppendNarrow(narrow, ch);
-    AppendPadded(narrow);
+    AppendPadded(View(CQNString(&unit, 1)));
     return;
   }
   const wchar_t* text = va_arg(arguments_.list, const wchar_t*);
-  const std::size_t limit =
-      spec_.precision < 0 ? SIZE_MAX : static_cast<std::size_t>(spec_.precision);
   if (text == nullptr) {
-    CountText(kNullTextLength);
-    AppendPadded(std::string_view(kNullText).substr(0, limit));
+    AppendNullText();
     return;
   }
-  const std::size_t length = WideLength(text);
+  std::size_t length = 0;
+  while (text[length] != L'\0' && !IsCutAt(length)) ++length;
   CountText(std::max<long long>(static_cast<long long>(length), 1));
-  // The precision counts bytes; a character that does not fit whole is left out.
-  std::size_t fitting = 0;
-  for (std::size_t i = 0; i < length && fitting < limit;) {
-    i += AppendNarrow(narrow, text + i);
-    if (narrow.size() <= limit) fitting = narrow.size();
-    if (narrow.size() > limit) break;
-  }
-  AppendPadded(std::string_view(narrow).substr(0, fitting));
+  if (spec_.precision == 0) length = 0;
+  // Width and precision count units, whatever the number of bytes they become.
+  AppendPadded(View(CQNString(text, CheckedLength(length))), length);
 }
 
-void Formatter::AppendPadded(std::string_view text) {
+void Formatter::AppendNullText() {
+  CountText(static_cast<long long>(kNullText.size()));
+  AppendPadded(spec_.precision < 0 ? kNullText : kNullText.substr(0, Precision()));
+}
+
+void Formatter::AppendPadded(std::string_view text, std::size_t columns) {
   const std::size_t width = static_cast<std::size_t>(spec_.width);
-  const std::size_t padding = width > text.size() ? width - text.size() : 0;
-  if (!spec_.left) result_.text.append(padding, ' ');
+  const std::size_t padding = width > columns ? width - columns : 0;
+  // The run-time pads texts with zeros as it does numbers.
+  if (!spec_.left) result_.text.append(padding, spec_.zero ? '0' : ' ');
   result_.text.append(text);
   if (spec_.left) result_.text.append(padding, ' ');
 }
@@ -275,11 +270,11 @@ void Formatter::AppendUnsigned() {
 // A pointer is sixteen upper-case hexadecimal digits, as Windows prints it.
 void Formatter::AppendPointer() {
   CountNumber(std::max<long long>(WidthAndPrecision(), 32));
-  char digits[17];
-  std::snprintf(digits, sizeof(digits), "%016llX",
-                static_cast<unsigned long long>(
-                    reinterpret_cast<std::uintptr_t>(va_arg(arguments_.list, void*))));
-  AppendPadded(digits);
+  spec_.precision = 16;
+  Print("ll",
+        static_cast<unsigned long long>(
+            reinterpret_cast<std::uintptr_t>(va_arg(arguments_.list, void*))),
+        'X');
 }
 
 void Formatter::AppendFloat() {
@@ -289,8 +284,26 @@ void Formatter::AppendFloat() {
     CountNumber(std::max<long long>(WidthAndPrecision(), 128));
   }
   const double value = va_arg(arguments_.list, double);
-  if (!std::isfinite(value)) spec_.zero = false;
-  Print("", value, spec_.conversion);
+  if (std::isfinite(value)) {
+    Print("", value, spec_.conversion);
+  } else {
+    AppendNotFinite(value);
+  }
+}
+
+// Infinities and what is not a number, as Windows spells them; C libraries differ.
+void Formatter::AppendNotFinite(double value) {
+  const bool is_upper = spec_.conversion < 'a';
+  std::string text = std::signbit(value) ? "-" : spec_.plus ? "+" : spec_.blank ? " " : "";
+  if (std::isinf(value)) {
+    text += is_upper ? "INF" : "inf";
+  } else {
+    text += is_upper ? "NAN" : "nan";
+    // The value that invalid operations give.
+    if (std::signbit(value)) text += is_upper ? "(IND)" : "(ind)";
+  }
+  spec_.zero = false;
+  AppendPadded(text);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include <cfloat>
 #include <climits>
+#include <cmath>
 #include <cstdarg>
 #include <limits>
 #include <string>
@@ -165,6 +166,8 @@ TEST(StringFormat, Pointers) {
       {"%20p", reinterpret_cast<void*>(0x1Fu), "    000000000000001F"},
       {"%-20p|", reinterpret_cast<void*>(0x1Fu), "000000000000001F    |"},
       {"%4p", reinterpret_cast<void*>(0x1Fu), "000000000000001F"},
+      {"%020p", reinterpret_cast<void*>(0x1Fu), "    000000000000001F"},
+      {"%#p", reinterpret_cast<void*>(0x1Fu), "0X000000000000001F"},
   });
 }
 
@@ -243,6 +246,18 @@ TEST(StringFormat, Infinities) {
   });
 }
 
+TEST(StringFormat, WhatIsNotANumber) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  ExpectFormats<double>({
+      {"%f", std::copysign(nan, 1.0), "nan"},
+      {"%G", std::copysign(nan, 1.0), "NAN"},
+      {"%f", std::copysign(nan, -1.0), "-nan(ind)"},
+      {"%E", std::copysign(nan, -1.0), "-NAN(IND)"},
+      {"%05f", std::copysign(nan, 1.0), "  nan"},
+      {"%-5e|", std::copysign(nan, 1.0), "nan  |"},
+  });
+}
+
 // The longest texts a double can give, far beyond what any estimate asks for.
 TEST(StringFormat, LongNumbersNeverOverrun) {
   const std::string largest = Formatted("%f", DBL_MAX);
@@ -285,6 +300,17 @@ TEST(StringFormat, Texts) {
       {"%Fs", "abc", "abc"},
       {"%Ns", "abc", "abc"},
   });
+}
+
+// As the Windows run-time does, unlike those of other systems.
+TEST(StringFormat, TheZeroFlagPadsTextsToo) {
+  const char* null = nullptr;
+  EXPECT_EQ(Formatted("%05s", "ab"), "000ab");
+  EXPECT_EQ(Formatted("%-05s|", "ab"), "ab   |");
+  EXPECT_EQ(Formatted("%05.1s", "ab"), "0000a");
+  EXPECT_EQ(Formatted("%05c", 'x'), "0000x");
+  EXPECT_EQ(Formatted("%05S", L"ab"), "000ab");
+  EXPECT_EQ(Formatted("%08s", null), "00(null)");
 }
 
 TEST(StringFormat, WideTexts) {
@@ -351,6 +377,8 @@ TEST(StringFormat, AZeroCharacterEndsTheText) {
 TEST(StringFormat, ATextCutByItsPrecisionNeedsNoTerminator) {
   const char letters[3] = {'a', 'b', 'c'};
   EXPECT_EQ(Formatted("%.3s", static_cast<const char*>(letters)), "abc");
+  const wchar_t wide_letters[3] = {L'a', L'b', L'c'};
+  EXPECT_EQ(Formatted("%.3S", static_cast<const wchar_t*>(wide_letters)), "abc");
 }
 
 // --- widths and precisions from the arguments ---------------------------------------------------
