@@ -108,10 +108,11 @@ std::size_t _mbscspn(const unsigned char* text, const unsigned char* set) {
   return SpanOf(text, set, false);
 }
 
-// Turns the bytes of every double-byte character round and then the whole text.
+// Turns the bytes of every double-byte character round and then the whole text. An incomplete
+// character stays at the end, where it can swallow no other.
 unsigned char* _mbsrev(unsigned char* text) {
   unsigned char* position = text;
-  for (MultibyteCharacter next = CharacterAt(position); next.size != 0;
+  for (MultibyteCharacter next = CharacterAt(position); next.size != 0 && !next.IsIncomplete();
        next = CharacterAt(position)) {
     std::reverse(position, position + next.size);
     position += next.size;

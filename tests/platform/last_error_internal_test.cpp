@@ -2,7 +2,6 @@
 
 #include <cstdio>
 #include <string>
-#include <thread>
 
 #include "platform/platform.h"
 
@@ -14,12 +13,6 @@ TEST(LastError, IsTheOneSetLast) {
     SetLastError(error);
     EXPECT_EQ(error, GetLastError());
   }
-}
-
-TEST(LastError, BelongsToItsThread) {
-  SetLastError(ERROR_ACCESS_DENIED);
-  std::thread([] { SetLastError(ERROR_FILE_NOT_FOUND); }).join();
-  EXPECT_EQ(DWORD{ERROR_ACCESS_DENIED}, GetLastError());
 }
 
 struct OpenCase {

@@ -29,18 +29,9 @@ constexpr Case kBothWays[] = {
     {"three bytes, first and last", "\xE0\xA0\x80\xEF\xBF\xBF", u"\u0800\uFFFF"},
     {"around the surrogates", "\xED\x9F\xBF\xEE\x80\x80", u"\uD7FF\uE000"},
     {"four bytes, first and last", "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", u"\U00010000\U0010FFFF"},
-    {"byte-order mark is a character",
-     "\xEF\xBB\xBF"
-     "a",
-     u"\uFEFF"
-     u"a"},
-    {"mixed",
-     "abcdefgh\xE4\xB8\xAD"
-     "ijk\xF0\x9F\x98\x80"
-     "lmnopqrstuvw",
-     u"abcdefgh\u4E2D"
-     u"ijk\U0001F600"
-     u"lmnopqrstuvw"},
+    {"byte-order mark is a character", "\xEF\xBB\xBFz", u"\uFEFFz"},
+    {"mixed", "abcdefgh\xE4\xB8\xADijk\xF0\x9F\x98\x80lmnopqrstuvw",
+     u"abcdefgh\u4E2Dijk\U0001F600lmnopqrstuvw"},
 };
 
 TEST(Utf8, CharactersSurviveBothWays) {
@@ -88,17 +79,9 @@ TEST(Utf8, TruncatedCharacterDecodesToOneReplacementCharacter) {
 }
 
 constexpr Case kTruncatedBeforeOthers[] = {
-    {"one of three and a letter",
-     "\xE4"
-     "a",
-     u"\uFFFD"
-     u"a"},
+    {"one of three and a letter", "\xE4x", u"\uFFFDx"},
     {"one of three and a zero byte", "\xE4\0"sv, u"\uFFFD\0"sv},
-    {"one of four and two letters",
-     "\xF0"
-     "ab",
-     u"\uFFFD"
-     u"ab"},
+    {"one of four and two letters", "\xF0xy", u"\uFFFDxy"},
 };
 
 TEST(Utf8, BytesBehindATruncatedCharacterAreKept) {
@@ -112,12 +95,8 @@ TEST(Utf8, BytesBehindATruncatedCharacterAreKept) {
 }
 
 TEST(Utf8, SurrogateAloneEncodesToTheReplacementCharacter) {
-  EXPECT_EQ(
-      "\xEF\xBF\xBD"
-      "a\xEF\xBF\xBD\xF0\x9F\x98\x80\xEF\xBF\xBD",
-      Encode(CP_UTF8,
-             u"\xD800"
-             u"a\xDC00\xD83D\xDE00\xD83D"));
+  EXPECT_EQ("\xEF\xBF\xBDz\xEF\xBF\xBD\xF0\x9F\x98\x80\xEF\xBF\xBD",
+            Encode(CP_UTF8, u"\xD800z\xDC00\xD83D\xDE00\xD83D"));
 }
 
 // Bytes that mean something in UTF-8 more often than by chance. Four others end each text, so that
