@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "core/crash_dump_name.h"
+#include "platform/crt.h"
 #include "platform/diagnostics.h"
 
 namespace {
@@ -45,8 +46,9 @@ void DbgDumpErrorFileEx(_EXCEPTION_POINTERS* info, const char* prefix) {
   std::strcat(path, "log");
   quarnfc::MakeFolder(path);
 
+  const __time64_t now = _time64(nullptr);
   std::tm time{};
-  const bool has_time = quarnfc::ReadLocalTime(&time);
+  const bool has_time = _localtime64_s(&time, &now) == 0;
   char* name = path + std::strlen(path);
   *name++ = quarnfc::kFolderSeparator;
   const std::size_t room = static_cast<std::size_t>(path + sizeof path - name);

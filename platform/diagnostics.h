@@ -9,7 +9,6 @@
 #include <quarnfc/platform_types.h>
 
 #include <cstddef>
-#include <ctime>
 
 namespace quarnfc {
 
@@ -22,9 +21,6 @@ bool FindLibraryFolder(char* folder, std::size_t capacity);
 
 // Creates a folder; an existing one and a failure are fine.
 void MakeFolder(const char* path);
-
-// The current local time.
-bool ReadLocalTime(std::tm* time);
 
 // Writes a dump of this process with info to the file path, or noInfoText when info is null.
 void WriteDumpFile(_EXCEPTION_POINTERS* info, const char* path, const char* noInfoText);

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <ctime>
 
 #include <dlfcn.h>
 #include <execinfo.h>
@@ -9,6 +10,8 @@
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
+
+#include "platform/crt.h"
 
 namespace quarnfc {
 
@@ -20,9 +23,12 @@ void WriteText(int file, const char* text, std::size_t length) {
 }
 
 void WriteHeading(int file, const _EXCEPTION_POINTERS* info) {
+  const __time64_t now = _time64(nullptr);
   std::tm time{};
   char date[32] = "unknown";
-  if (ReadLocalTime(&time)) std::strftime(date, sizeof date, "%Y-%m-%d %H:%M:%S", &time);
+  if (_localtime64_s(&time, &now) == 0) {
+    std::strftime(date, sizeof date, "%Y-%m-%d %H:%M:%S", &time);
+  }
   char text[256];
   const int length = std::snprintf(
       text, sizeof text, "process: %ld\nthread: %ld\ntime: %s\ninfo: %p\ncall stack:\n",
@@ -54,11 +60,6 @@ bool FindLibraryFolder(char* folder, std::size_t capacity) {
 }
 
 void MakeFolder(const char* path) { mkdir(path, 0777); }
-
-bool ReadLocalTime(std::tm* time) {
-  const std::time_t now = std::time(nullptr);
-  return localtime_r(&now, time) != nullptr;
-}
 
 void WriteDumpFile(_EXCEPTION_POINTERS* info, const char* path, const char* noInfoText) {
   const int file = open(path, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);

@@ -66,11 +66,6 @@ bool FindLibraryFolder(char* folder, std::size_t capacity) {
 
 void MakeFolder(const char* path) { _mkdir(path); }
 
-bool ReadLocalTime(std::tm* time) {
-  const __time64_t now = _time64(nullptr);
-  return _localtime64_s(time, &now) == 0;
-}
-
 void WriteDumpFile(_EXCEPTION_POINTERS* info, const char* path, const char* noInfoText) {
   const DebugHelp debug_help;
   if (debug_help.write_dump() == nullptr) return;
