@@ -20,14 +20,17 @@
 #include <quarnfc/json_object.h>
 #include <quarnfc/json_value.h>
 #include <quarnfc/md5.h>
+#include <quarnfc/geographic.h>
 #include <quarnfc/object.h>
 #include <quarnfc/object_collection.h>
 #include <quarnfc/plain.h>
 #include <quarnfc/platform_types.h>
+#include <quarnfc/projected.h>
 #include <quarnfc/qn_string.h>
 #include <quarnfc/string_collection.h>
 #include <quarnfc/string_utils.h>
 #include <quarnfc/time_utils.h>
 #include <quarnfc/url.h>
+#include <quarnfc/web_mercator.h>
 
 #endif  // QUARNFC_QUARNFC_H_

@@ -1,0 +1,91 @@
+// Projected systems as PROJCS texts.
+#include <quarnfc/projected.h>
+
+#include <cmath>
+
+#include "geo/known_systems.h"
+#include "geo/messages.h"
+#include "geo/wkt_number.h"
+#include "geo/wkt_text.h"
+
+namespace quarnfc {
+
+namespace {
+
+// The name says 3-degree whatever the system is, deliberately.
+constexpr char kTemplate[] =
+    "PROJCS[\"%s / 3-degree Gauss-Kruger CM %s%s\",\n"
+    "%s,\n"
+    "UNIT[\"metre\",1],\n"
+    "PROJECTION[\"Transverse_Mercator\"],\n"
+    "PARAMETER[\"latitude_of_origin\",0],\n"
+    "PARAMETER[\"central_meridian\",%s],\n"
+    "PARAMETER[\"scale_factor\",%s],\n"
+    "PARAMETER[\"false_easting\",%s],\n"
+    "PARAMETER[\"false_northing\",%s],\n"
+    "AXIS[\"Y\",EAST],\n"
+    "AXIS[\"X\",NORTH]]";
+constexpr int kTextSize = 1024;
+constexpr int kDecimals = 6;
+
+bool CheckProjection(const CWKTDef& root, CQNString& error) {
+  const CWKTDef* projection = root.Find("PROJCS\\PROJECTION");
+  const CWKTDefValue* name = projection == nullptr ? nullptr : projection->FirstValue();
+  if (name == nullptr || name->Kind() != WktKind::kQuotedText) {
+    error = geo_messages::kNoProjection;
+    return false;
+  }
+  if (name->Text().CompareNoCase("Transverse_Mercator") != 0) {
+    error.Format(geo_messages::kWrongProjection, static_cast<const char*>(name->Text()));
+    return false;
+  }
+  return true;
+}
+
+bool ReadParameter(const CWKTDef& root, const char* name, const char* missing, double& field,
+                   CQNString& error) {
+  if (root.FindParameter(name, field)) return true;
+  error = missing;
+  return false;
+}
+
+}  // namespace
+
+}  // namespace quarnfc
+
+using quarnfc::WktNumber;
+
+char* CQNProCoordinateSystem::CreateWKT() const {
+  using quarnfc::kDecimals;
+  const quarnfc::OwnedText geographic(geo_.CreateWKT());
+  const WktNumber absolute_meridian(std::fabs(central_meridian_), kDecimals);
+  const WktNumber meridian(central_meridian_, kDecimals);
+  const WktNumber scale(scale_factor_, kDecimals);
+  const WktNumber easting(false_easting_, kDecimals);
+  const WktNumber northing(false_northing_, kDecimals);
+  CQNString text;
+  text.Format(quarnfc::kTemplate, quarnfc::FindKnownSystem(geo_).projection,
+              absolute_meridian.Text(), central_meridian_ < 0.0 ? "W" : "E", geographic.get(),
+              meridian.Text(), scale.Text(), easting.Text(), northing.Text());
+  return quarnfc::CutToBuffer(text, quarnfc::kTextSize).release();
+}
+
+// Each value goes straight into its field: deliberately, a failure leaves what was read before it.
+bool CQNProCoordinateSystem::SetFromWKTW(const wchar_t* wkt, wchar_t** errorMessage) {
+  using namespace quarnfc;
+  using namespace quarnfc::geo_messages;
+  CWKTDef root;
+  CQNString error;
+  const bool read =
+      ReadWkt(wkt, root, error) && ReadSpheroid(root, geo_, error) &&
+      CheckProjection(root, error) &&
+      ReadParameter(root, "central_meridian", kNoCentralMeridian, central_meridian_, error) &&
+      ReadParameter(root, "false_easting", kNoFalseEasting, false_easting_, error) &&
+      ReadParameter(root, "false_northing", kNoFalseNorthing, false_northing_, error) &&
+      ReadParameter(root, "scale_factor", kNoScaleFactor, scale_factor_, error);
+  return read || ReportFailure(error, errorMessage);
+}
+
+bool CQNProCoordinateSystem::SetFromWKTA(const char* wkt, char** errorMessage) {
+  return quarnfc::SetFromAnsiWkt(*this, wkt, errorMessage);
+}
