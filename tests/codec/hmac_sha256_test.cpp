@@ -90,7 +90,7 @@ TEST(HmacSha256, KeyAboveOneBlockIsReplacedByItsDigest) {
   // SHA-256 of 65 letters "a".
   const std::string digest_of_key =
       "\x63\x53\x61\xc4\x8b\xb9\xea\xb1\x41\x98\xe7\x6e\xa8\xab\x7f\x1a\x41\x68\x5d\x6a\xd6\x2a\xa9"
-      "\x14\x63\x01\xd4\xf1\x7e\xb0\xae\xe0";
+      "\x14\x6d\x30\x1d\x4f\x17\xeb\x0a\xe0";
   EXPECT_EQ(Hmac(std::string(65, 'a'), "data"), Hmac(digest_of_key, "data"));
 }
 

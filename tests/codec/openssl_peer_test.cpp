@@ -31,8 +31,9 @@ Bytes PeerMd5(const Bytes& data) {
 
 Bytes PeerHmac(const Bytes& key, const Bytes& data) {
   Bytes digest(32);
-  HMAC(EVP_sha256(), key.data(), static_cast<int>(key.size()), data.data(), data.size(),
-       digest.data(), nullptr);
+  const unsigned char none = 0;  // the peer takes a null key for the one of the call before
+  HMAC(EVP_sha256(), key.empty() ? &none : key.data(), static_cast<int>(key.size()), data.data(),
+       data.size(), digest.data(), nullptr);
   return digest;
 }
 
