@@ -4,6 +4,17 @@ namespace qn {
 
 // One line for each family here, and one in the list.
 
-std::span<const Command> Commands() { return {}; }
+extern const Command kBase32Command;
+extern const Command kBase64Command;
+extern const Command kCsvCommand;
+extern const Command kHashCommand;
+extern const Command kTimeCommand;
+
+std::span<const Command> Commands() {
+  static const Command kAll[] = {
+      kBase32Command, kBase64Command, kCsvCommand, kHashCommand, kTimeCommand,
+  };
+  return kAll;
+}
 
 }  // namespace qn

@@ -1,0 +1,47 @@
+#include "input_stream.h"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+
+#include "errors.h"
+
+namespace qn {
+namespace {
+
+std::string NameOf(const std::string& path) {
+  return path == "-" ? "standard input" : DisplayText(path);
+}
+
+// 0 where there is no size, as for a pipe.
+unsigned long long SizeOf(const std::string& path) {
+  std::error_code error;
+  const auto size = std::filesystem::file_size(path, error);
+  return error ? 0 : size;
+}
+
+[[noreturn]] void Fail(const char* what, const std::string& name) {
+  throw Failure(what + name + ": " + std::strerror(errno));
+}
+
+}  // namespace
+
+InputStream::InputStream(const std::string& path)
+    : name_(NameOf(path)),
+      file_(path == "-" ? stdin : std::fopen(path.c_str(), "rb")),
+      progress_(name_) {
+  if (file_ == nullptr) Fail("cannot open ", name_);
+  if (path != "-") total_ = SizeOf(path);
+}
+
+std::string InputStream::Read(std::size_t size) {
+  std::string bytes(size, '\0');
+  bytes.resize(std::fread(bytes.data(), 1, size, file_.get()));
+  if (bytes.size() < size && std::ferror(file_.get()) != 0) Fail("cannot read ", name_);
+  done_ += bytes.size();
+  progress_.Update(done_, total_);
+  return bytes;
+}
+
+}  // namespace qn
