@@ -30,11 +30,6 @@ class Sha256 {
   unsigned char pending_[kBlockBytes];  // the first message_bytes_ % 64 are an incomplete block
 };
 
-// Takes whole blocks into the state.
-using Sha256Compress = void (*)(Sha256::State& state, const unsigned char* blocks,
-                                std::size_t count);
-void Sha256CompressPlain(Sha256::State& state, const unsigned char* blocks, std::size_t count);
-
 }  // namespace quarnfc
 
 #endif  // QUARNFC_CODEC_SHA256_H_

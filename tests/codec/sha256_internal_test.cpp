@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "codec/sha256_compress.h"
+#include "platform/cpu.h"
 #include "tests/codec/results.h"
 
 namespace {
@@ -44,6 +46,18 @@ TEST(Sha256, PiecesOfAnySizeGiveTheDigestOfTheWhole) {
       hash.Update(data.data() + at, std::min(piece, data.size() - at));
     }
     EXPECT_EQ(Hex(hash.Finish()), whole) << piece;
+  }
+}
+
+TEST(Sha256, PlainCodeAndShaExtensionsAgree) {
+  if (!quarnfc::CpuHasSha()) GTEST_SKIP() << "the processor has no SHA extensions";
+  for (unsigned blocks = 0; blocks <= 20; ++blocks) {
+    const codec_test::Bytes data = codec_test::RandomBytes(blocks * Sha256::kBlockBytes, blocks);
+    Sha256::State plain = {1, 2, 3, 4, 5, 6, 7, 0xFFFFFFFF};
+    Sha256::State extended = plain;
+    quarnfc::Sha256CompressPlain(plain, data.data(), blocks);
+    quarnfc::Sha256CompressX86(extended, data.data(), blocks);
+    EXPECT_EQ(extended, plain) << blocks;
   }
 }
 

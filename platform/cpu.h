@@ -1,0 +1,13 @@
+// What the processor offers beyond the x86-64 baseline.
+#ifndef QUARNFC_PLATFORM_CPU_H_
+#define QUARNFC_PLATFORM_CPU_H_
+
+namespace quarnfc {
+
+// The instructions that codec/sha256_x86.cpp is compiled for.
+bool CpuHasSha();  // the SHA extensions, with SSE4.1
+bool CpuHasSsse3();
+
+}  // namespace quarnfc
+
+#endif  // QUARNFC_PLATFORM_CPU_H_
