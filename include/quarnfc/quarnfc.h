@@ -12,6 +12,7 @@
 #include <quarnfc/error_json.h>
 #include <quarnfc/export.h>
 #include <quarnfc/fixed_alloc.h>
+#include <quarnfc/geographic.h>
 #include <quarnfc/hmac_sha256.h>
 #include <quarnfc/internet.h>
 #include <quarnfc/internet_exception.h>
@@ -20,7 +21,6 @@
 #include <quarnfc/json_object.h>
 #include <quarnfc/json_value.h>
 #include <quarnfc/md5.h>
-#include <quarnfc/geographic.h>
 #include <quarnfc/object.h>
 #include <quarnfc/object_collection.h>
 #include <quarnfc/plain.h>

@@ -85,7 +85,8 @@ int RunHead(std::span<const std::string> arguments) {
 int RunColumns(std::span<const std::string> arguments) {
   const Options options(arguments, {});
   options.ExpectPositional(1, 1);
-  for (const CQNString& name : CsvInput(options.Positional()[0]).Header()) PrintLine(View(name));
+  const CsvInput input(options.Positional()[0]);
+  for (const CQNString& name : input.Header()) PrintLine(View(name));
   return kSuccess;
 }
 
