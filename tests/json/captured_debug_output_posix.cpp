@@ -1,0 +1,19 @@
+#include "platform/posix/debug_output.h"
+#include "tests/json/captured_debug_output.h"
+
+namespace {
+
+std::vector<std::string> g_texts;
+
+void Keep(const char* text) { g_texts.push_back(text); }
+
+}  // namespace
+
+CapturedDebugOutput::CapturedDebugOutput() {
+  g_texts.clear();
+  quarnfc::SetDebugOutputObserver(Keep);
+}
+
+CapturedDebugOutput::~CapturedDebugOutput() { quarnfc::SetDebugOutputObserver(nullptr); }
+
+const std::vector<std::string>& CapturedDebugOutput::Texts() const { return g_texts; }
