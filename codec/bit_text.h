@@ -14,7 +14,10 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <limits>
+#include <type_traits>
+#include <utility>
 
 #include "codec/result_buffer.h"
 
@@ -61,18 +64,35 @@ constexpr std::uint64_t DecodedCapacity(std::uint64_t length) {
   return (length * Alphabet::kBits >> 3) + 1;
 }
 
+// Calls action with 0 to Count - 1 as compile-time constants: a loop that is always unrolled.
+template <int Count, class Action>
+void ForEach(const Action& action) {
+  [&]<int... I>(std::integer_sequence<int, I...>) {
+    (action(std::integral_constant<int, I>{}), ...);
+  }
+  (std::make_integer_sequence<int, Count>{});
+}
+
+// A faster way for the start of the data or text. Each function returns how many whole groups it
+// has done, which may be none; the plain loop goes on from there. Specialised where there is one.
+template <class Alphabet, class Char>
+struct FastPath {
+  static std::uint64_t Encode(const unsigned char*, std::uint64_t, Char*) { return 0; }
+  static std::uint64_t Decode(const Char*, std::uint64_t, unsigned char*) { return 0; }
+};
+
 // --- encoding ---------------------------------------------------------------------------------
 
 // Writes the characters of one whole group.
 template <class Alphabet, class Char>
 void EncodeGroup(const unsigned char* data, Char* text) {
   std::uint64_t group = 0;
-  for (int i = 0; i < Alphabet::kGroupBytes; ++i) group = group << 8 | data[i];
-  for (int k = 0; k < Alphabet::kGroupChars; ++k) {
-    const int shift = Alphabet::kBits * (Alphabet::kGroupChars - 1 - k);
-    const auto value = group >> shift & ((1u << Alphabet::kBits) - 1);
+  ForEach<Alphabet::kGroupBytes>([&](auto i) { group = group << 8 | data[i]; });
+  ForEach<Alphabet::kGroupChars>([&](auto k) {
+    constexpr int kShift = Alphabet::kBits * (Alphabet::kGroupChars - 1 - k);
+    const auto value = group >> kShift & ((1u << Alphabet::kBits) - 1);
     text[k] = static_cast<Char>(Alphabet::kCharacters[value]);
-  }
+  });
 }
 
 // Writes the characters of an incomplete last group of size bytes, missing bits as zeros; returns
@@ -98,8 +118,10 @@ Char* EncodeBits(const unsigned char* data, unsigned int size) noexcept {
   Char* const text = TryAllocResult<Char>(capacity);
   if (text == nullptr) return nullptr;
 
-  Char* end = text;
+  const std::uint64_t done = FastPath<Alphabet, Char>::Encode(data, size, text);
+  Char* end = text + done * Alphabet::kGroupChars;
   const unsigned char* const groups_end = data + (size - size % Alphabet::kGroupBytes);
+  data += done * Alphabet::kGroupBytes;
   for (; data != groups_end; data += Alphabet::kGroupBytes, end += Alphabet::kGroupChars) {
     EncodeGroup<Alphabet>(data, end);
   }
@@ -110,13 +132,31 @@ Char* EncodeBits(const unsigned char* data, unsigned int size) noexcept {
 
 // --- decoding ---------------------------------------------------------------------------------
 
+inline std::uint64_t LengthOf(const char* text) { return std::strlen(text); }
+inline std::uint64_t LengthOf(const wchar_t* text) { return WideLength(text); }
+
+// The count of characters to decode: 0 asks for all up to the terminator.
 template <class Char>
 std::uint64_t TextLength(const Char* text, unsigned int length) {
   if (text == nullptr) return 0;
-  if (length != 0) return length;
-  const Char* end = text;
-  while (*end != Char{}) ++end;
-  return static_cast<std::uint64_t>(end - text);
+  return length != 0 ? length : LengthOf(text);
+}
+
+// Decodes one group; false, with nothing stored, when it holds a pad or foreign character.
+template <class Alphabet, class Char>
+bool DecodeGroup(const Char* text, unsigned char* data) {
+  std::uint64_t group = 0;
+  unsigned all = 0;
+  ForEach<Alphabet::kGroupChars>([&](auto k) {
+    const unsigned value = ValueOf<Alphabet>(text[k]);
+    all |= value;
+    group = group << Alphabet::kBits | value;
+  });
+  if ((all & kForeign) != 0) return false;
+  ForEach<Alphabet::kGroupBytes>([&](auto i) {
+    data[i] = static_cast<unsigned char>(group >> 8 * (Alphabet::kGroupBytes - 1 - i));
+  });
+  return true;
 }
 
 // Decodes whole groups up to the first that holds a pad or foreign character; returns the number
@@ -124,18 +164,11 @@ std::uint64_t TextLength(const Char* text, unsigned int length) {
 template <class Alphabet, class Char>
 std::uint64_t DecodeGroups(const Char* text, std::uint64_t length, unsigned char* data) {
   const std::uint64_t groups = length / Alphabet::kGroupChars;
-  for (std::uint64_t i = 0; i < groups; ++i) {
-    std::uint64_t group = 0;
-    unsigned all = 0;
-    for (int k = 0; k < Alphabet::kGroupChars; ++k) {
-      const unsigned value = ValueOf<Alphabet>(text[k]);
-      all |= value;
-      group = group << Alphabet::kBits | value;
-    }
-    if ((all & kForeign) != 0) return i;
-    for (int k = Alphabet::kGroupBytes - 1; k >= 0; --k, group >>= 8) {
-      data[k] = static_cast<unsigned char>(group);
-    }
+  const std::uint64_t done = FastPath<Alphabet, Char>::Decode(text, length, data);
+  text += done * Alphabet::kGroupChars;
+  data += done * Alphabet::kGroupBytes;
+  for (std::uint64_t i = done; i < groups; ++i) {
+    if (!DecodeGroup<Alphabet>(text, data)) return i;
     text += Alphabet::kGroupChars;
     data += Alphabet::kGroupBytes;
   }
@@ -163,12 +196,15 @@ int DecodeRemainder(const Char* text, std::uint64_t length, unsigned char* data)
   return count;
 }
 
-// Decodes into a zero-filled buffer; returns the number of bytes, or -1 when the text is refused.
+// Decodes into data, capacity bytes, and fills up with zeros; returns the number of bytes, or -1
+// when the text is refused.
 template <class Alphabet, class Char>
-int DecodeInto(unsigned char* data, const Char* text, std::uint64_t length) {
+int DecodeInto(unsigned char* data, std::uint64_t capacity, const Char* text,
+               std::uint64_t length) {
   const std::uint64_t groups = DecodeGroups<Alphabet>(text, length, data);
   const std::uint64_t decoded = groups * Alphabet::kGroupBytes;
   const std::uint64_t consumed = groups * Alphabet::kGroupChars;
+  std::fill(data + decoded, data + capacity, static_cast<unsigned char>(0));
   const int rest = DecodeRemainder<Alphabet>(text + consumed, length - consumed, data + decoded);
   if (rest < 0 || decoded + rest > std::numeric_limits<int>::max()) return -1;
   return static_cast<int>(decoded) + rest;
@@ -184,8 +220,7 @@ int DecodeBits(const Char* text, unsigned int length, unsigned char** data) noex
   auto* const buffer = TryAllocResult<unsigned char>(capacity);
   if (buffer == nullptr) return 0;
 
-  std::fill(buffer, buffer + capacity, static_cast<unsigned char>(0));
-  const int count = DecodeInto<Alphabet>(buffer, text, characters);
+  const int count = DecodeInto<Alphabet>(buffer, capacity, text, characters);
   if (count < 0) {
     FreeBuffer(buffer);
     return 0;

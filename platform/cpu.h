@@ -4,9 +4,9 @@
 
 namespace quarnfc {
 
-// The instructions that codec/sha256_x86.cpp is compiled for.
-bool CpuHasSha();  // the SHA extensions, with SSE4.1
+// The instructions that codec/base64_x86.cpp and codec/sha256_x86.cpp are compiled for.
 bool CpuHasSsse3();
+bool CpuHasSha();  // the SHA extensions, with SSE4.1
 
 }  // namespace quarnfc
 
