@@ -57,7 +57,7 @@ TEST(BitText, ResultThatCannotBeHadIsNull) {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
   GTEST_SKIP() << "the sanitizer ends the process instead";
 #endif
-  EXPECT_EQ(TryAllocResult<char>(std::uint64_t{1} << 46), nullptr);
+  EXPECT_EQ(TryAllocResult<char>(std::uint64_t{1} << 62), nullptr);
 }
 
 }  // namespace

@@ -28,6 +28,9 @@ class TimeZone {
   // An empty zone means the one of the system.
   static void Set(const std::string& zone) {
 #if defined(_WIN32)
+    // A zone from the environment leaves the summer-time offset of the zone before, which is 0
+    // where that had no summer time.
+    _dstbias = -3600;
     _putenv(("TZ=" + zone).c_str());
     _tzset();
 #else
