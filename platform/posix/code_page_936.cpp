@@ -36,7 +36,6 @@ class GbkConverter {
     char* target = reinterpret_cast<char*>(units);
     std::size_t source_left = sizeof(pair);
     std::size_t target_left = sizeof(units);
-    iconv(handle_, nullptr, nullptr, nullptr, nullptr);
     if (iconv(handle_, &source, &source_left, &target, &target_left) != 0 || source_left != 0 ||
         target_left != 2) {
       return false;

@@ -53,7 +53,8 @@ template <typename Output>
 bool CodePage936::Decode(const unsigned char* source, const unsigned char* end,
                          Output& output) const {
   while (source != end) {
-    if (const std::size_t run = AsciiRunLength(source, end)) {
+    if (*source < 0x80) {
+      const std::size_t run = AsciiRunLength(source, end);
       if (!output.PutRun(source, run)) {
         return false;
       }
@@ -73,7 +74,8 @@ bool CodePage936::Decode(const unsigned char* source, const unsigned char* end,
 template <typename Output>
 bool CodePage936::Encode(const wchar_t* source, const wchar_t* end, Output& output) const {
   while (source != end) {
-    if (const std::size_t run = AsciiRunLength(source, end)) {
+    if (*source < 0x80) {
+      const std::size_t run = AsciiRunLength(source, end);
       if (!output.PutRun(source, run)) {
         return false;
       }

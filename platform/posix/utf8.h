@@ -93,7 +93,8 @@ bool PutUtf8(char32_t character, Output& output) {
 template <typename Output>
 bool DecodeUtf8(const unsigned char* source, const unsigned char* end, Output& output) {
   while (source != end) {
-    if (const std::size_t run = AsciiRunLength(source, end)) {
+    if (*source < 0x80) {
+      const std::size_t run = AsciiRunLength(source, end);
       if (!output.PutRun(source, run)) {
         return false;
       }
@@ -110,7 +111,8 @@ bool DecodeUtf8(const unsigned char* source, const unsigned char* end, Output& o
 template <typename Output>
 bool EncodeUtf8(const wchar_t* source, const wchar_t* end, Output& output) {
   while (source != end) {
-    if (const std::size_t run = AsciiRunLength(source, end)) {
+    if (*source < 0x80) {
+      const std::size_t run = AsciiRunLength(source, end);
       if (!output.PutRun(source, run)) {
         return false;
       }

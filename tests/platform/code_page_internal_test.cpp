@@ -1,7 +1,7 @@
 // What MultiByteToWideChar and WideCharToMultiByte do with their arguments, whatever the code page.
 #include <gtest/gtest.h>
 
-#include <string>
+#include <random>
 #include <vector>
 
 #include "platform/platform.h"
@@ -82,6 +82,40 @@ TEST(CodePage, SurrogatePairNeedsRoomForBoth) {
   SetLastError(0);
   EXPECT_EQ(0, MultiByteToWideChar(CP_UTF8, 0, "\xF0\x9F\x98\x80", 4, units, 1));
   EXPECT_EQ(DWORD{ERROR_INSUFFICIENT_BUFFER}, GetLastError());
+}
+
+// Every capacity below the size that was asked for is too small, and every other is enough. The
+// sources are on the heap without a byte to spare, where a sanitizer sees any step beyond them.
+TEST(CodePage, SizeAskedForIsTheSmallestThatIsEnough) {
+  if (quarnfc_test::RunsUnderWine()) {
+    GTEST_SKIP() << "Wine reports half a surrogate pair as a success";
+  }
+  constexpr char kBytes[] = "a\x40\x5C\x7F\x80\x8F\xB0\xBF\xC3\xE4\xED\xF0\xF4\xFE\xFF";
+  std::mt19937 random;
+  for (int round = 0; round < 20'000; ++round) {
+    std::vector<char> source(1 + random() % 12);
+    for (char& byte : source) {
+      byte = kBytes[random() % sizeof(kBytes)];
+    }
+    const int length = static_cast<int>(source.size());
+    const UINT code_page = kCodePages[round % 2];
+    const int size = MultiByteToWideChar(code_page, 0, source.data(), length, nullptr, 0);
+    std::vector<wchar_t> units;
+    for (int capacity = 1; capacity <= size + 1; ++capacity) {
+      units.assign(static_cast<std::size_t>(capacity), 0);
+      const int expected = capacity < size ? 0 : size;
+      ASSERT_EQ(expected,
+                MultiByteToWideChar(code_page, 0, source.data(), length, units.data(), capacity));
+    }
+    const int byte_size =
+        WideCharToMultiByte(code_page, 0, units.data(), size, nullptr, 0, nullptr, nullptr);
+    for (int capacity = 1; capacity <= byte_size + 1; ++capacity) {
+      std::vector<char> bytes(static_cast<std::size_t>(capacity));
+      const int expected = capacity < byte_size ? 0 : byte_size;
+      ASSERT_EQ(expected, WideCharToMultiByte(code_page, 0, units.data(), size, bytes.data(),
+                                              capacity, nullptr, nullptr));
+    }
+  }
 }
 
 struct BadCall {
