@@ -2,6 +2,7 @@
 #ifndef QUARNFC_CORE_MULTIBYTE_H_
 #define QUARNFC_CORE_MULTIBYTE_H_
 
+#include "platform/multibyte.h"
 #include "platform/platform.h"
 
 namespace quarnfc {

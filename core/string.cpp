@@ -148,11 +148,11 @@ CQNString operator+(char left, const CQNString& right) {
 // --- comparison ---------------------------------------------------------------------------------
 
 int CQNString::Compare(const char* text) const {
-  return _mbscmp(quarnfc::Bytes(Text()), quarnfc::Bytes(text));
+  return quarnfc::MbsCmp(quarnfc::Bytes(Text()), quarnfc::Bytes(text));
 }
 
 int CQNString::CompareNoCase(const char* text) const {
-  return _mbsicmp(quarnfc::Bytes(Text()), quarnfc::Bytes(text));
+  return quarnfc::MbsICmp(quarnfc::Bytes(Text()), quarnfc::Bytes(text));
 }
 
 int CQNString::Collate(const char* text) const {

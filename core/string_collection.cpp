@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "core/memory.h"
-#include "platform/platform.h"
+#include "platform/multibyte.h"
 
 namespace {
 
@@ -43,7 +43,7 @@ char* CQNStringCollection::GetStr(int index) const { return ToText(Item(index));
 
 int CQNStringCollection::Find(const char* text, bool caseSensitive, int start) const {
   if (text == nullptr) return -1;
-  const auto compare = caseSensitive ? _mbscmp : _mbsicmp;
+  const auto compare = caseSensitive ? quarnfc::MbsCmp : quarnfc::MbsICmp;
   const auto* sought = reinterpret_cast<const unsigned char*>(text);
   for (int i = std::max(start, 0); i < Count(); ++i) {
     const auto* candidate = reinterpret_cast<const unsigned char*>(GetStr(i));

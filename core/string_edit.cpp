@@ -47,7 +47,7 @@ std::vector<int> Occurrences(const char* text, int length, const char* sub, int 
   const char* p = text;
   const char* end = text + length;
   while (p < end) {
-    const unsigned char* hit = _mbsstr(Bytes(p), Bytes(sub));
+    const unsigned char* hit = quarnfc::MbsStr(Bytes(p), Bytes(sub));
     if (hit != nullptr) {
       positions.push_back(static_cast<int>(hit - Bytes(text)));
       p = text + positions.back() + sub_length;
@@ -197,17 +197,17 @@ void CQNString::SetAt(int index, char ch) {
 
 void CQNString::MakeUpper() {
   quarnfc::Unshare(Text());
-  _mbsupr(Bytes(Text()));
+  quarnfc::MbsUpr(Bytes(Text()));
 }
 
 void CQNString::MakeLower() {
   quarnfc::Unshare(Text());
-  _mbslwr(Bytes(Text()));
+  quarnfc::MbsLwr(Bytes(Text()));
 }
 
 void CQNString::MakeReverse() {
   quarnfc::Unshare(Text());
-  _mbsrev(Bytes(Text()));
+  quarnfc::MbsRev(Bytes(Text()));
 }
 
 void CQNString::CharToOemA() {

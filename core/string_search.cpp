@@ -22,7 +22,7 @@ int CQNString::Find(char ch) const { return Find(ch, 0); }
 int CQNString::Find(char ch, int start) const {
   start = std::max(start, 0);
   if (start >= GetLength()) return -1;
-  return IndexOf(Text(), _mbschr(Bytes(Text() + start), static_cast<unsigned char>(ch)));
+  return IndexOf(Text(), quarnfc::MbsChr(Bytes(Text() + start), static_cast<unsigned char>(ch)));
 }
 
 int CQNString::Find(const char* text) const { return Find(text, 0); }
@@ -31,15 +31,15 @@ int CQNString::Find(const char* text, int start) const {
   start = std::max(start, 0);
   if (text == nullptr || start > GetLength()) return -1;
   if (*text == '\0') return start;
-  return IndexOf(Text(), _mbsstr(Bytes(Text() + start), Bytes(text)));
+  return IndexOf(Text(), quarnfc::MbsStr(Bytes(Text() + start), Bytes(text)));
 }
 
 int CQNString::ReverseFind(char ch) const {
-  return IndexOf(Text(), _mbsrchr(Bytes(Text()), static_cast<unsigned char>(ch)));
+  return IndexOf(Text(), quarnfc::MbsRChr(Bytes(Text()), static_cast<unsigned char>(ch)));
 }
 
 int CQNString::FindOneOf(const char* set) const {
-  return IndexOf(Text(), _mbspbrk(Bytes(Text()), Bytes(set)));
+  return IndexOf(Text(), quarnfc::MbsPBrk(Bytes(Text()), Bytes(set)));
 }
 
 CQNString CQNString::Mid(int first, int count) const {
@@ -61,9 +61,9 @@ CQNString CQNString::Right(int count) const {
 }
 
 CQNString CQNString::SpanIncluding(const char* set) const {
-  return Left(static_cast<int>(_mbsspn(Bytes(Text()), Bytes(set))));
+  return Left(static_cast<int>(quarnfc::MbsSpn(Bytes(Text()), Bytes(set))));
 }
 
 CQNString CQNString::SpanExcluding(const char* set) const {
-  return Left(static_cast<int>(_mbscspn(Bytes(Text()), Bytes(set))));
+  return Left(static_cast<int>(quarnfc::MbsCSpn(Bytes(Text()), Bytes(set))));
 }

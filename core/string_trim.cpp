@@ -20,7 +20,8 @@ struct StartsWith {
 struct IsInSet {
   const char* set;
   bool operator()(const char* p, int width) const {
-    return *p != '\0' && _mbschr(quarnfc::Bytes(set), quarnfc::CharCode(p, width)) != nullptr;
+    return *p != '\0' &&
+           quarnfc::MbsChr(quarnfc::Bytes(set), quarnfc::CharCode(p, width)) != nullptr;
   }
 };
 

@@ -6,6 +6,7 @@
 
 #include <limits>
 
+#include "platform/multibyte.h"
 #include "platform/platform.h"
 
 namespace quarnfc {
@@ -50,7 +51,8 @@ PathParts::PathParts(const char* path) { Cut(path); }
 void PathParts::Next() { Cut(rest_); }
 
 void PathParts::Cut(const char* part) {
-  const unsigned char* separator = _mbschr(reinterpret_cast<const unsigned char*>(part), '\\');
+  const unsigned char* separator =
+      quarnfc::MbsChr(reinterpret_cast<const unsigned char*>(part), '\\');
   if (separator == nullptr) {
     key_ = part;
     rest_ = nullptr;

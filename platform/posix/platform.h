@@ -68,25 +68,12 @@ BOOL OemToCharA(LPCSTR source, LPSTR destination);
 // Upper case of UTF-16 text in place; returns length.
 DWORD CharUpperBuffW(LPWSTR text, DWORD length);
 
-// --- multibyte run-time functions, code page 936 ----------------------------------------------
+// --- multibyte run-time functions, code page 936; the others are in platform/multibyte.h ------
 
-int _ismbblead(unsigned int byte);
+inline int _ismbblead(unsigned int byte) { return byte % 0x100 >= 0x81 && byte % 0x100 <= 0xFE; }
 int _ismbcspace(unsigned int ch);
-std::size_t _mbclen(const unsigned char* ch);
-unsigned char* _mbsinc(const unsigned char* text);
-unsigned char* _mbschr(const unsigned char* text, unsigned int ch);
-unsigned char* _mbsrchr(const unsigned char* text, unsigned int ch);
-unsigned char* _mbsstr(const unsigned char* text, const unsigned char* sub);
-unsigned char* _mbspbrk(const unsigned char* text, const unsigned char* set);
-std::size_t _mbsspn(const unsigned char* text, const unsigned char* set);
-std::size_t _mbscspn(const unsigned char* text, const unsigned char* set);
-int _mbscmp(const unsigned char* left, const unsigned char* right);
-int _mbsicmp(const unsigned char* left, const unsigned char* right);
 int _mbscoll(const unsigned char* left, const unsigned char* right);
 int _mbsicoll(const unsigned char* left, const unsigned char* right);
-unsigned char* _mbsupr(unsigned char* text);
-unsigned char* _mbslwr(unsigned char* text);
-unsigned char* _mbsrev(unsigned char* text);
 
 // --- system strings ---------------------------------------------------------------------------
 

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "platform/module.h"
+#include "platform/multibyte.h"
 #include "platform/platform.h"
 
 #include <dbghelp.h>
@@ -58,7 +59,8 @@ bool FindLibraryFolder(char* folder, std::size_t capacity) {
   const DWORD length = GetModuleFileNameA(static_cast<HMODULE>(ModuleHandle()), folder, size);
   if (length == 0 || length >= size) return false;
   // By characters: the second byte of a double-byte character may be a backslash.
-  unsigned char* separator = _mbsrchr(reinterpret_cast<unsigned char*>(folder), kFolderSeparator);
+  unsigned char* separator =
+      quarnfc::MbsRChr(reinterpret_cast<unsigned char*>(folder), kFolderSeparator);
   if (separator == nullptr) return false;
   separator[1] = '\0';
   return true;

@@ -5,7 +5,6 @@
 
 #include <string>
 
-#include "tests/core/host.h"
 #include "tests/core/text.h"
 
 namespace {
@@ -46,7 +45,6 @@ TEST(StringCase, NeverTouchesTheSecondByteOfACharacter) {
 
 // Letters of two bytes have a case too: full-width Latin, Greek and Cyrillic.
 TEST(StringCase, MakesDoubleByteLettersUpperAndLower) {
-  if (host_test::RunsUnderWine()) GTEST_SKIP() << "Wine's run-time leaves double-byte letters";
   const struct {
     const char* lower;
     const char* upper;

@@ -1,5 +1,4 @@
-#include "platform/posix/multibyte_character.h"
-#include "platform/posix/platform.h"
+#include "platform/code_page_936_case.h"
 
 namespace quarnfc {
 
@@ -19,23 +18,9 @@ constexpr LetterRange kDoubleByteLetters[] = {
     {0xA7A1, 0xA7C1, 0xA7D1u - 0xA7A1u},  // Cyrillic
 };
 
-// Writes the mapped characters back over the text; a mapping keeps the size of a character.
-template <typename Mapping>
-unsigned char* MapCharacters(unsigned char* text, Mapping mapping) {
-  for (unsigned char* position = text; *position != 0;) {
-    const MultibyteCharacter character = CharacterAt(position);
-    const unsigned int mapped = mapping(character.value);
-    if (character.size == 2) {
-      *position++ = static_cast<unsigned char>(mapped >> 8);
-    }
-    *position++ = static_cast<unsigned char>(mapped);
-  }
-  return text;
-}
-
 }  // namespace
 
-unsigned int ToLowerCharacter(unsigned int value) {
+unsigned int ToLowerIn936(unsigned int value) {
   if (value <= 0xFF) {
     return value >= 'A' && value <= 'Z' ? value + ('a' - 'A') : value;
   }
@@ -47,7 +32,7 @@ unsigned int ToLowerCharacter(unsigned int value) {
   return value;
 }
 
-unsigned int ToUpperCharacter(unsigned int value) {
+unsigned int ToUpperIn936(unsigned int value) {
   if (value <= 0xFF) {
     return value >= 'a' && value <= 'z' ? value - ('a' - 'A') : value;
   }
@@ -61,11 +46,3 @@ unsigned int ToUpperCharacter(unsigned int value) {
 }
 
 }  // namespace quarnfc
-
-unsigned char* _mbsupr(unsigned char* text) {
-  return quarnfc::MapCharacters(text, quarnfc::ToUpperCharacter);
-}
-
-unsigned char* _mbslwr(unsigned char* text) {
-  return quarnfc::MapCharacters(text, quarnfc::ToLowerCharacter);
-}

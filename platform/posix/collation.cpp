@@ -1,32 +1,18 @@
-// Comparisons of texts in code page 936. An incomplete character ends its text.
-#include "platform/posix/multibyte_character.h"
+// Comparisons by the order of the Chinese locale as far as it follows from the code page: symbols,
+// digits, Latin letters, everything else by code, which for the 3755 common Chinese characters is
+// by Pinyin. Only texts that are equal by that are told apart by width and case, half-width and
+// lower case first.
+#include "platform/code_page_936_case.h"
+#include "platform/multibyte_character.h"
 #include "platform/posix/platform.h"
 
 namespace {
 
 using quarnfc::TakeForComparison;
-using quarnfc::ToLowerCharacter;
 
 int Order(unsigned int left, unsigned int right) {
   return left == right ? 0 : left > right ? 1 : -1;
 }
-
-template <typename Mapping>
-int Compare(const unsigned char* left, const unsigned char* right, Mapping mapping) {
-  for (;;) {
-    const unsigned int left_value = mapping(TakeForComparison(left));
-    const unsigned int right_value = mapping(TakeForComparison(right));
-    if (left_value != right_value || left_value == 0) {
-      return Order(left_value, right_value);
-    }
-  }
-}
-
-// --- collation --------------------------------------------------------------------------------
-// The order of the Chinese locale as far as it follows from the code page: symbols, digits, Latin
-// letters, everything else by code, which for the 3755 common Chinese characters is by Pinyin.
-// Only texts that are equal by that are told apart by width and case, half-width and lower case
-// first.
 
 struct Weight {
   unsigned int primary;
@@ -51,7 +37,7 @@ Weight WeightOf(unsigned int value, bool ignore_case) {
   }
   const bool is_full_width = value >= 0xA3A1 && value <= 0xA3FE;
   const unsigned int narrow = is_full_width ? value - 0xA3A1 + '!' : value;
-  const unsigned int folded = ToLowerCharacter(narrow);
+  const unsigned int folded = quarnfc::ToLowerIn936(narrow);
   const bool is_upper = folded != narrow && !ignore_case;
   return {GroupOf(folded) << 16 | folded, (is_full_width ? 2u : 0u) + (is_upper ? 1u : 0u)};
 }
@@ -74,14 +60,6 @@ int Collate(const unsigned char* left, const unsigned char* right, bool ignore_c
 }
 
 }  // namespace
-
-int _mbscmp(const unsigned char* left, const unsigned char* right) {
-  return Compare(left, right, [](unsigned int value) { return value; });
-}
-
-int _mbsicmp(const unsigned char* left, const unsigned char* right) {
-  return Compare(left, right, ToLowerCharacter);
-}
 
 int _mbscoll(const unsigned char* left, const unsigned char* right) {
   return Collate(left, right, false);

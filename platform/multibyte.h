@@ -1,0 +1,43 @@
+// The multibyte string functions of the run-time library under names of this library. They are
+// written here for every target because run-time libraries disagree about an incomplete character,
+// a lead byte in front of the terminator: some read, or write, beyond the terminator behind it, and
+// some search bytes instead of characters. None of these does.
+//
+// Texts are zero-terminated and in the process ANSI code page. A character code is a byte, or
+// lead << 8 | trail. An incomplete character is found by no search, ends its text in a comparison
+// and is left alone otherwise.
+#ifndef QUARNFC_PLATFORM_MULTIBYTE_H_
+#define QUARNFC_PLATFORM_MULTIBYTE_H_
+
+#include <cstddef>
+
+namespace quarnfc {
+
+// The first and the last place where the character stands, or null. Code 0 is the terminator.
+unsigned char* MbsChr(const unsigned char* text, unsigned int ch);
+unsigned char* MbsRChr(const unsigned char* text, unsigned int ch);
+
+// The first place where sub begins with a character of text, or null; an empty sub is found at
+// the start.
+unsigned char* MbsStr(const unsigned char* text, const unsigned char* sub);
+
+// The first character that is in set, or null.
+unsigned char* MbsPBrk(const unsigned char* text, const unsigned char* set);
+
+// The bytes of the leading characters that are in set, and of those that are not.
+std::size_t MbsSpn(const unsigned char* text, const unsigned char* set);
+std::size_t MbsCSpn(const unsigned char* text, const unsigned char* set);
+
+// -1, 0 or 1 by character codes, as they are and in lower case.
+int MbsCmp(const unsigned char* left, const unsigned char* right);
+int MbsICmp(const unsigned char* left, const unsigned char* right);
+
+// These change the text in place, keep its length and return it. Reversing keeps the bytes of a
+// double-byte character in order and an incomplete character at the end.
+unsigned char* MbsUpr(unsigned char* text);
+unsigned char* MbsLwr(unsigned char* text);
+unsigned char* MbsRev(unsigned char* text);
+
+}  // namespace quarnfc
+
+#endif  // QUARNFC_PLATFORM_MULTIBYTE_H_
