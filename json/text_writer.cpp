@@ -47,7 +47,7 @@ bool IsNested(const CMyJsonValueImp& record) {
 
 // An element that a host left null is written like an eEmpty one.
 const CMyJsonValueImp& RecordOf(const CMyJsonValue* value) {
-  static const CMyJsonValueImp empty;
+  static const CMyJsonValueImp empty{};
   return value != nullptr ? JsonAccess::Record(*value) : empty;
 }
 
