@@ -201,7 +201,8 @@ char* CQNString::LockBuffer() {
 }
 
 void CQNString::UnlockBuffer() {
-  if (Text() != EmptyBuffer()) HeaderOf(Text())->references = 1;
+  // A buffer that is not locked may be shared: its count stays.
+  if (IsLocked(Text()) && Text() != EmptyBuffer()) HeaderOf(Text())->references = 1;
 }
 
 void CQNString::Empty() {

@@ -338,6 +338,15 @@ TEST(StringBuffer, CopiesShareAgainAfterUnlocking) {
   EXPECT_EQ(Chars(copy), Chars(text));
 }
 
+TEST(StringBuffer, UnlockingAStringThatIsNotLockedChangesNothing) {
+  CQNString text("abc");
+  CQNString copy(text);
+  text.UnlockBuffer();
+  EXPECT_EQ(HeaderOf(text).count, 2);
+  text += "x";
+  EXPECT_EQ(Bytes(copy), "abc");
+}
+
 TEST(StringBuffer, LockingASharedStringUnsharesIt) {
   CQNString text("abc");
   CQNString copy(text);
