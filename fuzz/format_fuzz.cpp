@@ -28,7 +28,7 @@ const char* LowText() {
     void* page = mmap(wanted, 4096, PROT_READ | PROT_WRITE,
                       MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED_NOREPLACE, -1, 0);
     fuzz::Expect(page == wanted);
-    std::memcpy(page, "some \xD6\xD0 text", 14);
+    std::strcpy(static_cast<char*>(page), "some \xD6\xD0 text");
     return static_cast<const char*>(page);
   }();
   return text;
