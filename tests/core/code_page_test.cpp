@@ -184,7 +184,8 @@ TEST(CodePage, NonsenseArgumentsGiveZero) {
 
 // --- the whole code page ------------------------------------------------------------------------
 
-// FNV-1a over 16-bit values: one figure for a whole table.
+// FNV-1a over 16-bit values: one figure for a whole table. The figures below are those of the
+// platform's own tables on Windows.
 class Digest {
  public:
   void Add(unsigned value) {
@@ -213,7 +214,7 @@ TEST(CodePage, EveryCharacterOfTheCodePageGoesThereAndBack) {
     }
   }
   EXPECT_EQ(assigned, 21791);
-  EXPECT_EQ(digest.Value(), 0u);
+  EXPECT_EQ(digest.Value(), 9094135210527398281u);
 }
 
 TEST(CodePage, EveryUtf16UnitHasTheSameBytesOnEveryTarget) {
@@ -224,7 +225,7 @@ TEST(CodePage, EveryUtf16UnitHasTheSameBytesOnEveryTarget) {
       digest.Add(static_cast<unsigned char>(byte));
     }
   }
-  EXPECT_EQ(digest.Value(), 0u);
+  EXPECT_EQ(digest.Value(), 1790883748162148716u);
 }
 
 }  // namespace

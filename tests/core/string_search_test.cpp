@@ -82,6 +82,11 @@ TEST(StringSearch, FindsAText) {
       {"", "", 0},
       {"", "a", -1},
       {"aab", "ab", 1},
+      {"ab", "abc", -1},
+      {ZHONG WEN, WEN, 2},
+      {"\xB0\xA1\xB0\xA1\xB0", "\xA1", -1},
+      {"a\xB0", "a\xB0", 0},
+      {TRAIL_BACKSLASH "\\b", "\\b", 2},
       {"\xB0\xA1\xB0\xA2", "\xA1\xB0", -1},  // across two characters
       {"\xB0\xA1\xB0\xA2", "\xB0\xA2", 2},
       {TRAIL_LOWER_A "bc", "ab", -1},  // starting in the middle of one
