@@ -38,7 +38,8 @@ QN_API void DbgDumpErrorFile(_EXCEPTION_POINTERS* info, const char* path);
 
 // Adds an entry with the source "Quarn" to the application event log. type is the platform's event
 // type (1 error, 2 warning, 4 information ...), passed on as it is. The source has no message
-// file: the event viewer shows text among its own words.
+// file: the event viewer shows text among its own words. Windows takes texts of at most 31,839
+// characters; a longer one is not entered.
 QN_API void WriteWindowsLog(unsigned short type, const char* text);
 
 }  // namespace QNErrorUtils

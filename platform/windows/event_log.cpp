@@ -3,7 +3,20 @@
 
 namespace quarnfc {
 
+namespace {
+
+// The longest insertion string of the event log in UTF-16 units. It refuses longer ones; Wine
+// releases memory it never had when it is given one, so they do not get there.
+constexpr int kLongestText = 31839;
+
+bool IsTooLong(const char* text) {
+  return MultiByteToWideChar(CP_ACP, 0, text, -1, nullptr, 0) - 1 > kLongestText;
+}
+
+}  // namespace
+
 void WriteEventLogEntry(const char* source, unsigned short type, const char* text) {
+  if (IsTooLong(text)) return;
   const HANDLE log = RegisterEventSourceA(nullptr, source);
   if (log == nullptr) return;
   ReportEventA(log, type, 0, 0, nullptr, 1, 0, &text, nullptr);

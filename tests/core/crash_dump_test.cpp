@@ -110,7 +110,9 @@ TEST(EventLog, TakesEveryTypeAndText) {
   QNErrorUtils::WriteWindowsLog(4, "");
   QNErrorUtils::WriteWindowsLog(4, nullptr);
   QNErrorUtils::WriteWindowsLog(4, "\xD6\xD0\xCE\xC4");  // two double-byte characters
-  QNErrorUtils::WriteWindowsLog(4, std::string(100000, 'x').c_str());
+  for (const std::size_t length : {31839, 31840, 32768, 100000}) {
+    QNErrorUtils::WriteWindowsLog(4, std::string(length, 'x').c_str());
+  }
 }
 
 }  // namespace
