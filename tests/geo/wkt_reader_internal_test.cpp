@@ -270,7 +270,7 @@ TEST(WktReader, FirstParameterOfItsNameDecides) {
   }
 }
 
-constexpr int kMany = 1'000'000;
+constexpr int kMany = 300'000;
 
 std::string Repeat(const std::string& piece, int count) {
   std::string text;
@@ -279,7 +279,7 @@ std::string Repeat(const std::string& piece, int count) {
   return text;
 }
 
-TEST(WktReader, MillionsOfNestedNodesAreReadAndDestroyed) {
+TEST(WktReader, DeepNestingIsReadAndDestroyedWithoutRecursion) {
   EXPECT_EQ(Read(Repeat("A[", kMany) + Repeat("]", kMany)), "accepted");
   EXPECT_EQ(Read(Repeat("A[\"x\",", kMany)), kBracketsDoNotMatch);
   CWKTDef root;
@@ -287,10 +287,10 @@ TEST(WktReader, MillionsOfNestedNodesAreReadAndDestroyed) {
   EXPECT_NE(root.Find("A\\A\\A\\A"), nullptr);
 }
 
-TEST(WktReader, MillionsOfValuesAreRead) {
+TEST(WktReader, LongListsAreRead) {
   CWKTDef root;
   ASSERT_EQ(Read(("A[" + Repeat("1,x,\"y\",", kMany / 2) + "B[]]").c_str(), root), "accepted");
-  EXPECT_EQ(root.Values().size(), 1'500'001u);
+  EXPECT_EQ(root.Values().size(), static_cast<std::size_t>(kMany / 2 * 3 + 1));
 }
 
 TEST(WktReader, MegabytesInOneTokenAreReadAndQuotedInMessages) {
