@@ -7,12 +7,13 @@ namespace qn {
 extern const Command kBase32Command;
 extern const Command kBase64Command;
 extern const Command kCsvCommand;
+extern const Command kGeoCommand;
 extern const Command kHashCommand;
 extern const Command kTimeCommand;
 
 std::span<const Command> Commands() {
   static const Command kAll[] = {
-      kBase32Command, kBase64Command, kCsvCommand, kHashCommand, kTimeCommand,
+      kBase32Command, kBase64Command, kCsvCommand, kGeoCommand, kHashCommand, kTimeCommand,
   };
   return kAll;
 }
