@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <string_view>
@@ -38,6 +39,54 @@ double OutOfRange(std::string_view token) {
   return token.front() == '-' ? -magnitude : magnitude;
 }
 
+struct Product {
+  std::uint64_t high;
+  std::uint64_t low;
+};
+
+Product Multiply(std::uint64_t left, std::uint64_t right) {
+  constexpr std::uint64_t kLow = 0xFFFFFFFF;
+  const std::uint64_t low = (left & kLow) * (right & kLow);
+  const std::uint64_t middle = (left >> 32) * (right & kLow) + (low >> 32);
+  const std::uint64_t other = (left & kLow) * (right >> 32) + (middle & kLow);
+  return {(left >> 32) * (right >> 32) + (middle >> 32) + (other >> 32),
+          (other << 32) | (low & kLow)};
+}
+
+// Whether all bits of the number lie within 64 before and 64 behind the point.
+bool IsFixedPoint(double magnitude) {
+  return magnitude == 0 || (magnitude >= 0x1p-11 && magnitude < 0x1p53);
+}
+
+// Such a number with exactly 15 decimal places, its exact value rounded half to even. (The general
+// conversion of the standard library gives the same text and takes several times as long.)
+char* FormatFixedPoint(double magnitude, char* text, char* limit) {
+  constexpr std::uint64_t kScale = 1000000000000000;
+  constexpr std::uint64_t kHalf = std::uint64_t{1} << 63;
+  auto whole = static_cast<std::uint64_t>(magnitude);
+  const double fraction = magnitude - static_cast<double>(whole);
+  auto [decimals, rest] = Multiply(static_cast<std::uint64_t>(fraction * 0x1p64), kScale);
+  if (rest > kHalf || (rest == kHalf && decimals % 2 != 0)) ++decimals;
+  if (decimals == kScale) {
+    ++whole;
+    decimals = 0;
+  }
+  char* point = std::to_chars(text, limit, whole).ptr;
+  // The scale puts a 1 in front of all 15 digits, where the point belongs.
+  char* end = std::to_chars(point, limit, kScale + decimals).ptr;
+  *point = '.';
+  return end;
+}
+
+char* FormatFinite(double number, char* text, char* limit) {
+  const double magnitude = std::fabs(number);
+  if (!IsFixedPoint(magnitude)) {
+    return std::to_chars(text, limit, number, std::chars_format::fixed, 15).ptr;
+  }
+  if (std::signbit(number)) *text++ = '-';
+  return FormatFixedPoint(magnitude, text, limit);
+}
+
 char* CopyName(std::string_view name, char* text) {
   std::memcpy(text, name.data(), name.size());
   return text + name.size();
@@ -64,8 +113,7 @@ double ParseNumber(const char* first, const char* last) {
 
 char* FormatNumber(double number, char (&text)[kNumberTextCapacity]) {
   if (!std::isfinite(number)) return FormatNonFinite(number, text);
-  char* end =
-      std::to_chars(text, text + kNumberTextCapacity, number, std::chars_format::fixed, 15).ptr;
+  char* end = FormatFinite(number, text, text + kNumberTextCapacity);
   while (end[-1] == '0') --end;
   while (end[-1] == '.') --end;
   return end;

@@ -77,12 +77,13 @@ TEST(NumberText, RoundingCarriesIntoTheIntegerPart) {
   EXPECT_EQ(Fast(std::nextafter(1.0, 0.0)), "1");
 }
 
-TEST(NumberText, FormatEqualsTheDefinitionForWhatIsNotFinite) {
+// Run-time libraries spell these differently ("-nan(ind)"); the writer does not.
+TEST(NumberText, WhatIsNotFiniteHasOneSpellingOnEveryTarget) {
   const double infinity = std::numeric_limits<double>::infinity();
-  for (const double number :
-       {infinity, -infinity, std::copysign(std::nan(""), 1.0), std::copysign(std::nan(""), -1.0)}) {
-    ExpectSame(number);
-  }
+  EXPECT_EQ(Fast(infinity), "inf");
+  EXPECT_EQ(Fast(-infinity), "-inf");
+  EXPECT_EQ(Fast(std::copysign(std::nan(""), 1.0)), "nan");
+  EXPECT_EQ(Fast(std::copysign(std::nan(""), -1.0)), "-nan");
 }
 
 TEST(NumberText, ShortestTextOfEveryNumberParsesBackToIt) {
