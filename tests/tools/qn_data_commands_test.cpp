@@ -1,0 +1,200 @@
+// The commands csv, hash, base64, base32 and time, as the dispatcher runs them.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "command.h"
+#include "console.h"
+#include "exit_code.h"
+#include "input_file.h"
+#include "output_file.h"
+#include "tests/io/temp_file.h"
+#include "tests/io/time_zone.h"
+
+namespace qn {
+
+extern const Command kBase32Command;
+extern const Command kBase64Command;
+extern const Command kCsvCommand;
+extern const Command kHashCommand;
+extern const Command kTimeCommand;
+
+}  // namespace qn
+
+namespace {
+
+using io_test::TempFile;
+
+struct Outcome {
+  int code;
+  std::string output;
+
+  bool operator==(const Outcome&) const = default;
+};
+
+Outcome Run(const std::vector<std::string>& arguments) {
+  const qn::Command commands[] = {qn::kBase32Command, qn::kBase64Command, qn::kCsvCommand,
+                                  qn::kHashCommand, qn::kTimeCommand};
+  testing::internal::CaptureStdout();
+  testing::internal::CaptureStderr();
+  const int code = qn::Dispatch(commands, arguments);
+  qn::FlushOutput();
+  testing::internal::GetCapturedStderr();
+  std::string output = testing::internal::GetCapturedStdout();
+  std::erase(output, '\r');
+  return {code, output};
+}
+
+// The outcome of a command that writes with -o, with what it wrote.
+Outcome RunToFile(std::vector<std::string> arguments) {
+  const TempFile target("");
+  arguments.insert(arguments.end(), {"-o", target.path()});
+  const int code = Run(arguments).code;
+  return {code, qn::ReadInput(target.path())};
+}
+
+std::string RandomText(std::size_t size) {
+  std::string text(size, '\0');
+  unsigned state = 1;
+  for (char& ch : text) ch = static_cast<char>((state = state * 1664525 + 1013904223) >> 24);
+  return text;
+}
+
+// --- csv --------------------------------------------------------------------------------------
+
+constexpr char kCsv[] = "id,name\n1,\"a,\"\"b\"\"\"\n2, x \n";
+
+TEST(QnCsv, HeadPrintsTheHeaderAndTheFirstRows) {
+  const TempFile file(kCsv);
+  EXPECT_EQ(Run({"csv", "head", "-n", "1", file.path()}),
+            (Outcome{0, "id,name\n1,\"a,\"\"b\"\"\"\n"}));
+  EXPECT_EQ(Run({"csv", "head", file.path()}).output, "id,name\n1,\"a,\"\"b\"\"\"\n2,x \n");
+}
+
+TEST(QnCsv, ColumnsPrintsTheHeaderFields) {
+  const TempFile file(kCsv);
+  EXPECT_EQ(Run({"csv", "columns", file.path()}), (Outcome{0, "id\nname\n"}));
+}
+
+TEST(QnCsv, CountPrintsTheNumberOfRows) {
+  const TempFile file(kCsv);
+  EXPECT_EQ(Run({"csv", "count", file.path()}), (Outcome{0, "2\n"}));
+}
+
+TEST(QnCsv, ToJsonWritesAnObjectForEachRow) {
+  const TempFile file(kCsv);
+  EXPECT_EQ(RunToFile({"csv", "to-json", file.path()}),
+            (Outcome{0,
+                     "[\n{\"id\":\"1\",\"name\":\"a,\\\"b\\\"\"},\n"
+                     "{\"id\":\"2\",\"name\":\"x \"}\n]\n"}));
+}
+
+TEST(QnCsv, ToJsonWritesUtf8UnlessAskedForTheCodePage) {
+  const TempFile file("n\n\xD6\xD0\n");
+  EXPECT_EQ(RunToFile({"csv", "to-json", file.path()}).output, "[\n{\"n\":\"\xE4\xB8\xAD\"}\n]\n");
+  EXPECT_EQ(RunToFile({"csv", "to-json", "--ansi", file.path()}).output,
+            "[\n{\"n\":\"\xD6\xD0\"}\n]\n");
+}
+
+TEST(QnCsv, ToJsonNumbersFieldsBeyondTheHeader) {
+  const TempFile file("a\n1,2\n");
+  EXPECT_EQ(RunToFile({"csv", "to-json", file.path()}).output, "[\n{\"a\":\"1\",\"2\":\"2\"}\n]\n");
+}
+
+TEST(QnCsv, ToJsonRefusesColumnNamesThatAreNoKeys) {
+  for (const char* header : {"a,a", "\"a\"\"b\"", "a\\b"}) {
+    const TempFile file(std::string(header) + "\n1,2\n");
+    EXPECT_EQ(Run({"csv", "to-json", file.path()}).code, qn::kFailure) << header;
+  }
+}
+
+TEST(QnCsv, FailureLeavesTheOutputFileAsItWas) {
+  const TempFile file("h\n1\n" + std::string(500000, 'x') + "\n");
+  EXPECT_EQ(RunToFile({"csv", "to-json", file.path()}), (Outcome{qn::kFailure, ""}));
+  EXPECT_EQ(Run({"csv", "count", file.path()}), (Outcome{qn::kFailure, ""}));
+}
+
+TEST(QnCsv, MissingFileFails) {
+  EXPECT_EQ(Run({"csv", "count", TempFile::NewPath()}).code, qn::kFailure);
+}
+
+// --- hash -------------------------------------------------------------------------------------
+
+TEST(QnHash, PrintsDigestAndName) {
+  const TempFile file("123456789");
+  const std::string name = "  " + std::string(file.path()) + "\n";
+  EXPECT_EQ(Run({"hash", "crc64", file.path()}), (Outcome{0, "66A2364420E6C605" + name}));
+  EXPECT_EQ(Run({"hash", "md5", file.path()}).output, "25f9e794323b453885f5181f1b624d0b" + name);
+  EXPECT_EQ(Run({"hash", "hmac-sha256", "--key", "key", file.path()}).output.size(),
+            64 + name.size());
+}
+
+TEST(QnHash, KeyFileEqualsTheSameKeyOnTheCommandLine) {
+  const TempFile file("data");
+  const TempFile key("the key");
+  EXPECT_EQ(Run({"hash", "hmac-sha256", "--key-file", key.path(), file.path()}),
+            Run({"hash", "hmac-sha256", "-k", "the key", file.path()}));
+}
+
+TEST(QnHash, HmacNeedsExactlyOneKey) {
+  const TempFile file("data");
+  EXPECT_EQ(Run({"hash", "hmac-sha256", file.path()}).code, qn::kUsageError);
+  EXPECT_EQ(Run({"hash", "hmac-sha256", "-k", "a", "--key-file", "b", file.path()}).code,
+            qn::kUsageError);
+}
+
+// --- base64 and base32 ------------------------------------------------------------------------
+
+TEST(QnBase, PiecesJoinToTheTextOfTheWholeAndBack) {
+  const TempFile file(RandomText(3'000'001));
+  const std::string data = qn::ReadInput(file.path());
+  for (const char* codec : {"base64", "base32"}) {
+    const Outcome encoded = RunToFile({codec, "encode", file.path()});
+    ASSERT_EQ(encoded.code, 0);
+    EXPECT_EQ(encoded.output.find('\n'), encoded.output.size() - 1);
+    const TempFile text(encoded.output);
+    const Outcome decoded = RunToFile({codec, "decode", text.path()});
+    EXPECT_EQ(decoded.code, 0);
+    EXPECT_TRUE(decoded.output == data) << codec;
+  }
+}
+
+TEST(QnBase, LineEndsBehindTheTextAreIgnored) {
+  const TempFile file("Zm9v\r\n\r\n");
+  EXPECT_EQ(RunToFile({"base64", "decode", file.path()}), (Outcome{0, "foo"}));
+}
+
+TEST(QnBase, BlanksInsideAreIgnoredOnlyWhenAsked) {
+  const TempFile file("Zm\n9v YmFy\n");
+  EXPECT_EQ(Run({"base64", "decode", file.path()}).code, qn::kFailure);
+  EXPECT_EQ(RunToFile({"base64", "decode", "-i", file.path()}), (Outcome{0, "foobar"}));
+}
+
+TEST(QnBase, ForeignCharacterLeavesTheOutputFileAsItWas) {
+  const TempFile file(std::string(2'000'000, 'A') + "!");
+  EXPECT_EQ(RunToFile({"base64", "decode", file.path()}), (Outcome{qn::kFailure, ""}));
+}
+
+// --- time -------------------------------------------------------------------------------------
+
+TEST(QnTime, FormatsAndParses) {
+  const io_test::TimeZone zone("UTC0");
+  EXPECT_EQ(Run({"time", "format", "1704443400"}), (Outcome{0, "2024-01-05 08:30:00\n"}));
+  EXPECT_EQ(Run({"time", "parse", "2024-01-05 08:30:00"}), (Outcome{0, "1704443400\n"}));
+}
+
+TEST(QnTime, RefusesWhatIsNoTime) {
+  EXPECT_EQ(Run({"time", "parse", "2024-01- 05"}).code, qn::kFailure);
+  for (const char* seconds : {"", "x", "1x", "4294967296", "99999999999999999999"}) {
+    EXPECT_EQ(Run({"time", "format", seconds}).code, qn::kUsageError) << seconds;
+  }
+}
+
+TEST(QnTime, NowIsATime) {
+  EXPECT_EQ(Run({"time", "now"}).output.size(), std::string("2024-01-05 08:30:00\n").size());
+  EXPECT_GT(std::stoull(Run({"time", "now", "--seconds"}).output), 1704443400u);
+}
+
+}  // namespace
