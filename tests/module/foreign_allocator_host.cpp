@@ -80,6 +80,23 @@ void CloseHandles() {
   qnCloseHandle(object);
 }
 
+void DeleteJson() {
+  auto* object = new CMyJsonObj;
+  object->AddItem("name", "made and deleted by the host");
+  object->AddItem("list", new CMyJsonValue);
+  CMyJsonObj* clone = object->Clone();
+  qnFreeMem(clone->CreateUTF8Json(true));
+  auto* value = new CMyJsonValue(clone);  // takes the object over
+  delete value->Clone();
+  delete value;
+  delete object;
+}
+
+void DeleteException() {
+  auto* thrown = new CQNInternetException(12007);
+  delete thrown;
+}
+
 void PassStrings() {
   auto* text = new CQNString("a string object of the host, with a buffer of the library");
   *text += *text;
@@ -87,17 +104,21 @@ void PassStrings() {
   delete text;
 }
 
+void ExchangeEverything() {
+  DeleteObjects();
+  CloseHandles();
+  DeleteJson();
+  DeleteException();
+  PassStrings();
+}
+
 }  // namespace
 
 int main() {
   // The library keeps what it needs for good (the chunks of its pools) from its first use on.
-  DeleteObjects();
-  CloseHandles();
-  PassStrings();
+  ExchangeEverything();
   const long live = g_live;
-  DeleteObjects();
-  CloseHandles();
-  PassStrings();
+  ExchangeEverything();
   if (g_live != live) std::printf("%ld blocks were not released\n", g_live - live);
   return g_live == live ? 0 : 1;
 }
