@@ -1,0 +1,54 @@
+// Small helpers of the HTTP client's tests.
+#ifndef QUARNFC_TESTS_NET_TEST_TEXT_H_
+#define QUARNFC_TESTS_NET_TEST_TEXT_H_
+
+#include <quarnfc/internet_exception.h>
+#include <quarnfc/qn_string.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "platform/internet.h"
+
+inline std::string TextOf(const CQNString& text) {
+  return std::string(static_cast<const char*>(text), static_cast<size_t>(text.GetLength()));
+}
+
+// What an action throws: the exception's code and context, or kNothingThrown.
+struct Thrown {
+  unsigned int code;
+  unsigned __int64 context;
+
+  bool operator==(const Thrown& other) const {
+    return code == other.code && context == other.context;
+  }
+};
+
+inline std::ostream& operator<<(std::ostream& out, const Thrown& thrown) {
+  return out << "code " << thrown.code << " context " << thrown.context;
+}
+
+constexpr Thrown kNothingThrown = {0xFFFFFFFF, 0};
+
+template <class Action>
+Thrown ThrownBy(Action action) {
+  try {
+    action();
+  } catch (CQNInternetException* exception) {
+    const Thrown thrown = {exception->GetErrorCode(), exception->GetContext()};
+    delete exception;
+    return thrown;
+  }
+  return kNothingThrown;
+}
+
+inline bool UnderWine() {
+  return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+// Skips a test of documented behaviour that Wine does not show.
+#define SKIP_UNDER_WINE(reason) \
+  if (UnderWine()) GTEST_SKIP() << "Wine: " << reason
+
+#endif  // QUARNFC_TESTS_NET_TEST_TEXT_H_
