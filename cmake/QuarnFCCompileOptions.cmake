@@ -36,10 +36,11 @@ function(quarnfc_host_options target)
     ${target} INTERFACE "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>"
                         "$<INSTALL_INTERFACE:include>")
   if(NOT MSVC)
-    # Hosts delete sessions, connections and exceptions, whose virtual tables have a stated layout
-    # without a destructor in it.
-    target_compile_options(${target}
-                           INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wno-delete-non-virtual-dtor>)
+    # Hosts delete sessions, connections and exceptions and derive from them; the stated layout of
+    # their virtual tables has no destructor.
+    target_compile_options(
+      ${target} INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wno-non-virtual-dtor
+                          -Wno-delete-non-virtual-dtor>)
   endif()
   if(NOT WIN32)
     target_compile_options(${target} INTERFACE -fshort-wchar)

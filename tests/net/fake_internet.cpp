@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -57,6 +58,23 @@ BOOL WINAPI FakeWriteFile(HINTERNET, const void* data, DWORD count, DWORD* writt
   fake.calls.push_back("write " + fake.writes.back());
   SetLastError(ERROR_HANDLE_EOF);
   return TRUE;
+}
+
+HINTERNET WINAPI FakeOpen(const char* agent, DWORD access, const char*, const char*, DWORD flags) {
+  char call[64];
+  wsprintfA(call, "open %s access %u flags %u", agent, access, flags);
+  g_fake.calls.push_back(call);
+  return FakeHandle();
+}
+
+INTERNET_STATUS_CALLBACK WINAPI FakeSetStatusCallback(HINTERNET,
+                                                      INTERNET_STATUS_CALLBACK callback) {
+  g_fake.calls.push_back(callback != nullptr ? "install" : "uninstall");
+  if (g_fake.refuses_callback) {
+    SetLastError(ERROR_INTERNET_INVALID_OPERATION);
+    return INTERNET_INVALID_STATUS_CALLBACK;
+  }
+  return std::exchange(g_fake.callback, callback);
 }
 
 BOOL WINAPI FakeCloseHandle(HINTERNET handle) {
@@ -141,6 +159,9 @@ FakeInternet& TheFakeInternet() { return g_fake; }
 
 // The library reaches the platform through import pointers; these stand in their place.
 extern "C" {
+extern decltype(&FakeOpen) const __imp_InternetOpenA = FakeOpen;
+extern decltype(&FakeSetStatusCallback) const __imp_InternetSetStatusCallback =
+    FakeSetStatusCallback;
 extern decltype(&FakeReadFile) const __imp_InternetReadFile = FakeReadFile;
 extern decltype(&FakeWriteFile) const __imp_InternetWriteFile = FakeWriteFile;
 extern decltype(&FakeCloseHandle) const __imp_InternetCloseHandle = FakeCloseHandle;

@@ -39,6 +39,10 @@ struct FakeInternet {
   std::string header;              // what HttpQueryInfoA answers; empty fails
   bool counts_header = true;       // whether it counts what it wrote
   DWORD data_available = 0;
+
+  // Status callbacks: the one that was installed before the library's, which replaces it.
+  INTERNET_STATUS_CALLBACK callback = nullptr;
+  bool refuses_callback = false;
 };
 
 // The fake of the running test.
