@@ -50,6 +50,9 @@ template <typename Mapping>
 unsigned char* MapCharacters(unsigned char* text, Mapping mapping) {
   for (unsigned char* position = text; *position != 0;) {
     const MultibyteCharacter character = CharacterAt(position);
+    if (character.IsIncomplete()) {
+      break;
+    }
     const unsigned int mapped = mapping(character.value);
     if (character.size == 2) {
       *position++ = static_cast<unsigned char>(mapped >> 8);

@@ -63,7 +63,9 @@ CodePage936::CodePage936() {
     single_[unit] = unit;
     code_[unit] = unit;
   }
+  const int saved_errno = errno;  // a pair without a character is no error of the conversion
   AddFromCLibrary();
+  errno = saved_errno;
   AddUserDefined();
   AddBestFit();
 }
@@ -78,10 +80,8 @@ void CodePage936::Add(unsigned int code, char16_t unit) {
 }
 
 void CodePage936::AddFromCLibrary() {
-  const int saved_errno = errno;  // pairs without a character fail below and are no error
   GbkConverter converter;
   if (!converter.IsOpen()) {
-    errno = saved_errno;
     return;
   }
   for (unsigned int lead = kFirstLead; lead <= kLastLead; ++lead) {
@@ -93,7 +93,6 @@ void CodePage936::AddFromCLibrary() {
       }
     }
   }
-  errno = saved_errno;
 }
 
 void CodePage936::AddUserDefined() {
