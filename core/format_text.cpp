@@ -175,7 +175,7 @@ void Formatter::AppendWideText() {
     return;
   }
   std::size_t length = 0;
-  while (text[length] != L'\0' && !IsCutAt(length)) ++length;
+  while (!IsCutAt(length) && text[length] != L'\0') ++length;
   CountText(std::max<long long>(static_cast<long long>(length), 1));
   if (spec_.precision == 0) length = 0;
   // Width and precision count units, whatever the number of bytes they become.
