@@ -42,8 +42,8 @@ bool ReadWkt(const wchar_t* wkt, CWKTDef& root, CQNString& error) {
 }
 
 bool ReadSpheroid(const CWKTDef& root, CQNGeoCoordinateSystem& system, CQNString& error) {
-  const CWKTDef* spheroid = root.Find("GEOGCS\\DATUM\\SPHEROID");
-  if (spheroid == nullptr) spheroid = root.Find("PROJCS\\GEOGCS\\DATUM\\SPHEROID");
+  const CWKTDef* spheroid = root.Find(R"(GEOGCS\DATUM\SPHEROID)");
+  if (spheroid == nullptr) spheroid = root.Find(R"(PROJCS\GEOGCS\DATUM\SPHEROID)");
   if (spheroid != nullptr && spheroid->Values().size() >= 3) {
     const CWKTDefValue& axis = *spheroid->Values()[1];
     const CWKTDefValue& flattening = *spheroid->Values()[2];

@@ -74,7 +74,7 @@ CWKTDef::~CWKTDef() {
 
 void CWKTDef::Append(std::unique_ptr<CWKTDefValue> value) {
   values_.push_back(value.get());
-  value.release();
+  static_cast<void>(value.release());  // the node owns it now
 }
 
 const CWKTDef* CWKTDef::Find(const char* path) const {

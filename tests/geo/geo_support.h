@@ -83,6 +83,12 @@ std::string ReadWideWkt(System& system, const char* wkt) {
   return message == nullptr ? "no message" : ToAnsi(message);
 }
 
+// A message with the token in the place of its %s.
+inline std::string Formatted(const char* message, const std::string& token) {
+  std::string text = message;
+  return text.replace(text.find("%s"), 2, token);
+}
+
 inline std::string ReadFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());

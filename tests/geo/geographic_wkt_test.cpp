@@ -11,11 +11,6 @@ namespace {
 using namespace geo_test;
 using namespace quarnfc::geo_messages;
 
-std::string Formatted(const char* message, const std::string& token) {
-  std::string text = message;
-  return text.replace(text.find("%s"), 2, token);
-}
-
 TEST(GeographicWkt, PredefinedSystemsAreWrittenWithTheirNames) {
   const struct {
     const Geo* system;

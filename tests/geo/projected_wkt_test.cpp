@@ -18,11 +18,6 @@ std::string Projected(const std::string& nodes) {
   return std::string("PROJCS[\"p\",") + kGeographic + nodes + "]";
 }
 
-std::string Formatted(const char* message, const std::string& token) {
-  std::string text = message;
-  return text.replace(text.find("%s"), 2, token);
-}
-
 const std::string kProjection = ",PROJECTION[\"Transverse_Mercator\"]";
 const std::string kMeridian = ",PARAMETER[\"central_meridian\",114]";
 const std::string kEasting = ",PARAMETER[\"false_easting\",38500000]";

@@ -12,11 +12,6 @@ namespace {
 using namespace geo_test;
 using namespace quarnfc::geo_messages;
 
-std::string Formatted(const char* message, const std::string& token) {
-  std::string text = message;
-  return text.replace(text.find("%s"), 2, token);
-}
-
 std::string Load(const std::string& name) {
   return ReadFile(std::string(QUARNFC_TEST_DATA) + "/wkt/" + name + ".wkt");
 }

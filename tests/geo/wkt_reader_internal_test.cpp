@@ -6,11 +6,13 @@
 #include <string>
 
 #include "geo/messages.h"
+#include "tests/geo/geo_support.h"
 
 namespace {
 
 using namespace quarnfc;
 using namespace quarnfc::geo_messages;
+using geo_test::Formatted;
 
 // The message of a refused text, or "accepted".
 std::string Read(const char* text, CWKTDef& root) {
@@ -22,11 +24,6 @@ std::string Read(const char* text, CWKTDef& root) {
 std::string Read(const std::string& text) {
   CWKTDef root;
   return Read(text.c_str(), root);
-}
-
-std::string After(const char* message, const std::string& token) {
-  std::string text = message;
-  return text.replace(text.find("%s"), 2, token);
 }
 
 // A tree written out again: quoted texts in quotes, bare words as they are, numbers after '#'.
@@ -186,19 +183,19 @@ TEST(WktReader, NothingButBlanksMayFollowTheRoot) {
 }
 
 TEST(WktReader, ValueNeedsAnEndMark) {
-  EXPECT_EQ(Read("GEOGCS[\"WGS 84\""), After(kNoEndMark, "WGS 84"));
-  EXPECT_EQ(Read("A[\"x\" "), After(kNoEndMark, "x"));
-  EXPECT_EQ(Read("A[\"x\" \"y\"]"), After(kNoEndMark, "x"));
-  EXPECT_EQ(Read("A[\"\" \"y\"]"), After(kNoEndMark, ""));
-  EXPECT_EQ(Read("A[\"x\" word"), After(kNoEndMark, "x"));
-  EXPECT_EQ(Read("A[\"x\" \"open]"), After(kNoEndMark, "x"));
-  EXPECT_EQ(Read("A[B[\"%d%n\""), After(kNoEndMark, "%d%n"));
+  EXPECT_EQ(Read("GEOGCS[\"WGS 84\""), Formatted(kNoEndMark, "WGS 84"));
+  EXPECT_EQ(Read("A[\"x\" "), Formatted(kNoEndMark, "x"));
+  EXPECT_EQ(Read("A[\"x\" \"y\"]"), Formatted(kNoEndMark, "x"));
+  EXPECT_EQ(Read("A[\"\" \"y\"]"), Formatted(kNoEndMark, ""));
+  EXPECT_EQ(Read("A[\"x\" word"), Formatted(kNoEndMark, "x"));
+  EXPECT_EQ(Read("A[\"x\" \"open]"), Formatted(kNoEndMark, "x"));
+  EXPECT_EQ(Read("A[B[\"%d%n\""), Formatted(kNoEndMark, "%d%n"));
 }
 
 TEST(WktReader, EndMarkMustBeACommaOrAClosingBracket) {
-  EXPECT_EQ(Read("A[\"x\"[1]]"), After(kNoValidEndMark, "x"));
-  EXPECT_EQ(Read("A[\"x\" y,1]"), After(kNoValidEndMark, "x"));
-  EXPECT_EQ(Read("A[\"x\" y]"), After(kNoValidEndMark, "x"));
+  EXPECT_EQ(Read("A[\"x\"[1]]"), Formatted(kNoValidEndMark, "x"));
+  EXPECT_EQ(Read("A[\"x\" y,1]"), Formatted(kNoValidEndMark, "x"));
+  EXPECT_EQ(Read("A[\"x\" y]"), Formatted(kNoValidEndMark, "x"));
 }
 
 TEST(WktReader, TokensThatCannotBeDelimitedReadAsTheEnd) {
@@ -295,12 +292,12 @@ TEST(WktReader, LongListsAreRead) {
 
 TEST(WktReader, MegabytesInOneTokenAreReadAndQuotedInMessages) {
   const std::string long_text(8'000'000, 'x');
-  EXPECT_EQ(Read("A[\"" + long_text + "\""), After(kNoEndMark, long_text));
-  EXPECT_EQ(Read("A[\"" + long_text + "\" y]"), After(kNoValidEndMark, long_text));
+  EXPECT_EQ(Read("A[\"" + long_text + "\""), Formatted(kNoEndMark, long_text));
+  EXPECT_EQ(Read("A[\"" + long_text + "\" y]"), Formatted(kNoValidEndMark, long_text));
   EXPECT_EQ(Read("A[" + long_text + ",B[" + long_text + "]]"), "accepted");
   EXPECT_EQ(Read("A[" + std::string(8'000'000, '7') + ",B[]]"), "accepted");
   EXPECT_EQ(Read(long_text), kNoKey);
-  EXPECT_EQ(Read("A[" + Repeat("\"", 1'000'001)), After(kNoEndMark, ""));
+  EXPECT_EQ(Read("A[" + Repeat("\"", 1'000'001)), Formatted(kNoEndMark, ""));
   EXPECT_EQ(Read("A[]" + std::string(8'000'000, ' ')), "accepted");
 }
 

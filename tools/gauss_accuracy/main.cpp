@@ -18,25 +18,36 @@ constexpr double kStep = 0.05;
 constexpr int kLatitudes[] = {0, 20, 40, 60, 80};
 constexpr const char* kColours[] = {"#1b6ca8", "#2a9d8f", "#c58a00", "#d1495b", "#6a4c93"};
 
-// Millimetres from the exact projection, or on the ground for the way back.
-double ForwardError(double lon, double lat) {
-  const CQNGeoCoordinateSystem& geo = CQNGeoCoordinateSystem::CGCS2000;
-  const geo_test::ReferenceTransverseMercator exact(geo.GetSemiMajorAxis(),
-                                                    geo.GetInverseFlattening());
-  double east, north, own_east, own_north;
-  exact.Forward(lon, lat, east, north);
-  CQNProCoordinateSystem::GeoToGauss(lon, lat, own_east, own_north, {geo, 0.0, 0.0, 0.0, 1.0});
-  return std::hypot(own_east - east, own_north - north) * 1000.0;
+const CQNGeoCoordinateSystem& kGeo = CQNGeoCoordinateSystem::CGCS2000;
+const CQNProCoordinateSystem kSystem(kGeo, 0.0, 0.0, 0.0, 1.0);
+
+struct Plane {
+  double east;
+  double north;
+};
+
+Plane Exact(double lon, double lat) {
+  static const geo_test::ReferenceTransverseMercator exact(kGeo.GetSemiMajorAxis(),
+                                                           kGeo.GetInverseFlattening());
+  Plane plane;
+  exact.Forward(lon, lat, plane.east, plane.north);
+  return plane;
 }
 
+// Millimetres in the plane.
+double ForwardError(double lon, double lat) {
+  const Plane exact = Exact(lon, lat);
+  Plane own;
+  CQNProCoordinateSystem::GeoToGauss(lon, lat, own.east, own.north, kSystem);
+  return std::hypot(own.east - exact.east, own.north - exact.north) * 1000.0;
+}
+
+// Millimetres on the ground.
 double InverseError(double lon, double lat) {
-  const CQNGeoCoordinateSystem& geo = CQNGeoCoordinateSystem::CGCS2000;
-  const geo_test::ReferenceTransverseMercator exact(geo.GetSemiMajorAxis(),
-                                                    geo.GetInverseFlattening());
-  double east, north, own_lon, own_lat;
-  exact.Forward(lon, lat, east, north);
-  CQNProCoordinateSystem::GaussToGeo(east, north, own_lon, own_lat, {geo, 0.0, 0.0, 0.0, 1.0});
-  const double metres_per_degree = geo.GetSemiMajorAxis() * kDegree;
+  const Plane exact = Exact(lon, lat);
+  double own_lon, own_lat;
+  CQNProCoordinateSystem::GaussToGeo(exact.east, exact.north, own_lon, own_lat, kSystem);
+  const double metres_per_degree = kGeo.GetSemiMajorAxis() * kDegree;
   return std::hypot((own_lon - lon) * std::cos(lat * kDegree), own_lat - lat) * metres_per_degree *
          1000.0;
 }
