@@ -2,6 +2,7 @@
 #include <quarnfc/qn_string.h>
 
 #include <cstdint>
+#include <memory>
 
 #include "core/memory.h"
 
@@ -18,9 +19,9 @@ void StoreCode(const CQNObject* handle, unsigned int* code) {
 }  // namespace
 
 unsigned __int64 QNErrorUtils::CreateError(CQNObject::EErrorStatus code, const char* message) {
-  auto* object = new CQNObject;
+  auto object = std::make_unique<CQNObject>();
   object->SetError(code, message);
-  return HandleOf(object);
+  return HandleOf(object.release());
 }
 
 unsigned __int64 QNErrorUtils::CreateErrorFromObj(const CQNObject* source, const char* text) {

@@ -1,5 +1,6 @@
 #include "core/format_spec.h"
 
+#include <algorithm>
 #include <climits>
 #include <cstring>
 
@@ -17,14 +18,6 @@ int ReadNumber(const char*& p) {
   return number > INT_MAX ? INT_MAX : static_cast<int>(number);
 }
 
-void SetWidth(FormatSpec& spec, int width) {
-  if (width < 0) {
-    spec.left = true;
-    width = width == INT_MIN ? INT_MAX : -width;
-  }
-  spec.width = width;
-}
-
 void ReadFlagsAndWidth(FormatSpec& spec, const char*& p, Arguments& arguments) {
   bool has_width = false;
   for (;; ++p) {
@@ -39,13 +32,14 @@ void ReadFlagsAndWidth(FormatSpec& spec, const char*& p, Arguments& arguments) {
         spec.blank = true;
         break;
       case '#':
-        spec.alternate = true;
+        ++spec.alternates;
         break;
       case '0':
         spec.zero = true;
         break;
       case '*':
-        SetWidth(spec, va_arg(arguments.list, int));
+        spec.width = std::max(va_arg(arguments.list, int), -INT_MAX);
+        if (spec.width < 0) spec.left = true;
         has_width = true;
         break;
       default: {

@@ -4,6 +4,7 @@
 #define QUARNFC_CORE_FORMAT_SPEC_H_
 
 #include <cstdarg>
+#include <cstddef>
 
 namespace quarnfc {
 
@@ -15,15 +16,20 @@ struct Arguments {
 enum class ArgumentSize { kDefault, kChar, kShort, kLong, kLongLong };
 
 struct FormatSpec {
-  bool left = false;       // "-"
-  bool plus = false;       // "+"
-  bool blank = false;      // " "
-  bool alternate = false;  // "#"
-  bool zero = false;       // "0"
-  int width = 0;           // never negative; a negative "*" width sets left
-  int precision = -1;      // -1: none
+  bool left = false;   // "-"
+  bool plus = false;   // "+"
+  bool blank = false;  // " "
+  int alternates = 0;  // how many "#"
+  bool zero = false;   // "0"
+  int width = 0;       // as given: a negative "*" width sets left, too
+  int precision = -1;  // -1: none
   ArgumentSize size = ArgumentSize::kDefault;
   char conversion = '\0';  // '\0': the format ended early
+
+  // The columns that the result fills at least.
+  std::size_t Columns() const {
+    return static_cast<std::size_t>(width < 0 ? -static_cast<long long>(width) : width);
+  }
 };
 
 // Reads the specification that starts behind "%" and moves format behind it. "*" takes its value

@@ -92,7 +92,7 @@ class Formatter {
 void Formatter::AppendItem() {
   ++format_;
   spec_ = ReadFormatSpec(format_, arguments_);
-  if (spec_.alternate) estimate_ += 2;
+  estimate_ += 2LL * spec_.alternates;
   switch (spec_.conversion) {
     case '\0':
       break;
@@ -188,7 +188,7 @@ void Formatter::AppendNullText() {
 }
 
 void Formatter::AppendPadded(std::string_view text, std::size_t columns) {
-  const std::size_t width = static_cast<std::size_t>(spec_.width);
+  const std::size_t width = spec_.Columns();
   const std::size_t padding = width > columns ? width - columns : 0;
   // The run-time pads texts with zeros as it does numbers.
   if (!spec_.left) result_.text.append(padding, spec_.zero ? '0' : ' ');
@@ -237,7 +237,7 @@ void Formatter::Print(const char* size, Value value, char conversion) {
   if (spec_.left) *p++ = '-';
   if (spec_.plus) *p++ = '+';
   if (spec_.blank) *p++ = ' ';
-  if (spec_.alternate) *p++ = '#';
+  if (spec_.alternates > 0) *p++ = '#';
   if (spec_.zero) *p++ = '0';
   std::snprintf(p, static_cast<std::size_t>(format + sizeof(format) - p), "*.*%s%c", size,
                 conversion);

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <memory>
 #include <new>
 
 namespace quarnfc {
@@ -15,6 +16,13 @@ namespace quarnfc {
 // A buffer of size bytes, uninitialised. Throws std::bad_alloc.
 inline void* AllocBuffer(std::size_t size) { return ::operator new(size); }
 inline void FreeBuffer(void* buffer) noexcept { ::operator delete(buffer); }
+
+// A buffer that is freed unless it is handed on with release().
+struct BufferDeleter {
+  void operator()(void* buffer) const noexcept { FreeBuffer(buffer); }
+};
+using OwnedText = std::unique_ptr<char, BufferDeleter>;
+using OwnedWideText = std::unique_ptr<wchar_t, BufferDeleter>;
 
 inline char* AllocChars(std::size_t count) { return static_cast<char*>(AllocBuffer(count)); }
 

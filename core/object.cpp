@@ -60,10 +60,10 @@ CQNObject::EErrorStatus CQNObject::GetErrorCode() const { return imp_->code; }
 void CQNObject::SetErrorMsg(const char* text) const {
   if (text == nullptr) text = "";
   // Copied before the old messages go: text may be one of them.
-  char* message = quarnfc::CopyText(text);
-  wchar_t* wide_message = NewWideText(message);
-  quarnfc::FreeBuffer(std::exchange(imp_->message, message));
-  quarnfc::FreeBuffer(std::exchange(imp_->wide_message, wide_message));
+  quarnfc::OwnedText message(quarnfc::CopyText(text));
+  quarnfc::OwnedWideText wide_message(NewWideText(message.get()));
+  quarnfc::FreeBuffer(std::exchange(imp_->message, message.release()));
+  quarnfc::FreeBuffer(std::exchange(imp_->wide_message, wide_message.release()));
 }
 
 void CQNObject::SetError(EErrorStatus code, const char* text) const {

@@ -19,7 +19,7 @@ CQNString PreparedBase(const CQNString& base) {
 }
 
 bool IsAbsolute(const CQNString& path) {
-  return std::strncmp(path, "\\\\", 2) == 0 || path.Find(':') > 0;
+  return std::strncmp(path, "\\\\", 2) == 0 || path.Find(':', 1) > 0;
 }
 
 // Cuts the last folder off a prepared base; false when there is none to cut off.

@@ -16,7 +16,6 @@ using quarnfc::CheckedLength;
 using quarnfc::EmptyBuffer;
 using quarnfc::HeaderOf;
 using quarnfc::IsLocked;
-using quarnfc::IsShared;
 using quarnfc::ReleaseStringBuffer;
 using quarnfc::Reserve;
 using quarnfc::SetStringLength;

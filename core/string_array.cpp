@@ -7,6 +7,11 @@
 
 namespace {
 
+void Append(std::vector<char*>& pieces, const char* text, std::size_t length) {
+  pieces.push_back(nullptr);
+  pieces.back() = quarnfc::CopyText(text, length);
+}
+
 void TrimBlanks(char* text) {
   char* end = text + std::strlen(text);
   const char* begin = text;
@@ -24,11 +29,11 @@ int QNStringUtils::SplitStr(const char* text, char separator, std::vector<char*>
   const char* begin = text;
   for (const char* p = text; *p != '\0'; ++p) {
     if (*p != separator) continue;
-    pieces.push_back(quarnfc::CopyText(begin, static_cast<std::size_t>(p - begin)));
+    Append(pieces, begin, static_cast<std::size_t>(p - begin));
     begin = p + 1;
   }
   // What follows the last separator, which is empty when the text ends with one.
-  pieces.push_back(quarnfc::CopyText(begin));
+  Append(pieces, begin, std::strlen(begin));
   return static_cast<int>(pieces.size());
 }
 

@@ -25,7 +25,7 @@ void Move(char* destination, const char* source, int count) {
 // Whether p points into the string's buffer, which an edit is about to change.
 bool IsInside(const CQNString& string, const char* p) {
   const char* text = string;
-  const std::less_equal<const char*> not_above;
+  const std::less_equal<> not_above;
   return not_above(text, p) && not_above(p, text + string.GetAllocLength());
 }
 
@@ -211,11 +211,13 @@ void CQNString::MakeReverse() {
 }
 
 void CQNString::CharToOemA() {
+  if (GetLength() == 0) return;
   quarnfc::Unshare(Text());
   ::CharToOemA(Text(), Text());
 }
 
 void CQNString::OemToCharA() {
+  if (GetLength() == 0) return;
   quarnfc::Unshare(Text());
   ::OemToCharA(Text(), Text());
 }

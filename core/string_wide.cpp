@@ -11,7 +11,6 @@
 #include "platform/platform.h"
 
 using quarnfc::CheckedLength;
-using quarnfc::HeaderOf;
 
 namespace {
 

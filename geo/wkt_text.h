@@ -6,18 +6,10 @@
 #include <quarnfc/geographic.h>
 #include <quarnfc/qn_string.h>
 
-#include <memory>
-
 #include "core/memory.h"
 #include "geo/wkt_reader.h"
 
 namespace quarnfc {
-
-struct BufferDeleter {
-  void operator()(void* buffer) const noexcept { FreeBuffer(buffer); }
-};
-using OwnedText = std::unique_ptr<char, BufferDeleter>;
-using OwnedWideText = std::unique_ptr<wchar_t, BufferDeleter>;
 
 // New buffers with the converted text; null for null.
 OwnedWideText AnsiToWide(const char* text);

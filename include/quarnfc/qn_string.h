@@ -117,7 +117,8 @@ class QN_API CQNString {
   // Gives up spare capacity: moves the text into a fresh buffer of the class its length asks for.
   void FreeExtra();
 
-  // Makes the buffer one that is never shared and returns it; UnlockBuffer ends that.
+  // Makes the buffer one that is never shared and returns it; UnlockBuffer ends that, and does
+  // nothing on a buffer that is not locked.
   char* LockBuffer();
   void UnlockBuffer();
 
@@ -220,11 +221,12 @@ class QN_API CQNString {
 
   // --- formatting ---------------------------------------------------------------------------
 
-  // Replaces the text by formatted text. Conversions: c C s S d i u x X o p e E f F g G n and %%,
+  // Replaces the text by formatted text. Conversions: c C s S d i u x X o p e E f g G n and %%,
   // with the flags - + 0 # blank, width and precision (also *), and the prefixes h l ll I64 F L N.
   // "hs" and "S" with "h" take 8-bit text, "ls" and "S" wide text; a null text prints "(null)".
-  // "%n" takes its argument and writes nothing. The text is the same on every target and never
-  // overruns; the arguments may include this string's own text.
+  // F, L and N have no effect ("%Lf" takes a double). "%n" takes its argument and writes nothing.
+  // Any other character behind "%" stands for itself and takes no argument. The text is the same on
+  // every target and never overruns; the arguments may include this string's own text.
   void Format(const char* format, ...);
   void FormatV(const char* format, va_list args);
 

@@ -87,6 +87,7 @@ TEST(PathJoin, AnAbsolutePathStaysAsItIs) {
       {"C:\\data", "\\\\", "\\\\"},
       {"C:\\data", "a\\b:c", "a\\b:c"},
       {"C:\\data", "..\\b:c", "..\\b:c"},
+      {"C:\\data", ":a:b", ":a:b"},
       {"C:\\data", ":b", "C:\\data\\:b"},  // a colon at the start makes no absolute path
   });
 }

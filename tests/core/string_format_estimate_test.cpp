@@ -47,6 +47,13 @@ TEST(StringFormatEstimate, TheAlternateFlagAddsTwo) {
   EXPECT_EQ(Estimate("%#x", 1), 34);
   EXPECT_EQ(Estimate("%#40x", 1), 42);
   EXPECT_EQ(Estimate("%#g", 1.0), 130);
+  EXPECT_EQ(Estimate("%##x", 1), 36);
+}
+
+TEST(StringFormatEstimate, ANegativeWidthCountsAsItIsAndTheTextStillFits) {
+  EXPECT_EQ(Estimate("%*d", -20, 1), 32);
+  EXPECT_EQ(Estimate("%*s", -9, "abc"), 9);
+  EXPECT_EQ(Estimate("%*.50d", -20, 1), 50);
 }
 
 TEST(StringFormatEstimate, ExponentsCountWidthAndPrecisionButAtLeast128) {
