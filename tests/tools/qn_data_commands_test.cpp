@@ -34,7 +34,7 @@ struct Outcome {
   bool operator==(const Outcome&) const = default;
 };
 
-Outcome Run(const std::vector<std::string>& arguments) {
+Outcome RunQn(const std::vector<std::string>& arguments) {
   const qn::Command commands[] = {qn::kBase32Command, qn::kBase64Command, qn::kCsvCommand,
                                   qn::kHashCommand, qn::kTimeCommand};
   testing::internal::CaptureStdout();
@@ -51,7 +51,7 @@ Outcome Run(const std::vector<std::string>& arguments) {
 Outcome RunToFile(std::vector<std::string> arguments) {
   const TempFile target("");
   arguments.insert(arguments.end(), {"-o", target.path()});
-  const int code = Run(arguments).code;
+  const int code = RunQn(arguments).code;
   return {code, qn::ReadInput(target.path())};
 }
 
@@ -68,19 +68,19 @@ constexpr char kCsv[] = "id,name\n1,\"a,\"\"b\"\"\"\n2, x \n";
 
 TEST(QnCsv, HeadPrintsTheHeaderAndTheFirstRows) {
   const TempFile file(kCsv);
-  EXPECT_EQ(Run({"csv", "head", "-n", "1", file.path()}),
+  EXPECT_EQ(RunQn({"csv", "head", "-n", "1", file.path()}),
             (Outcome{0, "id,name\n1,\"a,\"\"b\"\"\"\n"}));
-  EXPECT_EQ(Run({"csv", "head", file.path()}).output, "id,name\n1,\"a,\"\"b\"\"\"\n2,x \n");
+  EXPECT_EQ(RunQn({"csv", "head", file.path()}).output, "id,name\n1,\"a,\"\"b\"\"\"\n2,x \n");
 }
 
 TEST(QnCsv, ColumnsPrintsTheHeaderFields) {
   const TempFile file(kCsv);
-  EXPECT_EQ(Run({"csv", "columns", file.path()}), (Outcome{0, "id\nname\n"}));
+  EXPECT_EQ(RunQn({"csv", "columns", file.path()}), (Outcome{0, "id\nname\n"}));
 }
 
 TEST(QnCsv, CountPrintsTheNumberOfRows) {
   const TempFile file(kCsv);
-  EXPECT_EQ(Run({"csv", "count", file.path()}), (Outcome{0, "2\n"}));
+  EXPECT_EQ(RunQn({"csv", "count", file.path()}), (Outcome{0, "2\n"}));
 }
 
 TEST(QnCsv, ToJsonWritesAnObjectForEachRow) {
@@ -106,18 +106,18 @@ TEST(QnCsv, ToJsonNumbersFieldsBeyondTheHeader) {
 TEST(QnCsv, ToJsonRefusesColumnNamesThatAreNoKeys) {
   for (const char* header : {"a,a", "\"a\"\"b\"", "a\\b"}) {
     const TempFile file(std::string(header) + "\n1,2\n");
-    EXPECT_EQ(Run({"csv", "to-json", file.path()}).code, qn::kFailure) << header;
+    EXPECT_EQ(RunQn({"csv", "to-json", file.path()}).code, qn::kFailure) << header;
   }
 }
 
 TEST(QnCsv, FailureLeavesTheOutputFileAsItWas) {
   const TempFile file("h\n1\n" + std::string(500000, 'x') + "\n");
   EXPECT_EQ(RunToFile({"csv", "to-json", file.path()}), (Outcome{qn::kFailure, ""}));
-  EXPECT_EQ(Run({"csv", "count", file.path()}), (Outcome{qn::kFailure, ""}));
+  EXPECT_EQ(RunQn({"csv", "count", file.path()}), (Outcome{qn::kFailure, ""}));
 }
 
 TEST(QnCsv, MissingFileFails) {
-  EXPECT_EQ(Run({"csv", "count", TempFile::NewPath()}).code, qn::kFailure);
+  EXPECT_EQ(RunQn({"csv", "count", TempFile::NewPath()}).code, qn::kFailure);
 }
 
 // --- hash -------------------------------------------------------------------------------------
@@ -125,23 +125,23 @@ TEST(QnCsv, MissingFileFails) {
 TEST(QnHash, PrintsDigestAndName) {
   const TempFile file("123456789");
   const std::string name = "  " + std::string(file.path()) + "\n";
-  EXPECT_EQ(Run({"hash", "crc64", file.path()}), (Outcome{0, "66A2364420E6C605" + name}));
-  EXPECT_EQ(Run({"hash", "md5", file.path()}).output, "25f9e794323b453885f5181f1b624d0b" + name);
-  EXPECT_EQ(Run({"hash", "hmac-sha256", "--key", "key", file.path()}).output.size(),
+  EXPECT_EQ(RunQn({"hash", "crc64", file.path()}), (Outcome{0, "66A2364420E6C605" + name}));
+  EXPECT_EQ(RunQn({"hash", "md5", file.path()}).output, "25f9e794323b453885f5181f1b624d0b" + name);
+  EXPECT_EQ(RunQn({"hash", "hmac-sha256", "--key", "key", file.path()}).output.size(),
             64 + name.size());
 }
 
 TEST(QnHash, KeyFileEqualsTheSameKeyOnTheCommandLine) {
   const TempFile file("data");
   const TempFile key("the key");
-  EXPECT_EQ(Run({"hash", "hmac-sha256", "--key-file", key.path(), file.path()}),
-            Run({"hash", "hmac-sha256", "-k", "the key", file.path()}));
+  EXPECT_EQ(RunQn({"hash", "hmac-sha256", "--key-file", key.path(), file.path()}),
+            RunQn({"hash", "hmac-sha256", "-k", "the key", file.path()}));
 }
 
 TEST(QnHash, HmacNeedsExactlyOneKey) {
   const TempFile file("data");
-  EXPECT_EQ(Run({"hash", "hmac-sha256", file.path()}).code, qn::kUsageError);
-  EXPECT_EQ(Run({"hash", "hmac-sha256", "-k", "a", "--key-file", "b", file.path()}).code,
+  EXPECT_EQ(RunQn({"hash", "hmac-sha256", file.path()}).code, qn::kUsageError);
+  EXPECT_EQ(RunQn({"hash", "hmac-sha256", "-k", "a", "--key-file", "b", file.path()}).code,
             qn::kUsageError);
 }
 
@@ -168,7 +168,7 @@ TEST(QnBase, LineEndsBehindTheTextAreIgnored) {
 
 TEST(QnBase, BlanksInsideAreIgnoredOnlyWhenAsked) {
   const TempFile file("Zm\n9v YmFy\n");
-  EXPECT_EQ(Run({"base64", "decode", file.path()}).code, qn::kFailure);
+  EXPECT_EQ(RunQn({"base64", "decode", file.path()}).code, qn::kFailure);
   EXPECT_EQ(RunToFile({"base64", "decode", "-i", file.path()}), (Outcome{0, "foobar"}));
 }
 
@@ -181,20 +181,20 @@ TEST(QnBase, ForeignCharacterLeavesTheOutputFileAsItWas) {
 
 TEST(QnTime, FormatsAndParses) {
   const io_test::TimeZone zone("UTC0");
-  EXPECT_EQ(Run({"time", "format", "1704443400"}), (Outcome{0, "2024-01-05 08:30:00\n"}));
-  EXPECT_EQ(Run({"time", "parse", "2024-01-05 08:30:00"}), (Outcome{0, "1704443400\n"}));
+  EXPECT_EQ(RunQn({"time", "format", "1704443400"}), (Outcome{0, "2024-01-05 08:30:00\n"}));
+  EXPECT_EQ(RunQn({"time", "parse", "2024-01-05 08:30:00"}), (Outcome{0, "1704443400\n"}));
 }
 
 TEST(QnTime, RefusesWhatIsNoTime) {
-  EXPECT_EQ(Run({"time", "parse", "2024-01- 05"}).code, qn::kFailure);
+  EXPECT_EQ(RunQn({"time", "parse", "2024-01- 05"}).code, qn::kFailure);
   for (const char* seconds : {"", "x", "1x", "4294967296", "99999999999999999999"}) {
-    EXPECT_EQ(Run({"time", "format", seconds}).code, qn::kUsageError) << seconds;
+    EXPECT_EQ(RunQn({"time", "format", seconds}).code, qn::kUsageError) << seconds;
   }
 }
 
 TEST(QnTime, NowIsATime) {
-  EXPECT_EQ(Run({"time", "now"}).output.size(), std::string("2024-01-05 08:30:00\n").size());
-  EXPECT_GT(std::stoull(Run({"time", "now", "--seconds"}).output), 1704443400u);
+  EXPECT_EQ(RunQn({"time", "now"}).output.size(), std::string("2024-01-05 08:30:00\n").size());
+  EXPECT_GT(std::stoull(RunQn({"time", "now", "--seconds"}).output), 1704443400u);
 }
 
 }  // namespace
