@@ -47,7 +47,7 @@ CMyJsonObj* QNErrorUtils::CreateErrorJson(unsigned __int64 handle, const char* t
     FillFromText(*content, text);
   }
   document->AddItem("Error", content.get());
-  content.release();
+  static_cast<void>(content.release());
   return document.release();
 }
 

@@ -38,7 +38,7 @@ CMyJsonObj* StepInto(CMyJsonObj& current, const CQNString& key, bool exact, bool
   auto value = std::make_unique<CMyJsonValue>(inner.get());
   CMyJsonObj* next = inner.release();
   Append(record, key, value.get());
-  value.release();
+  static_cast<void>(value.release());
   return next;
 }
 
@@ -80,14 +80,14 @@ class NewValue {
 
   bool SetIn(CMyJsonObj& object, const char* path, bool exact, bool onlyExisting) {
     if (!object.SetItem(path, value_.get(), exact, onlyExisting)) return false;
-    value_.release();
+    static_cast<void>(value_.release());
     return true;
   }
 
   void AddTo(CMyJsonObj& object, const char* key) {
     if (key == nullptr) return;
     object.AddItem(key, value_.get());
-    value_.release();
+    static_cast<void>(value_.release());
   }
 
  private:

@@ -1,6 +1,5 @@
 #include "json/piece_list.h"
 
-#include <cstring>
 #include <limits>
 #include <new>
 
@@ -26,8 +25,7 @@ CQNString PieceList::Join() {
   char* target = text.GetBufferSetLength(static_cast<int>(length_));
   for (; !pieces_.empty(); pieces_.pop_front()) {
     const std::string& piece = pieces_.front();
-    std::memcpy(target, piece.data(), piece.size());
-    target += piece.size();
+    target += piece.copy(target, piece.size());
   }
   return text;
 }

@@ -139,7 +139,7 @@ void TextReader::CloseArray() {
 
 void TextReader::EndContainer(std::unique_ptr<CMyJsonValue> value) {
   values_.push_back(value.get());
-  value.release();
+  static_cast<void>(value.release());
   open_.pop_back();
   ++at_;
   if (!open_.empty()) EndItem();

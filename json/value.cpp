@@ -10,8 +10,6 @@
 
 namespace {
 
-using quarnfc::JsonAccess;
-
 template <class Number>
 void FillArray(CMyJsonValueImp& record, const Number* numbers, int count) {
   record.type = CMyJsonValue::eArr;

@@ -9,7 +9,6 @@
 
 namespace {
 
-using quarnfc::JsonAccess;
 using quarnfc::ValueList;
 using EValueType = CMyJsonValue::EValueType;
 

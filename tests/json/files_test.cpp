@@ -10,7 +10,6 @@
 namespace {
 
 using json_test::Compact;
-using json_test::Indented;
 using json_test::Read;
 using json_test::Repeat;
 using json_test::ValuePtr;

@@ -7,6 +7,8 @@
 #include <quarnfc/json_value.h>
 #include <quarnfc/plain.h>
 
+#include <bit>
+#include <cstdint>
 #include <cstring>
 #include <initializer_list>
 #include <memory>
@@ -63,6 +65,11 @@ inline std::string Repeat(const std::string& text, std::size_t count) {
   return repeated;
 }
 
+// Equal to the last bit, the sign of zero included.
+inline bool SameNumber(double left, double right) {
+  return std::bit_cast<std::uint64_t>(left) == std::bit_cast<std::uint64_t>(right);
+}
+
 using ValuePair = std::pair<const CMyJsonValue*, const CMyJsonValue*>;
 
 // Compares the members or elements of two values of one type and adds them to pending.
@@ -95,10 +102,8 @@ inline bool SameScalar(const CMyJsonValue& left, const CMyJsonValue& right) {
       return std::strcmp(left.ValueStr(), right.ValueStr()) == 0;
     case CMyJsonValue::eBool:
       return left.ValueBool() == right.ValueBool();
-    case CMyJsonValue::eNumber: {
-      const double numbers[] = {left.ValueNumber(), right.ValueNumber()};
-      return std::memcmp(&numbers[0], &numbers[1], sizeof(double)) == 0;
-    }
+    case CMyJsonValue::eNumber:
+      return SameNumber(left.ValueNumber(), right.ValueNumber());
     default:
       return true;
   }

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 #include <quarnfc/qn_string.h>
 
+#include <bit>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <limits>
 #include <random>
 #include <string>
@@ -27,11 +27,7 @@ std::string Plain(double number) {
   return bytes;
 }
 
-double FromBits(std::uint64_t bits) {
-  double number;
-  std::memcpy(&number, &bits, sizeof(number));
-  return number;
-}
+double FromBits(std::uint64_t bits) { return std::bit_cast<double>(bits); }
 
 void ExpectSame(double number) { EXPECT_EQ(Fast(number), Plain(number)); }
 
@@ -95,7 +91,7 @@ TEST(NumberText, ShortestTextOfEveryNumberParsesBackToIt) {
     text.Format("%.17g", number);
     const char* first = text;
     const double parsed = quarnfc::ParseNumber(first, first + text.GetLength());
-    EXPECT_EQ(std::memcmp(&parsed, &number, sizeof(double)), 0) << first;
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(parsed), std::bit_cast<std::uint64_t>(number)) << first;
   }
 }
 

@@ -8,7 +8,6 @@
 
 namespace {
 
-using json_test::ArrayOf;
 using json_test::Bytes;
 using json_test::Compact;
 using json_test::ObjectPtr;

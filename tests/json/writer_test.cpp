@@ -3,12 +3,12 @@
 
 #include <cmath>
 #include <limits>
+#include <map>
 
 #include "tests/json/json_support.h"
 
 namespace {
 
-using json_test::ArrayOf;
 using json_test::Bytes;
 using json_test::Compact;
 using json_test::Indented;
@@ -31,15 +31,14 @@ TEST(JsonWriter, ScalarsAreWrittenBare) {
 }
 
 TEST(JsonWriter, ExactlyFiveBytesAreEscaped) {
+  const std::map<char, std::string> escapes = {
+      {'\\', R"("\\")"}, {'"', R"("\"")"}, {'\t', R"("\t")"}, {'\r', R"("\r")"}, {'\n', R"("\n")"}};
   for (int byte = 1; byte < 256; ++byte) {
-    const char text[] = {static_cast<char>(byte), '\0'};
-    const std::string written = byte == '\\'   ? R"("\\")"
-                                : byte == '"'  ? R"("\"")"
-                                : byte == '\t' ? R"("\t")"
-                                : byte == '\r' ? R"("\r")"
-                                : byte == '\n' ? R"("\n")"
-                                               : "\"" + std::string(text) + "\"";
-    EXPECT_EQ(Compact(CMyJsonValue(text)), written) << byte;
+    const std::string text(1, static_cast<char>(byte));
+    const auto escaped = escapes.find(text[0]);
+    EXPECT_EQ(Compact(CMyJsonValue(text.c_str())),
+              escaped != escapes.end() ? escaped->second : '"' + text + '"')
+        << byte;
   }
 }
 
@@ -211,8 +210,10 @@ TEST(JsonWriter, IndentedTopLevelArraysKeepTheIndentationOfAMember) {
 TEST(JsonWriter, NothingIsLostAtTheBoundariesOfPieces) {
   for (const int length : {500, 509, 510, 511, 512, 513, 514, 2000}) {
     const std::string text(static_cast<std::size_t>(length), 'x');
-    const std::string document = "{\"a\":\"" + text + "\",\"b\":[\"" + text + "\",{\"c\":\"" +
-                                 text + "\"},\"" + text + "\"],\"d\":\"" + text + "\"}";
+    std::string document = R"({"a":"#","b":["#",{"c":"#"},"#"],"d":"#"})";
+    for (std::size_t at = 0; (at = document.find('#')) != std::string::npos;) {
+      document.replace(at, 1, text);
+    }
     CMyJsonObj object;
     ASSERT_TRUE(object.Load(document.c_str()));
     EXPECT_EQ(Compact(object), document);
