@@ -389,7 +389,9 @@ TEST(JsonReader, EscapesAreDecoded) {
   for (const auto& [raw, decoded] : cases) {
     CMyJsonObj object;
     const std::string quoted = '"' + raw + '"';
-    ASSERT_TRUE(object.Load(('{' + quoted + ':' + quoted + '}').c_str())) << raw;
+    std::string text("{");
+    text.append(quoted).append(":").append(quoted).append("}");
+    ASSERT_TRUE(object.Load(text.c_str())) << raw;
     CQNString key;
     CMyJsonValue* value = nullptr;
     object.Item(0, key, value);
