@@ -92,10 +92,11 @@ char* CopyName(std::string_view name, char* text) {
   return text + name.size();
 }
 
-// One spelling on every target: run-time libraries differ.
+// As Windows spells them, and CQNString::Format on every target.
 char* FormatNonFinite(double number, char* text) {
-  if (std::signbit(number)) *text++ = '-';
-  return CopyName(std::isnan(number) ? "nan" : "inf", text);
+  const bool is_negative = std::signbit(number);
+  if (std::isinf(number)) return CopyName(is_negative ? "-inf" : "inf", text);
+  return CopyName(is_negative ? "-nan(ind)" : "nan", text);
 }
 
 }  // namespace
