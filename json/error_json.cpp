@@ -3,19 +3,17 @@
 
 #include <memory>
 
+#include "core/memory.h"
 #include "json/messages.h"
 
 namespace {
 
-struct FreeText {
-  void operator()(char* text) const { qnFreeMem(text); }
-};
+using quarnfc::OwnedText;
 
 struct CloseError {
   void operator()(CQNObject* error) const { qnCloseHandle(error); }
 };
 
-using OwnedText = std::unique_ptr<char, FreeText>;
 using OwnedError = std::unique_ptr<CQNObject, CloseError>;
 
 // The object behind a handle, to be released here.

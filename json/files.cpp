@@ -6,6 +6,7 @@
 #include <cstring>
 #include <memory>
 
+#include "core/memory.h"
 #include "json/messages.h"
 #include "platform/crt.h"
 #include "platform/platform.h"
@@ -22,10 +23,6 @@ constexpr std::size_t kUtf8MarkLength = 3;
 
 struct CloseFile {
   void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
-struct FreeText {
-  void operator()(char* text) const { qnFreeMem(text); }
 };
 
 using OwnedFile = std::unique_ptr<std::FILE, CloseFile>;
@@ -127,7 +124,7 @@ void WriteAnsi(std::FILE* file, const CQNString& text) {
 }
 
 void WriteUtf8(std::FILE* file, const CMyJsonValue& value) {
-  const std::unique_ptr<char, FreeText> text(value.CreateUTF8Json(true));
+  const quarnfc::OwnedText text(value.CreateUTF8Json(true));
   WriteText(file, kUtf8Mark, kUtf8MarkLength);
   WriteText(file, text.get(), std::strlen(text.get()));
 }
