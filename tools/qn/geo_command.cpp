@@ -131,7 +131,7 @@ struct NamedSystem {
   const Geo* system;
 };
 
-constexpr NamedSystem kNamedSystems[] = {{"beijing54", &Geo::Beijing54},
+const NamedSystem kNamedSystems[] = {{"beijing54", &Geo::Beijing54},
                                          {"xian80", &Geo::XiAn80},
                                          {"wgs84", &Geo::WGS84},
                                          {"cgcs2000", &Geo::CGCS2000}};
