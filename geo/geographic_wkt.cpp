@@ -44,15 +44,13 @@ const KnownSystem& FindKnownSystem(const CQNGeoCoordinateSystem& system) {
 
 }  // namespace quarnfc
 
-using quarnfc::WktNumber;
-
 char* CQNGeoCoordinateSystem::CreateWKT() const {
   const quarnfc::KnownSystem& known = quarnfc::FindKnownSystem(*this);
-  const WktNumber axis(semi_major_axis_, 6);
-  const WktNumber flattening(inverse_flattening_, 9);
+  const CQNString axis = quarnfc::WriteWktNumber(semi_major_axis_, 6);
+  const CQNString flattening = quarnfc::WriteWktNumber(inverse_flattening_, 9);
   CQNString text;
-  text.Format(quarnfc::kTemplate, known.name, known.datum, known.spheroid, axis.Text(),
-              flattening.Text(), known.degree);
+  text.Format(quarnfc::kTemplate, known.name, known.datum, known.spheroid, quarnfc::Chars(axis),
+              quarnfc::Chars(flattening), known.degree);
   return quarnfc::CutToBuffer(text, quarnfc::kTextSize).release();
 }
 

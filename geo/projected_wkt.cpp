@@ -36,7 +36,7 @@ bool CheckProjection(const CWKTDef& root, CQNString& error) {
     return false;
   }
   if (name->Text().CompareNoCase("Transverse_Mercator") != 0) {
-    error.Format(geo_messages::kWrongProjection, static_cast<const char*>(name->Text()));
+    error.Format(geo_messages::kWrongProjection, Chars(name->Text()));
     return false;
   }
   return true;
@@ -53,20 +53,20 @@ bool ReadParameter(const CWKTDef& root, const char* name, const char* missing, d
 
 }  // namespace quarnfc
 
-using quarnfc::WktNumber;
-
 char* CQNProCoordinateSystem::CreateWKT() const {
   using quarnfc::kDecimals;
   const quarnfc::OwnedText geographic(geo_.CreateWKT());
-  const WktNumber absolute_meridian(std::fabs(central_meridian_), kDecimals);
-  const WktNumber meridian(central_meridian_, kDecimals);
-  const WktNumber scale(scale_factor_, kDecimals);
-  const WktNumber easting(false_easting_, kDecimals);
-  const WktNumber northing(false_northing_, kDecimals);
+  const CQNString absolute_meridian =
+      quarnfc::WriteWktNumber(std::fabs(central_meridian_), kDecimals);
+  const CQNString meridian = quarnfc::WriteWktNumber(central_meridian_, kDecimals);
+  const CQNString scale = quarnfc::WriteWktNumber(scale_factor_, kDecimals);
+  const CQNString easting = quarnfc::WriteWktNumber(false_easting_, kDecimals);
+  const CQNString northing = quarnfc::WriteWktNumber(false_northing_, kDecimals);
   CQNString text;
   text.Format(quarnfc::kTemplate, quarnfc::FindKnownSystem(geo_).projection,
-              absolute_meridian.Text(), central_meridian_ < 0.0 ? "W" : "E", geographic.get(),
-              meridian.Text(), scale.Text(), easting.Text(), northing.Text());
+              quarnfc::Chars(absolute_meridian), central_meridian_ < 0.0 ? "W" : "E",
+              geographic.get(), quarnfc::Chars(meridian), quarnfc::Chars(scale),
+              quarnfc::Chars(easting), quarnfc::Chars(northing));
   return quarnfc::CutToBuffer(text, quarnfc::kTextSize).release();
 }
 

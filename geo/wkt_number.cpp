@@ -8,11 +8,6 @@ namespace quarnfc {
 
 namespace {
 
-char* StripTrailing(char* begin, char* end, char ch) {
-  while (end != begin && end[-1] == ch) --end;
-  return end;
-}
-
 // A number that no double holds is infinite when it has a digit above 0 in front of the point,
 // otherwise it vanishes.
 double OutOfRange(std::string_view text) {
@@ -35,12 +30,12 @@ double ReadWktNumber(std::string_view text) {
   return result.ec == std::errc::result_out_of_range ? OutOfRange(text) : value;
 }
 
-WktNumber::WktNumber(double value, int decimals) {
-  char* const last = text_ + sizeof text_ - 1;
-  char* end = std::to_chars(text_, last, value, std::chars_format::fixed, decimals).ptr;
-  end = StripTrailing(text_, end, '0');
-  end = StripTrailing(text_, end, '.');
-  *end = '\0';
+CQNString WriteWktNumber(double value, int decimals) {
+  CQNString text;
+  text.Format("%.*f", decimals, value);
+  text.TrimRight('0');
+  text.TrimRight('.');
+  return text;
 }
 
 }  // namespace quarnfc

@@ -1,6 +1,8 @@
-// Numbers as they are written in WKT.
+// Numbers as they stand in WKT.
 #ifndef QUARNFC_GEO_WKT_NUMBER_H_
 #define QUARNFC_GEO_WKT_NUMBER_H_
+
+#include <quarnfc/qn_string.h>
 
 #include <string_view>
 
@@ -14,20 +16,9 @@ bool IsWktNumber(std::string_view text);
 // the start is ignored ("1.5-2" is 1.5), no number at the start is 0.
 double ReadWktNumber(std::string_view text);
 
-// A number with a fixed count of decimals (at most 9), stripped of trailing zeros and then of the
-// point: 500000.000000 is "500000", 0.999600 is "0.9996". The decimal point is a point whatever
-// the locale of the process.
-class WktNumber {
- public:
-  WktNumber(double value, int decimals);
-
-  // The zero-terminated text, valid as long as this object.
-  const char* Text() const { return text_; }
-
- private:
-  // A sign, the 309 digits of the largest double, the point, nine decimals, the terminator.
-  char text_[324];
-};
+// A number with this count of decimals as CQNString::Format writes it, stripped of trailing zeros
+// and then of the point: 500000.000000 is "500000", 0.999600 is "0.9996".
+CQNString WriteWktNumber(double value, int decimals);
 
 }  // namespace quarnfc
 

@@ -15,6 +15,9 @@ namespace quarnfc {
 OwnedWideText AnsiToWide(const char* text);
 OwnedText WideToAnsi(const wchar_t* text);
 
+// A string as an argument of CQNString::Format.
+inline const char* Chars(const CQNString& text) { return text; }
+
 // A new buffer of size bytes with as much of the text as fits in front of a terminator.
 OwnedText CutToBuffer(const CQNString& text, int size);
 
