@@ -1,0 +1,80 @@
+// Every short line over the characters that matter, against the splitting rules written down step
+// by step, with the moves and cuts they speak of.
+#include "io/csv_row.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "tests/io/csv_rows.h"
+
+namespace {
+
+using io_test::Row;
+using io_test::ToRow;
+
+bool IsBlank(char ch) { return ch == ' ' || ch == '\t'; }
+
+// Leaves the cursor behind the closing quote, or at the end of the line; returns the field.
+std::string PlainQuoted(std::string& line, std::size_t& cursor) {
+  const std::size_t start = ++cursor;
+  for (; cursor < line.size(); ++cursor) {
+    if (line[cursor] != '"') continue;
+    if (cursor + 1 < line.size() && line[cursor + 1] == '"') {
+      line.erase(cursor, 1);  // the rest of the line moves left by one
+    } else {
+      return line.substr(start, cursor++ - start);
+    }
+  }
+  return line.substr(start);
+}
+
+Row PlainSplit(std::string line) {
+  if (line.back() == '\r') line.pop_back();
+  Row row;
+  std::size_t separators = 0;
+  std::size_t cursor = 0;
+  while (cursor < line.size()) {
+    while (cursor < line.size() && IsBlank(line[cursor])) ++cursor;
+    std::string field;
+    const bool quoted = cursor < line.size() && line[cursor] == '"';
+    if (quoted) field = PlainQuoted(line, cursor);
+    const std::size_t comma = std::min(line.find(',', cursor), line.size());
+    if (!quoted) field = line.substr(cursor, comma - cursor);
+    cursor = comma;
+    if (comma < line.size()) {
+      ++cursor;
+      ++separators;
+    }
+    row.push_back(field);
+  }
+  if (separators >= row.size()) row.emplace_back();
+  return row;
+}
+
+Row Split(const std::string& line) {
+  std::vector<char> buffer(line.begin(), line.end());
+  buffer.push_back('\0');
+  std::vector<CQNString> fields;
+  quarnfc::SplitCsvLine({buffer.data(), line.size()}, false, fields);
+  return ToRow(fields);
+}
+
+TEST(CsvRow, EveryShortLineSplitsByThePlainRules) {
+  constexpr char kCharacters[] = {'a', ',', '"', ' ', '\t', '\r'};
+  constexpr std::size_t kCount = sizeof(kCharacters);
+  constexpr std::size_t kLongest = 7;
+  std::size_t lines = 1;
+  for (std::size_t length = 1; length <= kLongest; ++length) {
+    lines *= kCount;
+    for (std::size_t number = 0; number < lines; ++number) {
+      std::string line;
+      for (std::size_t rest = number; line.size() < length; rest /= kCount) {
+        line.push_back(kCharacters[rest % kCount]);
+      }
+      ASSERT_EQ(Split(line), PlainSplit(line)) << line;
+    }
+  }
+}
+
+}  // namespace
