@@ -17,7 +17,7 @@ constexpr Sha256::State kInitialState = {0x6a09e667, 0xbb67ae85, 0x3c6ef372, 0xa
 // Takes count blocks into the state, in the fastest way this processor knows.
 void Compress(Sha256::State& state, const unsigned char* blocks, std::size_t count) {
   static const auto compress = CpuHasSha() ? Sha256CompressX86 : Sha256CompressPlain;
-  compress(state, blocks, count);
+  compress(state.data(), blocks, count);
 }
 
 }  // namespace

@@ -20,9 +20,11 @@ alignas(16) inline constexpr std::uint32_t kSha256Constants[64] = {
     0x19a4c116, 0x1e376c08, 0x2748774c, 0x34b0bcb5, 0x391c0cb3, 0x4ed8aa4a, 0x5b9cca4f, 0x682e6ff3,
     0x748f82ee, 0x78a5636f, 0x84c87814, 0x8cc70208, 0x90befffa, 0xa4506ceb, 0xbef9a3f7, 0xc67178f2};
 
-// Takes count blocks into the state. Both do the same; the second needs CpuHasSha().
-void Sha256CompressPlain(Sha256::State& state, const unsigned char* blocks, std::size_t count);
-void Sha256CompressX86(Sha256::State& state, const unsigned char* blocks, std::size_t count);
+// Takes count blocks into the eight state words. Both do the same; the second needs CpuHasSha().
+// Its file calls no inline function of the standard library, which the linker could take into use
+// for everyone with instructions that not every processor has.
+void Sha256CompressPlain(std::uint32_t* state, const unsigned char* blocks, std::size_t count);
+void Sha256CompressX86(std::uint32_t* state, const unsigned char* blocks, std::size_t count);
 
 }  // namespace quarnfc
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <utility>
@@ -53,11 +54,12 @@ void AllSteps(Sha256::State& state, Schedule& w, std::integer_sequence<int, I...
 
 }  // namespace
 
-void Sha256CompressPlain(Sha256::State& state, const unsigned char* blocks, std::size_t count) {
+void Sha256CompressPlain(std::uint32_t* state, const unsigned char* blocks, std::size_t count) {
   for (; count > 0; --count, blocks += Sha256::kBlockBytes) {
     Schedule w;
     for (int i = 0; i < 16; ++i) w[i] = LoadBig32(blocks + 4 * i);
-    Sha256::State next = state;
+    Sha256::State next;
+    std::copy(state, state + next.size(), next.begin());
     AllSteps(next, w, std::make_integer_sequence<int, 64>{});
     for (int i = 0; i < 8; ++i) state[i] += next[i];
   }

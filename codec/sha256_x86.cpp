@@ -19,17 +19,17 @@ struct Halves {
   __m128i cdgh;
 };
 
-Halves Split(const Sha256::State& state) {
-  const __m128i cdab = _mm_shuffle_epi32(Load(&state[0]), 0xB1);
-  const __m128i efgh = _mm_shuffle_epi32(Load(&state[4]), 0x1B);
+Halves Split(const std::uint32_t* state) {
+  const __m128i cdab = _mm_shuffle_epi32(Load(state), 0xB1);
+  const __m128i efgh = _mm_shuffle_epi32(Load(state + 4), 0x1B);
   return {_mm_alignr_epi8(cdab, efgh, 8), _mm_blend_epi16(efgh, cdab, 0xF0)};
 }
 
-void Join(const Halves& halves, Sha256::State& state) {
+void Join(const Halves& halves, std::uint32_t* state) {
   const __m128i feba = _mm_shuffle_epi32(halves.abef, 0x1B);
   const __m128i dchg = _mm_shuffle_epi32(halves.cdgh, 0xB1);
-  Store(&state[0], _mm_blend_epi16(feba, dchg, 0xF0));
-  Store(&state[4], _mm_alignr_epi8(dchg, feba, 8));
+  Store(state, _mm_blend_epi16(feba, dchg, 0xF0));
+  Store(state + 4, _mm_alignr_epi8(dchg, feba, 8));
 }
 
 // Steps 4 I to 4 I + 3. w holds sixteen words of the message schedule, which roll on.
@@ -52,7 +52,7 @@ void AllSteps(Halves& halves, __m128i (&w)[4], std::integer_sequence<int, I...>)
 
 }  // namespace
 
-void Sha256CompressX86(Sha256::State& state, const unsigned char* blocks, std::size_t count) {
+void Sha256CompressX86(std::uint32_t* state, const unsigned char* blocks, std::size_t count) {
   const __m128i to_big_endian = _mm_set_epi64x(0x0C0D0E0F08090A0B, 0x0405060700010203);
   Halves halves = Split(state);
   for (; count > 0; --count, blocks += Sha256::kBlockBytes) {
