@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Starts nginx on free ports of 127.0.0.1 for the duration of one program, over HTTP and over HTTPS
-# with a certificate made for the occasion. The program finds the ports in QUARNFC_HTTP_PORT and
+# with a certificate for localhost made for the occasion. The program finds the ports in QUARNFC_HTTP_PORT and
 # QUARNFC_HTTPS_PORT, and the checksum of the large file in QUARNFC_LARGE_MD5.
 # Usage: run-with-nginx.sh PROGRAM [ARGUMENT...]   exits with the program's code
 set -euo pipefail
@@ -35,8 +35,8 @@ write_files() {
   printf 'first line\r\nsecond line\n\nlast line' >"$root/www/lines.txt"
   printf 'small content' >"$root/www/small.txt"
   printf 'user:%s\n' "$(openssl passwd -apr1 secret)" >"$root/passwords"
-  openssl req -x509 -newkey rsa:2048 -nodes -days 2 -subj /CN=127.0.0.1 \
-    -addext subjectAltName=IP:127.0.0.1 \
+  openssl req -x509 -newkey rsa:2048 -nodes -days 2 -subj /CN=localhost \
+    -addext subjectAltName=DNS:localhost \
     -keyout "$root/key.pem" -out "$root/certificate.pem" 2>/dev/null
 }
 
