@@ -8,6 +8,7 @@ set -euo pipefail
 source "$(dirname "$0")/lib.sh"
 
 programs=(quarnfc_tests quarnfc_internal_tests)
+web_program=quarnfc_net_tests # on Windows, beside a web server
 thread_tests='*Threads*:*Concurren*'
 passed=0
 failed=0
@@ -66,6 +67,7 @@ run_program() {
   local folder="$project/build/$preset" log="$logs/test-$1-$2.log" run=()
   program=bin/$program
   [ "$preset" != windows ] || { run=("$project/scripts/run-wine.sh") program=$program.exe; }
+  [ "$2" != "$web_program" ] || run=("$project/tests/net/run-with-nginx.sh" "${run[@]}")
   (cd "$folder" && "${run[@]}" "$program" --gtest_color=no --gtest_filter="$filter") \
     >"$log" 2>&1 </dev/null || status=$?
   results=$(gtest_results "$log" "$status")
@@ -103,6 +105,7 @@ test_preset() {
   for program in "${programs[@]}"; do
     run_program "$preset" "$program" "$filter"
   done
+  [ "$preset" != windows ] || run_program "$preset" "$web_program" "$filter"
   if [ "$preset" != tsan ] && [ "$filter" = '*' ]; then run_checks "$preset"; fi
 }
 

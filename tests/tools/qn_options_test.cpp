@@ -29,6 +29,13 @@ TEST(QnOptions, FlagsValuesAndPositionalArgumentsMayBeMixed) {
   EXPECT_EQ(options.Positional(), (std::vector<std::string>{"in", "more"}));
 }
 
+TEST(QnOptions, AnOptionThatTakesValuesMayBeGivenAgain) {
+  const std::vector<std::string> arguments = {"-H", "a", "--header", "b", "--header=c"};
+  const Options options(arguments, {{"header", 'H', Takes::kValues}});
+  EXPECT_EQ(options.Values("header"), (std::vector<std::string>{"a", "b", "c"}));
+  EXPECT_TRUE(Options({}, {{"header", 'H', Takes::kValues}}).Values("header").empty());
+}
+
 TEST(QnOptions, WhatIsNotGivenHasItsFallback) {
   const Options options = Parse({});
   EXPECT_FALSE(options.Has("compact"));

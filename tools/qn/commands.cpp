@@ -9,11 +9,12 @@ extern const Command kBase64Command;
 extern const Command kCsvCommand;
 extern const Command kGeoCommand;
 extern const Command kHashCommand;
+extern const Command kHttpCommand;
 extern const Command kTimeCommand;
 
 std::span<const Command> Commands() {
   static const Command kAll[] = {
-      kBase32Command, kBase64Command, kCsvCommand, kGeoCommand, kHashCommand, kTimeCommand,
+      kBase32Command, kBase64Command, kCsvCommand, kGeoCommand, kHashCommand, kHttpCommand, kTimeCommand,
   };
   return kAll;
 }

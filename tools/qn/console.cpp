@@ -50,7 +50,11 @@ void Progress::Update(unsigned long long done, unsigned long long total) {
                  : std::to_string(static_cast<int>(100.0 * static_cast<double>(done) /
                                                    static_cast<double>(total))) +
                        " %";
-  Draw(label_ + ": " + amount);
+  Show(amount);
+}
+
+void Progress::Show(std::string_view state) {
+  if (visible_) Draw(label_ + ": " + std::string(state));
 }
 
 void Progress::Draw(std::string line) {

@@ -45,6 +45,9 @@ class Progress {
   // Without a known total (0) the amount itself is shown. The line is redrawn only when it changes.
   void Update(unsigned long long done, unsigned long long total);
 
+  // Shows a state in the command's own words.
+  void Show(std::string_view state);
+
  private:
   void Draw(std::string line);
 

@@ -65,9 +65,11 @@ Options::Options(std::span<const std::string> arguments, std::initializer_list<O
       if (++i == arguments.size()) throw UsageError(shown + "needs a value");
       given.value = arguments[i];
     }
-    if (!values_.emplace(spec.name, *given.value).second) {
+    std::vector<std::string>& values = values_[std::string(spec.name)];
+    if (!values.empty() && spec.takes != Takes::kValues) {
       throw UsageError(shown + "is given twice");
     }
+    values.emplace_back(*given.value);
   }
 }
 
@@ -75,7 +77,12 @@ bool Options::Has(std::string_view name) const { return values_.find(name) != va
 
 std::string Options::Value(std::string_view name, std::string_view fallback) const {
   const auto value = values_.find(name);
-  return value == values_.end() ? std::string(fallback) : value->second;
+  return value == values_.end() ? std::string(fallback) : value->second.front();
+}
+
+std::vector<std::string> Options::Values(std::string_view name) const {
+  const auto values = values_.find(name);
+  return values == values_.end() ? std::vector<std::string>() : values->second;
 }
 
 long long Options::Number(std::string_view name, long long fallback, long long least,

@@ -16,7 +16,11 @@
 
 namespace qn {
 
-enum class Takes { kNothing, kValue };
+enum class Takes {
+  kNothing,
+  kValue,
+  kValues,  // one value each time; the option may be given again
+};
 
 struct OptionSpec {
   std::string_view name;  // without the dashes
@@ -35,6 +39,9 @@ class Options {
   // The value of an option, or fallback when it was not given.
   std::string Value(std::string_view name, std::string_view fallback = {}) const;
 
+  // Every value of an option that may be given again, in order.
+  std::vector<std::string> Values(std::string_view name) const;
+
   // The value as a decimal integer within the limits, or fallback when the option was not given.
   // Throws UsageError for anything else.
   long long Number(std::string_view name, long long fallback, long long least,
@@ -46,7 +53,7 @@ class Options {
   void ExpectPositional(std::size_t least, std::size_t most) const;
 
  private:
-  std::map<std::string, std::string, std::less<>> values_;
+  std::map<std::string, std::vector<std::string>, std::less<>> values_;
   std::vector<std::string> positional_;
 };
 
