@@ -10,6 +10,10 @@ function(quarnfc_module target)
                LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
   if(QUARNFC_IPO_SUPPORTED)
     set_target_properties(quarnfc_objects ${target} PROPERTIES INTERPROCEDURAL_OPTIMIZATION ON)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+      # The test program that is linked from the same objects uses their ordinary code.
+      target_compile_options(quarnfc_objects PRIVATE -ffat-lto-objects)
+    endif()
   endif()
 
   if(WIN32)

@@ -11,7 +11,8 @@
 #include "tests/net/scripted_server.h"
 #include "tests/net/test_text.h"
 
-// After the platform's main header.
+#include <windows.h>
+
 #include <psapi.h>
 
 namespace {

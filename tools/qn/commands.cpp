@@ -14,7 +14,8 @@ extern const Command kTimeCommand;
 
 std::span<const Command> Commands() {
   static const Command kAll[] = {
-      kBase32Command, kBase64Command, kCsvCommand, kGeoCommand, kHashCommand, kHttpCommand, kTimeCommand,
+      kBase32Command, kBase64Command, kCsvCommand,  kGeoCommand,
+      kHashCommand,   kHttpCommand,   kTimeCommand,
   };
   return kAll;
 }
