@@ -6,12 +6,12 @@
 #include <vector>
 
 #include "command.h"
-#include "console.h"
 #include "exit_code.h"
 #include "input_file.h"
 #include "output_file.h"
 #include "tests/io/temp_file.h"
 #include "tests/io/time_zone.h"
+#include "tests/tools/run_qn.h"
 
 namespace qn {
 
@@ -27,24 +27,12 @@ namespace {
 
 using io_test::TempFile;
 
-struct Outcome {
-  int code;
-  std::string output;
-
-  bool operator==(const Outcome&) const = default;
-};
+using qn_test::Outcome;
 
 Outcome RunQn(const std::vector<std::string>& arguments) {
   const qn::Command commands[] = {qn::kBase32Command, qn::kBase64Command, qn::kCsvCommand,
                                   qn::kHashCommand, qn::kTimeCommand};
-  testing::internal::CaptureStdout();
-  testing::internal::CaptureStderr();
-  const int code = qn::Dispatch(commands, arguments);
-  qn::FlushOutput();
-  testing::internal::GetCapturedStderr();
-  std::string output = testing::internal::GetCapturedStdout();
-  std::erase(output, '\r');
-  return {code, output};
+  return qn_test::RunQn(commands, arguments);
 }
 
 // The outcome of a command that writes with -o, with what it wrote.

@@ -2,9 +2,18 @@
 
 #include <string>
 
+#include "command.h"
 #include "errors.h"
+#include "exit_code.h"
 #include "geo_csv.h"
 #include "geo_system.h"
+#include "tests/tools/run_qn.h"
+
+namespace qn {
+
+extern const Command kGeoCommand;
+
+}  // namespace qn
 
 namespace {
 
@@ -75,6 +84,61 @@ TEST(QnGeoSystem, CodesAreFoundForTheirSystems) {
     EXPECT_TRUE(found == system) << code;
   }
   EXPECT_EQ(FindEpsgCode(CQNProCoordinateSystem(CQNGeoCoordinateSystem(1, 2), 3, 4, 5, 6)), 0);
+}
+
+qn_test::Outcome RunGeo(std::vector<std::string> arguments) {
+  arguments.insert(arguments.begin(), "geo");
+  return qn_test::RunQn(std::span(&kGeoCommand, 1), arguments);
+}
+
+const std::string kTexts = QUARNFC_TEST_DATA "/wkt/";
+
+TEST(QnGeo, PointsAreConvertedThereAndBack) {
+  const qn_test::Outcome there = {kSuccess, "395837.1756,3124188.4432\n500000.0000,0.0000\n"};
+  EXPECT_EQ(
+      RunGeo({"convert", "--from", "lonlat", "--to", "4547", "112.938814,28.228209", "114,0"}),
+      there);
+  const qn_test::Outcome back = {kSuccess, "112.938814,28.228209\n"};
+  EXPECT_EQ(RunGeo({"convert", "--from", "4547", "--to", "lonlat", "--digits", "6",
+                    "395837.1756,3124188.4432"}),
+            back);
+}
+
+TEST(QnGeo, WktIsWrittenForCodesAndNames) {
+  EXPECT_EQ(RunGeo({"wkt", "4547"}).output.find("PROJCS[\"CGCS2000 / 3-degree"), 0u);
+  EXPECT_EQ(RunGeo({"wkt", "wgs84"}).output.find("GEOGCS[\"WGS 84\""), 0u);
+  EXPECT_EQ(RunGeo({"wkt", "lonlat"}).code, kUsageError);
+}
+
+TEST(QnGeo, InfoTellsTextsApart) {
+  const qn_test::Outcome accepted = RunGeo({"info", kTexts + "epsg-32650.esri.wkt"});
+  EXPECT_EQ(accepted.code, kSuccess);
+  EXPECT_NE(accepted.output.find("UTM zone            50 north"), std::string::npos);
+  EXPECT_EQ(RunGeo({"info", kTexts + "epsg-4547.esri.wkt"}).code, kSuccess);
+  EXPECT_EQ(RunGeo({"info", kTexts + "epsg-4326.wkt2.wkt"}).code, kFailure);
+}
+
+TEST(QnGeo, CitiesAreProjectedIntoTheirZones) {
+  const std::string districts = QUARNFC_TEST_DATA "/../../data/districts-utf8.csv";
+  const qn_test::Outcome all = RunGeo({"cities", districts});
+  EXPECT_EQ(all.code, kSuccess);
+  EXPECT_NE(all.output.find("3508 places; the largest error of the way back is 0.2868 mm"),
+            std::string::npos);
+  EXPECT_EQ(RunGeo({"cities", districts, "no such code"}).code, kFailure);
+}
+
+TEST(QnGeo, WrongCommandLinesAreUsageErrors) {
+  const std::vector<std::string> cases[] = {
+      {"convert", "1,2"},
+      {"convert", "--from", "lonlat", "--to", "4547"},
+      {"convert", "--from", "lonlat", "--to", "4547", "1;2"},
+      {"convert", "--from", "lonlat", "--to", "utm99", "1,2"},
+      {"convert", "--from", "lonlat", "--to", "4547", "--csv", "x.csv", "1,2"},
+      {"wkt"},
+      {"info"},
+      {"cities"},
+  };
+  for (const auto& arguments : cases) EXPECT_EQ(RunGeo(arguments).code, kUsageError);
 }
 
 }  // namespace
