@@ -31,7 +31,10 @@ function(quarnfc_module target)
   else()
     set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION}
                                                SOVERSION ${PROJECT_VERSION_MAJOR})
-    target_link_options(${target} PRIVATE -Wl,--no-undefined)
+    target_link_options(${target} PRIVATE -Wl,--no-undefined
+                        "-Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/module.map")
+    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS
+                                                  "${PROJECT_SOURCE_DIR}/cmake/module.map")
   endif()
 endfunction()
 

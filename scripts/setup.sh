@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what building and testing need on Debian 12: packages and the Chinese locale that gives
+# Installs what building and testing need on Debian 12: packages, and the Chinese locale that gives
 # Windows programs under Wine code page 936. Does nothing when everything is there.
 set -euo pipefail
 source "$(dirname "$0")/lib.sh"
@@ -10,7 +10,8 @@ packages=(
   # Running Windows programs.
   wine wine64 locales
   # Tests: their framework, a web server, and independent implementations to compare with.
-  googletest nginx-light openssl libssl-dev proj-bin libproj-dev libgeographiclib-dev
+  # (clang prints the layouts of classes under the Microsoft C++ ABI.)
+  googletest clang-14 nginx-light openssl libssl-dev libgeographiclib-dev
 )
 
 missing_packages() {
@@ -37,11 +38,12 @@ install_packages() {
     die "the packages could not be installed"
 }
 
+# create_locale LANGUAGE: makes the locale LANGUAGE.UTF-8.
 create_locale() {
-  locale -a | grep -qix 'zh_CN\.utf-\?8' && return
-  step "Creating the locale zh_CN.UTF-8"
-  logged localedef as_root localedef -i zh_CN -f UTF-8 zh_CN.UTF-8 ||
-    die "the locale zh_CN.UTF-8 could not be created"
+  locale -a | grep -qix "$1\.utf-\?8" && return
+  step "Creating the locale $1.UTF-8"
+  logged localedef as_root localedef -i "$1" -f UTF-8 "$1.UTF-8" ||
+    die "the locale $1.UTF-8 could not be created"
 }
 
 if ! { command -v apt-get && command -v dpkg-query; } >/dev/null; then
@@ -49,4 +51,5 @@ if ! { command -v apt-get && command -v dpkg-query; } >/dev/null; then
     "corresponds to: ${packages[*]}, and the locale zh_CN.UTF-8"
 fi
 install_packages
-create_locale
+create_locale zh_CN
+create_locale de_DE  # a decimal comma, for the tests
