@@ -23,7 +23,8 @@ using Connection = std::unique_ptr<CQNHttpConnection>;
 using File = std::unique_ptr<CQNHttpFile>;
 
 constexpr unsigned int kLargeSize = 100 * 1024 * 1024;
-constexpr unsigned long kKeepAlive = INTERNET_FLAG_RELOAD | INTERNET_FLAG_KEEP_CONNECTION;
+constexpr unsigned long kKeepAlive =
+    INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_KEEP_CONNECTION;
 
 std::string Environment(const char* name) {
   const char* value = std::getenv(name);
