@@ -8,6 +8,14 @@
 
 #include "core/memory.h"
 
+// Hosts are compiled against these sizes.
+static_assert(sizeof(CQNInternetSession) == 40);
+static_assert(sizeof(CQNInternetConnection) == 48);
+static_assert(sizeof(CQNHttpConnection) == 56);
+static_assert(sizeof(CQNInternetFile) == 96);
+static_assert(sizeof(CQNHttpFile) == 112);
+static_assert(sizeof(CQNInternetException) == 24);
+
 namespace {
 
 void* AllocOrNull(std::size_t size) noexcept {
