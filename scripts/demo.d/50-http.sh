@@ -29,6 +29,7 @@ CONFIG
   "$(command -v nginx || echo /usr/sbin/nginx)" -p "$scratch/nginx" -c "$scratch/nginx/nginx.conf" \
     2>> "$scratch/nginx/error.log" &
   demo_web_server=$!
+  trap 'kill "$demo_web_server" 2> /dev/null || true' EXIT
   sleep 0.5
   kill -0 "$demo_web_server" 2> /dev/null && break
 done
@@ -44,3 +45,4 @@ ls "$scratch/nothing.csv" 2> /dev/null || say "There is no nothing.csv."
 
 kill "$demo_web_server" 2> /dev/null || true
 wait "$demo_web_server" 2> /dev/null || true
+trap - EXIT
