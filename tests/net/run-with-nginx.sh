@@ -12,6 +12,7 @@ zero_key=00000000000000000000000000000000
 
 root=$(mktemp -d "${TMPDIR:-/tmp}/quarnfc-nginx.XXXXXX")
 nginx_pid=
+# shellcheck disable=SC2317 # called by the trap
 stop() {
   if [ -n "$nginx_pid" ]; then
     kill "$nginx_pid" 2>/dev/null || true
