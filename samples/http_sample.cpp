@@ -18,7 +18,17 @@ class WatchedSession : public CQNInternetSession {
 };
 
 void Fetch(CQNInternetSession& session, const char* url) {
-  const std::unique_ptr<CQNHttpFile> page(session.OpenURL(url));
+  unsigned long service = 0;
+  unsigned short port = 0;
+  CQNString server;
+  CQNString object;
+  if (!qnParseURL(url, service, server, object, port) || service != eServiceHttp) {
+    std::printf("%s is not an HTTP URL\n", url);
+    return;
+  }
+  const std::unique_ptr<CQNHttpConnection> connection(session.GetHttpConnection(server, port));
+  const std::unique_ptr<CQNHttpFile> page(connection->OpenRequest("GET", object));
+  page->SendRequest();
   unsigned long status = 0;
   page->QueryInfoStatusCode(status);
   std::printf("%s answers %lu\n", static_cast<const char*>(page->GetFileURL()), status);

@@ -79,6 +79,7 @@ class QN_API CQNInternetSession {
 
   // Opens a URL with the verb GET and returns the response, which belongs to the caller. headers
   // (null for none) are headersLength bytes, or up to the terminator when headersLength is -1.
+  // Status callbacks of the response start when this returns.
   //
   // Returns null for a file URL, which is not opened, and for anything that is not HTTP or HTTPS
   // once it was opened; that handle deliberately stays open until the session is closed. Throws

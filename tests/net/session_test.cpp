@@ -407,11 +407,12 @@ TEST(StatusCallback, ReportsTheProgressOfARequest) {
   EXPECT_NE(std::count(session.contexts.begin(), session.contexts.end(), 5u), 0);
 }
 
-TEST(StatusCallback, OfAUrlReachesItsSession) {
+TEST(StatusCallback, OfAUrlReachesItsSessionOnceItIsOpen) {
   ScriptedServer server(HttpResponse("content"));
   ObservedSession session;
   session.EnableStatusCallback(1);
   const File file(session.OpenURL(server.Url("/").c_str()));
+  EXPECT_FALSE(session.Saw(INTERNET_STATUS_SENDING_REQUEST));
   session.statuses.clear();
   EXPECT_EQ(ReadAll(*file), "content");
   file->Close();
