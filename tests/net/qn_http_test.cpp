@@ -10,6 +10,7 @@
 #include "console.h"
 #include "input_file.h"
 #include "output_file.h"
+#include "tests/net/scripted_server.h"
 
 namespace qn {
 extern const Command kHttpCommand;
@@ -94,6 +95,16 @@ TEST_F(QnHttp, GetLeavesNoFileBehindAFailure) {
   EXPECT_EQ(RunQn({"http", "get", "-o", kTarget, server_ + "/no-such-file"}).code, 1);
   EXPECT_FALSE(Exists(kTarget));
   EXPECT_EQ(RunQn({"http", "get", "-o", kTarget, "http://127.0.0.1:1/"}).code, 1);
+  EXPECT_FALSE(Exists(kTarget));
+}
+
+TEST_F(QnHttp, GetLeavesNoFileWhenTheBodyBreaksOff) {
+  ScriptedServer broken([](ServerConnection& connection) {
+    connection.ReadRequest();
+    connection.Send("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\nshort");
+    connection.Finish();
+  });
+  EXPECT_EQ(RunQn({"http", "get", "-o", kTarget, broken.Url("/")}).code, 1);
   EXPECT_FALSE(Exists(kTarget));
 }
 

@@ -45,6 +45,13 @@ unsigned long long AnnouncedLength(const CQNHttpFile& file) {
   return std::strtoull(text, nullptr, 10);
 }
 
+// The last part of a URL, short enough to stand beside a progress bar.
+std::string ShortName(const std::string& url) {
+  constexpr std::size_t kLongest = 24;
+  const std::string path = url.substr(0, url.find_first_of("?#"));
+  return path.substr(path.find_last_of('/') + 1).substr(0, kLongest);
+}
+
 void SetTimeouts(CQNHttpFile& file, unsigned long seconds) {
   for (const unsigned long option : {INTERNET_OPTION_CONNECT_TIMEOUT, INTERNET_OPTION_SEND_TIMEOUT,
                                      INTERNET_OPTION_RECEIVE_TIMEOUT}) {
@@ -111,7 +118,7 @@ std::string HttpExchange::Head() const {
 
 void HttpExchange::ReceiveBody(const std::function<void(std::string_view)>& sink) {
   const unsigned long long announced = AnnouncedLength(*file_);
-  TransferProgress progress(label_, announced);
+  TransferProgress progress(ShortName(label_), announced);
   std::string block(kBlock, '\0');
   unsigned long long received = 0;
   for (;;) {

@@ -8,7 +8,8 @@
 namespace qn {
 namespace {
 
-constexpr int kBarWidth = 30;
+// Bar, numbers and a short label fit on a line of 80 columns.
+constexpr int kBarWidth = 16;
 
 std::string Bar(double part) {
   const int filled = static_cast<int>(part * kBarWidth);

@@ -12,7 +12,7 @@ namespace qn {
 // "12.3 MiB", with three digits or so.
 std::string ByteCount(unsigned long long bytes);
 
-// "[#####     ]  50 %  12.3 MiB  4.1 MiB/s"; without a known total (0) only bytes and rate.
+// "[########        ]  50 %  12.3 MiB  4.1 MiB/s"; without a known total (0) only bytes and rate.
 std::string TransferState(unsigned long long done, unsigned long long total, double seconds);
 
 class TransferProgress {
