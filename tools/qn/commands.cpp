@@ -10,12 +10,13 @@ extern const Command kCsvCommand;
 extern const Command kGeoCommand;
 extern const Command kHashCommand;
 extern const Command kHttpCommand;
+extern const Command kJsonCommand;
 extern const Command kTimeCommand;
 
 std::span<const Command> Commands() {
   static const Command kAll[] = {
       kBase32Command, kBase64Command, kCsvCommand,  kGeoCommand,
-      kHashCommand,   kHttpCommand,   kTimeCommand,
+      kHashCommand,   kHttpCommand,   kJsonCommand, kTimeCommand,
   };
   return kAll;
 }
