@@ -34,12 +34,12 @@ struct Outcome {
   bool operator==(const Outcome&) const = default;
 };
 
-struct Run : Outcome {
+struct Ran : Outcome {
   std::string errors;
 };
 
 // Text without "\r", which the captured streams have on some targets only.
-Run RunJson(std::vector<std::string> arguments) {
+Ran RunJson(std::vector<std::string> arguments) {
   arguments.insert(arguments.begin(), "json");
   testing::internal::CaptureStdout();
   testing::internal::CaptureStderr();
@@ -72,7 +72,7 @@ TEST(QnJsonCheck, ReadableFileIsDescribed) {
 
 TEST(QnJsonCheck, BrokenFileShowsMessageCodeAndPlace) {
   const TempFile file("{\n\t\"server\": {\n\t\t\"port\" 80\n\t}\n}");
-  const Run run = RunJson({"check", file.path()});
+  const Ran run = RunJson({"check", file.path()});
   EXPECT_EQ(run.code, qn::kFailure);
   EXPECT_EQ(run.output, "");
   EXPECT_TRUE(Holds(run.errors,
@@ -93,14 +93,14 @@ TEST(QnJsonCheck, ColumnsCountCharacters) {
 
 TEST(QnJsonCheck, MissingFileShowsTheLibrarysMessageAndCode) {
   const std::string path = TempFile::NewPath();
-  const Run run = RunJson({"check", path});
+  const Ran run = RunJson({"check", path});
   EXPECT_EQ(run.code, qn::kFailure);
   EXPECT_TRUE(Holds(run.errors, ": Quarn: Can't open " + path + ", error: 0x2 (error code 2)\n"));
 }
 
 TEST(QnJsonCheck, RefusedLengthHasNoPlace) {
   const TempFile file("{}");
-  const Run run = RunJson({"check", file.path()});
+  const Ran run = RunJson({"check", file.path()});
   EXPECT_EQ(run.code, qn::kFailure);
   EXPECT_TRUE(Holds(run.errors, " file length is invalid (error code 5)\n")) << run.errors;
   EXPECT_FALSE(Holds(run.errors, "line "));
@@ -138,11 +138,11 @@ TEST(QnJsonFault, OffsetIsWhereTheReaderStopped) {
       {R"({"a":1 )", 0},
       {R"({"a":"x)", 5},
       {R"({"a)", 2},
-      {R"( [1,2)", 5},
+      {R"( [1,2)", 4},
       {" [1,2 ", 1},
       {"  123", 2},
       {"[" + good + good + bad + good + "1]", 1 + 2 * good.size()},
-      {"{\"x\":" + member.substr(4) + ",\"a\" " + member.substr(4) + "}", 5 + member.size()},
+      {"{\"x\":" + member.substr(4) + ",\"a\" " + member.substr(4) + "}", 6 + member.size()},
       {"[" + run + ",{\"a\":" + run, 1 + run.size() + 6},
       {"[\"" + run + "\",\"" + run, 1 + run.size() + 3},
       {"{\"" + run + "\":1,\"" + run, 2 + run.size() + 5},
@@ -370,7 +370,7 @@ TEST(QnJsonShape, DepthIsNoDanger) {
 }
 
 TEST(QnJsonShape, RealFileIsDescribed) {
-  const Run run = RunJson({"shape", QUARNFC_TEST_DATA "/json/canada.json"});
+  const Ran run = RunJson({"shape", QUARNFC_TEST_DATA "/json/canada.json"});
   EXPECT_EQ(run.code, qn::kSuccess);
   EXPECT_TRUE(Holds(run.output, "values    4 objects, 56045 arrays, 4 strings, 111126 numbers\n"));
 }
@@ -386,7 +386,7 @@ TEST(QnJson, WrongCommandLinesAreUsageErrors) {
 
 TEST(QnJson, HelpIsEverywhere) {
   for (const char* command : {"check", "format", "get", "set", "shape"}) {
-    const Run run = RunJson({command, "--help"});
+    const Ran run = RunJson({command, "--help"});
     EXPECT_EQ(run.code, qn::kSuccess);
     EXPECT_TRUE(run.output.starts_with("usage: qn json " + std::string(command))) << command;
   }
