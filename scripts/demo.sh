@@ -6,7 +6,7 @@ source "$(dirname "$0")/lib.sh"
 
 # What the pieces use:
 #   $project  the project's folder, which is also the current folder
-#   $scratch  an empty folder for the files a piece writes
+#   $scratch  an empty folder for the files a piece writes, relative to the current one
 #   title TEXT...  a heading;  say TEXT...  a line for the reader
 #   qn ARGUMENT...  shows the command line, runs qn, and shows its exit code unless it is 0
 
@@ -15,10 +15,21 @@ title() {
 }
 say() { printf '\n%s\n' "$*"; }
 
+# quoted ARGUMENT...: the arguments as one would type them.
+quoted() {
+  local argument
+  for argument in "$@"; do
+    case $argument in
+      *[!A-Za-z0-9_.,:/=+-]* | '') printf " '%s'" "$argument" ;;
+      *) printf ' %s' "$argument" ;;
+    esac
+  done
+}
+
 # qn writes text in the code page of the process, 936; the terminal here expects UTF-8.
 qn() {
   local status=0
-  printf '$ qn%s\n' "${*:+ $*}"
+  printf '$ qn%s\n' "$(quoted "$@")"
   { "$project/scripts/run-wine.sh" "$project/build/windows/bin/qn.exe" "$@" 2>&1 </dev/null |
     tr -d '\r' | iconv -c -f GBK -t UTF-8; } || status=$?
   [ "$status" -eq 0 ] || printf '(exit code %d)\n' "$status"
@@ -34,7 +45,7 @@ step "Building QuarnFC.dll and qn.exe"
 configure_preset windows
 build_preset windows qn
 
-scratch=$project/build/demo
+scratch=build/demo
 rm -rf "$scratch"
 mkdir -p "$scratch"
 
