@@ -26,7 +26,6 @@ extern const Command kTimeCommand;
 namespace {
 
 using io_test::TempFile;
-
 using qn_test::Outcome;
 
 Outcome RunQn(const std::vector<std::string>& arguments) {

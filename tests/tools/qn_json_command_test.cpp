@@ -4,18 +4,16 @@
 #include <quarnfc/json_value.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "command.h"
-#include "console.h"
 #include "exit_code.h"
 #include "input_file.h"
 #include "json_fault.h"
 #include "json_shape.h"
-#include "output_file.h"
 #include "tests/io/temp_file.h"
+#include "tests/tools/run_qn.h"
 
 namespace qn {
 
@@ -26,30 +24,12 @@ extern const Command kJsonCommand;
 namespace {
 
 using io_test::TempFile;
+using qn_test::FullOutcome;
+using qn_test::Outcome;
 
-struct Outcome {
-  int code;
-  std::string output;
-
-  bool operator==(const Outcome&) const = default;
-};
-
-struct Ran : Outcome {
-  std::string errors;
-};
-
-// Text without "\r", which the captured streams have on some targets only.
-Ran RunJson(std::vector<std::string> arguments) {
+FullOutcome RunJson(std::vector<std::string> arguments) {
   arguments.insert(arguments.begin(), "json");
-  testing::internal::CaptureStdout();
-  testing::internal::CaptureStderr();
-  const int code = qn::Dispatch({&qn::kJsonCommand, 1}, arguments);
-  qn::FlushOutput();
-  std::string errors = testing::internal::GetCapturedStderr();
-  std::string output = testing::internal::GetCapturedStdout();
-  std::erase(errors, '\r');
-  std::erase(output, '\r');
-  return {{code, output}, errors};
+  return qn_test::RunQn({&qn::kJsonCommand, 1}, arguments);
 }
 
 bool Holds(const std::string& text, const std::string& part) {
@@ -72,7 +52,7 @@ TEST(QnJsonCheck, ReadableFileIsDescribed) {
 
 TEST(QnJsonCheck, BrokenFileShowsMessageCodeAndPlace) {
   const TempFile file("{\n\t\"server\": {\n\t\t\"port\" 80\n\t}\n}");
-  const Ran run = RunJson({"check", file.path()});
+  const FullOutcome run = RunJson({"check", file.path()});
   EXPECT_EQ(run.code, qn::kFailure);
   EXPECT_EQ(run.output, "");
   EXPECT_TRUE(Holds(run.errors,
@@ -93,14 +73,14 @@ TEST(QnJsonCheck, ColumnsCountCharacters) {
 
 TEST(QnJsonCheck, MissingFileShowsTheLibrarysMessageAndCode) {
   const std::string path = TempFile::NewPath();
-  const Ran run = RunJson({"check", path});
+  const FullOutcome run = RunJson({"check", path});
   EXPECT_EQ(run.code, qn::kFailure);
   EXPECT_TRUE(Holds(run.errors, ": Quarn: Can't open " + path + ", error: 0x2 (error code 2)\n"));
 }
 
 TEST(QnJsonCheck, RefusedLengthHasNoPlace) {
   const TempFile file("{}");
-  const Ran run = RunJson({"check", file.path()});
+  const FullOutcome run = RunJson({"check", file.path()});
   EXPECT_EQ(run.code, qn::kFailure);
   EXPECT_TRUE(Holds(run.errors, " file length is invalid (error code 5)\n")) << run.errors;
   EXPECT_FALSE(Holds(run.errors, "line "));
@@ -370,7 +350,7 @@ TEST(QnJsonShape, DepthIsNoDanger) {
 }
 
 TEST(QnJsonShape, RealFileIsDescribed) {
-  const Ran run = RunJson({"shape", QUARNFC_TEST_DATA "/json/canada.json"});
+  const FullOutcome run = RunJson({"shape", QUARNFC_TEST_DATA "/json/canada.json"});
   EXPECT_EQ(run.code, qn::kSuccess);
   EXPECT_TRUE(Holds(run.output, "values    4 objects, 56045 arrays, 4 strings, 111126 numbers\n"));
 }
@@ -386,7 +366,7 @@ TEST(QnJson, WrongCommandLinesAreUsageErrors) {
 
 TEST(QnJson, HelpIsEverywhere) {
   for (const char* command : {"check", "format", "get", "set", "shape"}) {
-    const Ran run = RunJson({command, "--help"});
+    const FullOutcome run = RunJson({command, "--help"});
     EXPECT_EQ(run.code, qn::kSuccess);
     EXPECT_TRUE(run.output.starts_with("usage: qn json " + std::string(command))) << command;
   }

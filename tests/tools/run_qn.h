@@ -1,4 +1,4 @@
-// Runs commands of qn in the test program, as the dispatcher does.
+// Runs commands of qn as the dispatcher does and captures what they print.
 #ifndef QUARNFC_TESTS_TOOLS_RUN_QN_H_
 #define QUARNFC_TESTS_TOOLS_RUN_QN_H_
 
@@ -15,21 +15,27 @@ namespace qn_test {
 
 struct Outcome {
   int code;
-  std::string output;  // standard output, lines ended by a line feed
+  std::string output;  // standard output
 
   bool operator==(const Outcome&) const = default;
 };
 
-inline Outcome RunQn(std::span<const qn::Command> commands,
-                     const std::vector<std::string>& arguments) {
+struct FullOutcome : Outcome {
+  std::string errors;  // standard error
+};
+
+// The texts come without "\r", which the captured streams have on some targets only.
+inline FullOutcome RunQn(std::span<const qn::Command> commands,
+                         const std::vector<std::string>& arguments) {
   testing::internal::CaptureStdout();
   testing::internal::CaptureStderr();
   const int code = qn::Dispatch(commands, arguments);
   qn::FlushOutput();
-  testing::internal::GetCapturedStderr();
+  std::string errors = testing::internal::GetCapturedStderr();
   std::string output = testing::internal::GetCapturedStdout();
+  std::erase(errors, '\r');
   std::erase(output, '\r');
-  return {code, output};
+  return {{code, output}, errors};
 }
 
 }  // namespace qn_test
