@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # Starts nginx on free ports of 127.0.0.1 for the duration of one program, over HTTP and over HTTPS
-# with a certificate for localhost made for the occasion. The program finds the ports in QUARNFC_HTTP_PORT and
-# QUARNFC_HTTPS_PORT, and the checksum of the large file in QUARNFC_LARGE_MD5.
+# with a certificate for localhost made for the occasion. The program finds the ports in
+# QUARNFC_HTTP_PORT and QUARNFC_HTTPS_PORT, and in QUARNFC_UNTRUSTED_HTTPS_PORT one of the same kind
+# that tests never trust (the platform keeps connections that were trusted once). The checksum of
+# the large file is in QUARNFC_LARGE_MD5.
 # Usage: run-with-nginx.sh PROGRAM [ARGUMENT...]   exits with the program's code
 set -euo pipefail
 
@@ -63,6 +65,7 @@ http {
   server {
     listen 127.0.0.1:$1;
     listen 127.0.0.1:$2 ssl;
+    listen 127.0.0.1:$3 ssl;
     ssl_certificate $root/certificate.pem;
     ssl_certificate_key $root/key.pem;
     root $root/www;
@@ -100,7 +103,8 @@ start_nginx() {
   for ((attempt = 0; attempt < attempts; attempt++)); do
     http_port=$(free_port)
     https_port=$(free_port)
-    write_config "$http_port" "$https_port"
+    untrusted_port=$(free_port)
+    write_config "$http_port" "$https_port" "$untrusted_port"
     "$nginx" -p "$root" -c "$root/nginx.conf" 2>>"$root/error.log" &
     nginx_pid=$!
     for _ in {1..100}; do
@@ -119,6 +123,7 @@ start_nginx() {
 write_files
 start_nginx
 export QUARNFC_HTTP_PORT=$http_port QUARNFC_HTTPS_PORT=$https_port
+export QUARNFC_UNTRUSTED_HTTPS_PORT=$untrusted_port
 QUARNFC_LARGE_MD5=$(md5sum "$root/www/large.bin" | cut -d' ' -f1)
 export QUARNFC_LARGE_MD5
 export QUARNFC_SERVER_FILES=$root/www

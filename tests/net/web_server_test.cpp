@@ -354,6 +354,11 @@ class SecureWebServer : public WebServer {
     secure_.reset(session_.GetHttpConnection("localhost", PortFrom("QUARNFC_HTTPS_PORT")));
   }
 
+  // From here on, a port that no test trusts: the platform keeps connections it trusted once.
+  void ConnectUntrusted(const char* server) {
+    secure_.reset(session_.GetHttpConnection(server, PortFrom("QUARNFC_UNTRUSTED_HTTPS_PORT")));
+  }
+
   File OpenSecure(const char* verb, const char* object) {
     return File(secure_->OpenRequest(verb, object, nullptr, 1, nullptr, "HTTP/1.1",
                                      kKeepAlive | INTERNET_FLAG_SECURE));
@@ -367,6 +372,7 @@ class SecureWebServer : public WebServer {
 };
 
 TEST_F(SecureWebServer, RefusesAnUnknownAuthority) {
+  ConnectUntrusted("localhost");
   EXPECT_EQ(ThrownBy([&] { OpenSecure("GET", "/scheme")->SendRequest(); }), (Thrown{12045, 5}));
 }
 
@@ -379,10 +385,11 @@ TEST_F(SecureWebServer, IsTrustedThroughAnOption) {
 }
 
 TEST_F(SecureWebServer, IsRefusedUnderAnotherNameUnlessThatIsTrustedToo) {
-  secure_.reset(session_.GetHttpConnection("127.0.0.1", PortFrom("QUARNFC_HTTPS_PORT")));
+  ConnectUntrusted("127.0.0.1");
   const File refused = OpenSecure("GET", "/scheme");
   TrustUnknownAuthority(*refused);
   EXPECT_EQ(ThrownBy([&] { refused->SendRequest(); }), (Thrown{12038, 5}));
+  secure_.reset(session_.GetHttpConnection("127.0.0.1", PortFrom("QUARNFC_HTTPS_PORT")));
   const File trusted = OpenSecure("GET", "/scheme");
   trusted->SetOption(INTERNET_OPTION_SECURITY_FLAGS,
                      SECURITY_FLAG_IGNORE_UNKNOWN_CA | SECURITY_FLAG_IGNORE_CERT_CN_INVALID);
