@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "command.h"
-#include "console.h"
 #include "input_file.h"
 #include "output_file.h"
 #include "tests/net/scripted_server.h"
+#include "tests/tools/run_qn.h"
 
 namespace qn {
 extern const Command kHttpCommand;
@@ -18,23 +18,10 @@ extern const Command kHttpCommand;
 
 namespace {
 
-struct Outcome {
-  int code;
-  std::string output;
+using qn_test::Outcome;
 
-  bool operator==(const Outcome&) const = default;
-};
-
-Outcome RunQn(const std::vector<std::string>& arguments) {
-  const qn::Command commands[] = {qn::kHttpCommand};
-  testing::internal::CaptureStdout();
-  testing::internal::CaptureStderr();
-  const int code = qn::Dispatch(commands, arguments);
-  qn::FlushOutput();
-  testing::internal::GetCapturedStderr();
-  std::string output = testing::internal::GetCapturedStdout();
-  std::erase(output, '\r');
-  return {code, output};
+qn_test::FullOutcome RunQn(const std::vector<std::string>& arguments) {
+  return qn_test::RunQn({&qn::kHttpCommand, 1}, arguments);
 }
 
 bool Exists(const char* path) {
