@@ -172,7 +172,7 @@ TEST(QnJsonFault, LongLinesAreCutAroundThePlace) {
 // --- format -------------------------------------------------------------------------------------
 
 TEST(QnJsonFormat, WritesTheLibrarysLayout) {
-  const TempFile file("{\"a\": [1, 2], \"b\": null}");
+  const TempFile file(R"({"a": [1, 2], "b": null})");
   EXPECT_EQ(RunJson({"format", "--compact", file.path()}).output, "{\"a\":[1,2],\"b\":null}\n");
   EXPECT_EQ(RunJson({"format", file.path()}).output, "{\n\t\"a\":[1,2],\n\t\"b\":null\n}\n");
 }
@@ -262,7 +262,7 @@ TEST(QnJsonSet, ValueIsJsonWhereItLooksLikeItAndAStringOtherwise) {
       {"[draft", "\"[draft\""},
   };
   for (const auto& [value, json] : cases) {
-    const TempFile file("{\"a\": \"before\"}");
+    const TempFile file(R"({"a": "before"})");
     ASSERT_EQ(RunJson({"set", "--", file.path(), "a", value}).code, qn::kSuccess) << value;
     EXPECT_EQ(RunJson({"format", "--compact", file.path()}).output,
               "{\"a\":" + std::string(json) + "}\n");
@@ -270,7 +270,7 @@ TEST(QnJsonSet, ValueIsJsonWhereItLooksLikeItAndAStringOtherwise) {
 }
 
 TEST(QnJsonSet, StringOptionTakesTheValueAsItIs) {
-  const TempFile file("{\"a\": \"before\"}");
+  const TempFile file(R"({"a": "before"})");
   ASSERT_EQ(RunJson({"set", "-s", file.path(), "a", "[1]"}).code, qn::kSuccess);
   EXPECT_EQ(RunJson({"get", file.path(), "a"}).output, "[1]\n");
 }

@@ -3,6 +3,7 @@
 #include <quarnfc/json_value.h>
 
 #include <algorithm>
+#include <chrono>
 #include <iterator>
 #include <string_view>
 
@@ -72,10 +73,10 @@ constexpr Kind kKinds[] = {
 
 // --- finding the place --------------------------------------------------------------------------
 
-// Examining a place may take reading the whole text, so there is a limit for large texts.
-std::size_t MostExaminations(const std::string& text) {
-  return 2 + 100'000'000 / (text.size() + 1);
-}
+using Clock = std::chrono::steady_clock;
+
+// Examining a place may take reading the whole text, and there may be a million places.
+constexpr std::chrono::seconds kLongestSearch{3};
 
 JsonFault Locate(const std::string& text, const Kind& kind, const std::string& message) {
   constexpr std::size_t kCutAt = 50;
@@ -85,9 +86,9 @@ JsonFault Locate(const std::string& text, const Kind& kind, const std::string& m
   const std::size_t first = text.find(snippet);
   if (text.find(snippet, first + 1) == std::string::npos) return {first, kind.meaning, true};
   std::optional<std::size_t> found;
-  std::size_t left = MostExaminations(text);
+  const Clock::time_point deadline = Clock::now() + kLongestSearch;
   for (std::size_t at = first; at != std::string::npos; at = text.find(snippet, at + 1)) {
-    if (left-- == 0) return {found.value_or(first), kind.meaning, false};
+    if (Clock::now() > deadline) return {found.value_or(first), kind.meaning, false};
     if (!kind.fits(text, at, message)) continue;
     if (found) return {*found, kind.meaning, false};
     found = at;

@@ -18,7 +18,8 @@ struct JsonFault {
 //
 // The reader's message ends with the text at the fault, at most 50 bytes of it. Fewer than 50 reach
 // to the end of the text, which tells the place. 50 may occur several times: then each occurrence
-// is examined, and the first is taken at which the reader would have said the same.
+// is examined, for a few seconds at most, and the first is taken at which the reader would have
+// said the same.
 std::optional<JsonFault> FindJsonFault(const std::string& text);
 
 // A place in a text, as people name it, and the line there with a mark below it.

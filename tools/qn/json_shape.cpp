@@ -29,7 +29,7 @@ class LevelKeys {
  public:
   void Add(const CQNString& key) {
     const auto [place, added] = counts_.try_emplace(static_cast<const char*>(key), 0);
-    if (added) order_.push_back(place);
+    if (added) order_.emplace_back(place);
     ++place->second;
   }
 
