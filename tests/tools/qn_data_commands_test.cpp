@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -28,7 +30,7 @@ namespace {
 using io_test::TempFile;
 using qn_test::Outcome;
 
-Outcome RunQn(const std::vector<std::string>& arguments) {
+qn_test::FullOutcome RunQn(const std::vector<std::string>& arguments) {
   const qn::Command commands[] = {qn::kBase32Command, qn::kBase64Command, qn::kCsvCommand,
                                   qn::kHashCommand, qn::kTimeCommand};
   return qn_test::RunQn(commands, arguments);
@@ -116,6 +118,14 @@ TEST(QnHash, PrintsDigestAndName) {
   EXPECT_EQ(RunQn({"hash", "md5", file.path()}).output, "25f9e794323b453885f5181f1b624d0b" + name);
   EXPECT_EQ(RunQn({"hash", "hmac-sha256", "--key", "key", file.path()}).output.size(),
             64 + name.size());
+}
+
+TEST(QnHash, MissingFileIsNamedWithItsReason) {
+  const std::string path = TempFile::NewPath();
+  const std::string reason = std::strerror(ENOENT);
+  const qn_test::FullOutcome outcome = RunQn({"hash", "md5", path});
+  EXPECT_EQ(outcome.code, qn::kFailure);
+  EXPECT_EQ(outcome.errors, "qn: cannot open " + path + ": " + reason + "\n");
 }
 
 TEST(QnHash, KeyFileEqualsTheSameKeyOnTheCommandLine) {

@@ -25,13 +25,16 @@ unsigned long long SizeOf(const std::string& path) {
   throw Failure(what + name + ": " + std::strerror(errno));
 }
 
+FILE* Open(const std::string& path, const std::string& name) {
+  FILE* const file = path == "-" ? stdin : std::fopen(path.c_str(), "rb");
+  if (file == nullptr) Fail("cannot open ", name);
+  return file;
+}
+
 }  // namespace
 
 InputStream::InputStream(const std::string& path)
-    : name_(NameOf(path)),
-      file_(path == "-" ? stdin : std::fopen(path.c_str(), "rb")),
-      progress_(name_) {
-  if (file_ == nullptr) Fail("cannot open ", name_);
+    : name_(NameOf(path)), file_(Open(path, name_)), progress_(name_) {
   if (path != "-") total_ = SizeOf(path);
 }
 
