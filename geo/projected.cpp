@@ -22,8 +22,10 @@ constexpr double kUtmScale = 0.9996;
 constexpr double kUtmScaleTolerance = 0.0001;
 constexpr int kLastUtmZone = 60;
 
-// Deliberately put so that not-a-number is not off.
+// Deliberately put so that not-a-number is neither off nor at a value.
 bool IsOff(double value, double expected) { return std::fabs(value - expected) > kMetreTolerance; }
+
+bool IsAt(double value, double expected) { return std::fabs(value - expected) <= kMetreTolerance; }
 
 }  // namespace
 
@@ -73,10 +75,10 @@ bool CQNProCoordinateSystem::setByUTMCode(int code) {
 }
 
 int CQNProCoordinateSystem::GetUTMCode() const {
-  const bool north = IsOff(false_northing_, kSouthernFalseNorthing);
   if (!IsUTM() || IsOff(false_easting_, kFalseEasting)) return 0;
-  if (north && IsOff(false_northing_, 0.0)) return 0;
+  if (IsOff(false_northing_, 0.0) && IsOff(false_northing_, kSouthernFalseNorthing)) return 0;
   const double zone = (central_meridian_ + 183.0) / 6.0;
   if (!(std::fabs(zone) < 2147483647.0)) return 0;  // no int, or not a number
-  return north ? static_cast<int>(zone) : -static_cast<int>(zone);
+  const int code = static_cast<int>(zone);
+  return IsAt(false_northing_, kSouthernFalseNorthing) ? -code : code;
 }

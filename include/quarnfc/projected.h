@@ -61,9 +61,9 @@ class QN_API CQNProCoordinateSystem {
   bool setByUTMCode(int code);
 
   // The zone, or 0 when IsUTM is false or the false easting or northing is not that of a zone
-  // (to 0.001 m). Deliberately lenient: the ellipsoid is not examined, and the central meridian
-  // need not be that of a zone: (meridian + 183) / 6 is cut to a whole number, so 118 gives 50. A
-  // meridian whose zone is no int gives 0.
+  // (to 0.001 m; not-a-number passes). Deliberately lenient: the ellipsoid is not examined, and the
+  // central meridian need not be that of a zone: (meridian + 183) / 6 is cut to a whole number, so
+  // 118 gives 50. A meridian whose zone is no int gives 0.
   int GetUTMCode() const;
 
   // --- EPSG codes ---------------------------------------------------------------------------

@@ -118,7 +118,7 @@ TEST(UtmCode, CodesOutsideTheZonesLeaveTheSystemAlone) {
   }
 }
 
-TEST(UtmCode, ReadingIsLenientAsStated) {
+TEST(UtmCode, ReadingIsLenient) {
   constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
   const struct {
     Pro system;
@@ -133,9 +133,11 @@ TEST(UtmCode, ReadingIsLenientAsStated) {
       {Pro(Geo::WGS84, 117.0, 500000.0, 5.0, 0.9996), 0},
       {Pro(Geo::WGS84, 117.0, 400000.0, 0.0, 0.9996), 0},
       {Pro(Geo::WGS84, -183.0, 500000.0, 0.0, 0.9996), 0},
-      {Pro(Geo::WGS84, -184.0, 500000.0, 0.0, 0.9996), 0},  // cut toward zero
-      {Pro(Geo::WGS84, 201.0, 500000.0, 0.0, 0.9996), 64},  // no such zone, as stated
-      {Pro(Geo::WGS84, 1e300, 500000.0, 0.0, 0.9996), 0},   // no int
+      {Pro(Geo::WGS84, -184.0, 500000.0, 0.0, 0.9996), 0},   // cut toward zero
+      {Pro(Geo::WGS84, 201.0, 500000.0, 0.0, 0.9996), 64},   // no such zone, deliberately
+      {Pro(Geo::WGS84, 117.0, 500000.0, kNan, 0.9996), 50},  // not off, and not southern
+      {Pro(Geo::WGS84, 117.0, kNan, 10000000.0, 0.9996), -50},
+      {Pro(Geo::WGS84, 1e300, 500000.0, 0.0, 0.9996), 0},  // no int
       {Pro(Geo::WGS84, kNan, 500000.0, 0.0, 0.9996), 0},
       {Pro(Geo::WGS84, 117.0, 500000.0, 0.0, kNan), 0},
   };
