@@ -98,11 +98,11 @@ class QN_API CQNProCoordinateSystem {
 
   // --- projection ---------------------------------------------------------------------------
   //
-  // Closed series in the longitude difference. They agree with the exact projection to 1 mm within a
-  // 3-degree zone and to 3 mm within a 6-degree zone; docs/geodesy.md shows the accuracy farther
-  // out. Degrees are converted
-  // with pi = 3.14159265358979, deliberately. At and beyond the poles, and far from the central
-  // meridian, the results are what the series give; longitude differences are not wrapped.
+  // Closed series in the longitude difference. They agree with the exact projection to 1 mm within
+  // a 3-degree zone and to 3 mm within a 6-degree zone; docs/geodesy.md shows the accuracy farther
+  // out. Degrees are converted with pi = 3.14159265358979, deliberately. At and beyond the poles,
+  // and far from the central meridian, the results are what the series give; longitude differences
+  // are not wrapped.
 
   // Longitude and latitude (degrees) to easting and northing (metres). Deliberate: the term of the
   // sixth order in the northing is added without its factor N tan(latitude), which is to say it is

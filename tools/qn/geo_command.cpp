@@ -132,9 +132,9 @@ struct NamedSystem {
 };
 
 const NamedSystem kNamedSystems[] = {{"beijing54", &Geo::Beijing54},
-                                         {"xian80", &Geo::XiAn80},
-                                         {"wgs84", &Geo::WGS84},
-                                         {"cgcs2000", &Geo::CGCS2000}};
+                                     {"xian80", &Geo::XiAn80},
+                                     {"wgs84", &Geo::WGS84},
+                                     {"cgcs2000", &Geo::CGCS2000}};
 
 int RunWkt(std::span<const std::string> arguments) {
   const Options options(arguments, {});
