@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 #include "platform/crt.h"
 
@@ -32,12 +33,14 @@ bool StartsWithUtf8Mark(std::FILE* file) {
 
 bool LineSource::Open(const char* path) {
   Close();
-  file_.reset(_fsopen(path, "rb", _SH_DENYNO));
-  if (file_ == nullptr) return false;
-  size_ = BufferSizeFor(FileSize(file_.get()));
-  buffer_ = std::make_unique<char[]>(size_);
-  _fseeki64(file_.get(), 0, SEEK_SET);
-  utf8_ = StartsWithUtf8Mark(file_.get());
+  File file(_fsopen(path, "rb", _SH_DENYNO));
+  if (file == nullptr) return false;
+  const int size = BufferSizeFor(FileSize(file.get()));
+  buffer_ = std::make_unique<char[]>(size);  // a failure leaves no file open
+  size_ = size;
+  _fseeki64(file.get(), 0, SEEK_SET);
+  utf8_ = StartsWithUtf8Mark(file.get());
+  file_ = std::move(file);
   return true;
 }
 

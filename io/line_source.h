@@ -44,12 +44,13 @@ class LineSource {
   struct FileCloser {
     void operator()(std::FILE* file) const { std::fclose(file); }
   };
+  using File = std::unique_ptr<std::FILE, FileCloser>;
 
   void SkipBlanks();
   int FindLineEnd() const;
   bool Refill();
 
-  std::unique_ptr<std::FILE, FileCloser> file_;
+  File file_;
   bool utf8_ = false;
   std::unique_ptr<char[]> buffer_;
   int size_ = 0;
