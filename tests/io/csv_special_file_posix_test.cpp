@@ -1,6 +1,9 @@
-// Paths that name no regular file: never a hang.
+// Paths that name no regular file (never a hang), and a file that is only large on paper.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+
+#include <filesystem>
+#include <string>
 
 #include "tests/io/csv_rows.h"
 
@@ -23,6 +26,21 @@ TEST(CsvReader, PipeAsPathFails) {
   EXPECT_FALSE(reader.Open(path.c_str()));
   EXPECT_EQ(Message(reader), OpenFailed(path, kAccessDenied));
   std::remove(path.c_str());
+}
+
+// A hole makes the file as large without taking room on the disk. Sizes that wrap around in 32 bits
+// would give a buffer of few bytes, or of a negative number.
+TEST(CsvLines, FilesOfSeveralGigabytesAreReadThroughOneBuffer) {
+  const std::string longest(409599, 'x');
+  for (const std::uintmax_t size : {(1ULL << 31) + 5, (1ULL << 32) + 5, 5ULL << 32}) {
+    const TempFile file("h\na,b\n" + longest + "\n" + longest + "x\n");
+    std::filesystem::resize_file(file.path(), size);
+    CQNCSVFileReader reader;
+    ASSERT_TRUE(reader.Open(file.path())) << size;
+    EXPECT_EQ(RestOfRows(reader), (std::vector<Row>{{"a", "b"}, {longest}})) << size;
+    EXPECT_EQ(Message(reader), kTooLong) << size;
+    EXPECT_TRUE(reader.GoToFirstRow()) << size;
+  }
 }
 
 }  // namespace
