@@ -174,7 +174,7 @@ void PrintProjection(const Pro& system) {
   if (const int zone = system.GetUTMCode(); zone != 0) {
     PrintLine(Format("UTM zone            %d %s", std::abs(zone), zone < 0 ? "south" : "north"));
   }
-  if (const int code = FindEpsgCode(system); code != 0) {
+  for (const int code : FindEpsgCodes(system)) {
     PrintLine(Format("equals EPSG code    %d (as this library defines it)", code));
   }
 }

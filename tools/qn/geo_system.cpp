@@ -91,16 +91,17 @@ Point GeoSystem::FromLonLat(const Point& point) const {
   return plane;
 }
 
-int FindEpsgCode(const CQNProCoordinateSystem& system) {
+std::vector<int> FindEpsgCodes(const CQNProCoordinateSystem& system) {
+  std::vector<int> codes;
   for (int code = 2327; code <= 32660; ++code) {
     CQNProCoordinateSystem known;
     CQNProCoordinateSystem::EPCSType type;
     // Comparison does not tell the scale factors 0.9996 and 1 apart; here they matter.
     if (known.setByEPSGCode(code, type) && known == system && known.IsUTM() == system.IsUTM()) {
-      return code;
+      codes.push_back(code);
     }
   }
-  return 0;
+  return codes;
 }
 
 }  // namespace qn

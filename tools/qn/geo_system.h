@@ -7,6 +7,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "library_buffer.h"
 
@@ -47,8 +48,8 @@ std::optional<std::string> ReadWkt(System& system, const std::string& wkt) {
   return LibraryBuffer<char>(message).get();
 }
 
-// The EPSG code whose definition in this library equals the system, or 0.
-int FindEpsgCode(const CQNProCoordinateSystem& system);
+// The EPSG codes whose definition in this library equals the system, in rising order.
+std::vector<int> FindEpsgCodes(const CQNProCoordinateSystem& system);
 
 }  // namespace qn
 
