@@ -95,9 +95,8 @@ TEST(HmacSha256, KeyAboveOneBlockIsReplacedByItsDigest) {
 }
 
 TEST(HmacSha256, KeyOfOneBlockIsUsedAsItStands) {
-  const std::string key(64, 'a');
-  EXPECT_NE(Hmac(key, "data"), Hmac(std::string(65, 'a'), "data"));
-  EXPECT_EQ(Hmac(key, "data"), Hmac(key, "data"));
+  EXPECT_EQ(Hmac(std::string(64, 'a'), "data"),
+            "d18cebfa78b60c299f8365c9661dd2f93ef713e32749eba4c31a49cbf1396e16");
 }
 
 TEST(HmacSha256, ShortKeyEqualsItselfFilledUpWithZeros) {
