@@ -109,6 +109,13 @@ TEST(QnCsv, MissingFileFails) {
   EXPECT_EQ(RunQn({"csv", "count", TempFile::NewPath()}).code, qn::kFailure);
 }
 
+#if !defined(_WIN32)
+// Names of files are UTF-8 here; the library's messages, in code page 936 otherwise, quote them.
+TEST(QnCsv, ChineseNameOfAMissingFileIsReadableInTheMessage) {
+  EXPECT_EQ(RunQn({"csv", "count", "没有.csv"}).errors, "qn: 打开 没有.csv 失败，错误码: 2\n");
+}
+#endif
+
 // --- hash -------------------------------------------------------------------------------------
 
 TEST(QnHash, PrintsDigestAndName) {

@@ -36,6 +36,13 @@ std::string DisplayText(std::string_view argument) {
   return os::AnsiFromArgument(argument, true).value_or("?");
 }
 
+std::string FileMessage(std::string_view message, std::string_view path) {
+  std::string text(message);
+  const std::size_t quoted = text.find(path);
+  if (quoted != std::string::npos) text.replace(quoted, path.size(), DisplayText(path));
+  return text;
+}
+
 Progress::Progress(std::string label)
     : label_(std::move(label)), visible_(os::IsTerminal(stderr)) {}
 

@@ -32,6 +32,9 @@ std::string LibraryText(std::string_view argument);
 // The same for messages: what cannot be converted becomes "?". For file names, too.
 std::string DisplayText(std::string_view argument);
 
+// A message of the library about a file, which quotes path as it was given, as library text.
+std::string FileMessage(std::string_view message, std::string_view path);
+
 // How far a long operation is, on one line of standard error that vanishes at the end. Shows
 // nothing unless standard error is a terminal.
 class Progress {

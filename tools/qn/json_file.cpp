@@ -98,7 +98,8 @@ void JsonFile::ExpectNothingLost() const {
 std::string DescribeJsonError(const std::string& path, unsigned __int64 error) {
   unsigned int code = 0;
   const LibraryBuffer<char> message(qnGetErrorA(error, &code));
-  std::string description = OneLine(message.get()) + " (error code " + std::to_string(code) + ")";
+  std::string description = OneLine(FileMessage(message.get(), path));
+  description += " (error code " + std::to_string(code) + ")";
   const bool text_is_broken = code == CQNObject::eErrInvalidData &&
                               !std::string_view(message.get()).ends_with(kLengthRefused);
   if (!text_is_broken) return description;
