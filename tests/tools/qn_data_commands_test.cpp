@@ -176,6 +176,15 @@ TEST(QnBase, BlanksInsideAreIgnoredOnlyWhenAsked) {
   EXPECT_EQ(RunToFile({"base64", "decode", "-i", file.path()}), (Outcome{0, "foobar"}));
 }
 
+TEST(QnBase, BlanksMayFillWholePieces) {
+  const std::string blanks(3'000'000, ' ');
+  const TempFile behind("Zm9v" + blanks);
+  EXPECT_EQ(RunToFile({"base64", "decode", behind.path()}), (Outcome{0, "foo"}));
+  const TempFile inside("Zm9v" + blanks + "YmFy");
+  EXPECT_EQ(RunQn({"base64", "decode", inside.path()}).code, qn::kFailure);
+  EXPECT_EQ(RunToFile({"base64", "decode", "-i", inside.path()}), (Outcome{0, "foobar"}));
+}
+
 TEST(QnBase, ForeignCharacterLeavesTheOutputFileAsItWas) {
   const TempFile file(std::string(2'000'000, 'A') + "!");
   EXPECT_EQ(RunToFile({"base64", "decode", file.path()}), (Outcome{qn::kFailure, ""}));

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 #include "command.h"
 #include "errors.h"
@@ -80,12 +81,13 @@ class TextSource {
     std::string more = input_.Read(kTextPiece);
     at_end_ = more.size() < kTextPiece;
     if (ignore_blanks_) std::erase_if(more, IsBlank);
-    pending_ += held_back_ + more;
-    held_back_.clear();
     // Blanks at the end may be the end of the text: they wait until more text follows.
-    const auto last = std::find_if_not(pending_.rbegin(), pending_.rend(), IsBlank);
-    held_back_.assign(last.base(), pending_.end());
-    pending_.erase(last.base(), pending_.end());
+    const auto text_end = std::find_if_not(more.rbegin(), more.rend(), IsBlank).base();
+    if (text_end != more.begin()) {
+      pending_ += std::exchange(held_back_, {});
+      pending_.append(more.begin(), text_end);
+    }
+    held_back_.append(text_end, more.end());
   }
 
   InputStream input_;
