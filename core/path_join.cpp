@@ -19,7 +19,8 @@ CQNString PreparedBase(const CQNString& base) {
 }
 
 bool IsAbsolute(const CQNString& path) {
-  return std::strncmp(path, "\\\\", 2) == 0 || path.Find(':', 1) > 0;
+  // From the start, where a character begins; a search from byte 1 could start inside one.
+  return std::strncmp(path, "\\\\", 2) == 0 || path.ReverseFind(':') > 0;
 }
 
 // Cuts the last folder off a prepared base; false when there is none to cut off.

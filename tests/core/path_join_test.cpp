@@ -88,7 +88,8 @@ TEST(PathJoin, AnAbsolutePathStaysAsItIs) {
       {"C:\\data", "a\\b:c", "a\\b:c"},
       {"C:\\data", "..\\b:c", "..\\b:c"},
       {"C:\\data", ":a:b", ":a:b"},
-      {"C:\\data", ":b", "C:\\data\\:b"},  // a colon at the start makes no absolute path
+      {"C:\\data", "\xB0\xA1:\\b", "\xB0\xA1:\\b"},  // behind a double-byte character
+      {"C:\\data", ":b", "C:\\data\\:b"},            // a colon at the start makes no absolute path
   });
 }
 
