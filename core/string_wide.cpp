@@ -17,12 +17,14 @@ namespace {
 // Bytes that text of wide_length UTF-16 units may need: two per unit in a double-byte code page.
 int ByteCapacity(std::size_t wide_length) { return CheckedLength(2 * wide_length); }
 
-// Converts into a buffer that holds capacity bytes, and counts them as the converter does. Where
-// the code page needs more than two bytes per unit (UTF-8 set as the ANSI code page), the buffer
-// is replaced by one of the needed size.
+// Converts into a buffer that holds capacity bytes and a terminator, and counts the bytes as the
+// converter does: with the terminator when source_length is -1. Where the code page needs more than
+// two bytes per unit (UTF-8 set as the ANSI code page), the buffer is replaced by one of the needed
+// size.
 int Convert(const wchar_t* source, int source_length, char*& text, int capacity) {
-  int count =
-      WideCharToMultiByte(CP_ACP, 0, source, source_length, text, capacity + 1, nullptr, nullptr);
+  // Text of a given length brings no terminator: the byte behind the capacity is not its own.
+  const int room = source_length < 0 ? capacity + 1 : capacity;
+  int count = WideCharToMultiByte(CP_ACP, 0, source, source_length, text, room, nullptr, nullptr);
   if (count == 0 && source_length != 0) {
     const int needed =
         WideCharToMultiByte(CP_ACP, 0, source, source_length, nullptr, 0, nullptr, nullptr);
