@@ -91,8 +91,9 @@ bool CMyJsonValue::AddToArr(const CMyJsonValue* value, int pos) {
 
 bool CMyJsonValue::AddToArr(const CMyJsonObj* obj, int pos) {
   if (!Accepts(*imp_, eObj)) return false;
-  auto clone = std::make_unique<CMyJsonValue>(obj != nullptr ? obj->Clone() : nullptr);
-  Insert(imp_->array, std::move(clone), pos);
+  std::unique_ptr<CMyJsonObj> clone(obj != nullptr ? obj->Clone() : nullptr);
+  MoveToArr(clone.get(), pos);
+  static_cast<void>(clone.release());
   return true;
 }
 
