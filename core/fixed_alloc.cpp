@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <new>
 
 #include "platform/platform.h"
@@ -25,6 +26,21 @@ class Guard {
   CRITICAL_SECTION* section_;
 };
 
+// The free list runs through the blocks' first bytes. They are read and written as bytes because
+// blocks whose size is no multiple of 8 stand at any address.
+template <class Link>
+void Push(Link*& list, void* block) {
+  std::memcpy(block, static_cast<const void*>(&list), sizeof(list));
+  list = static_cast<Link*>(block);
+}
+
+template <class Link>
+void* Pop(Link*& list) {
+  void* block = list;
+  std::memcpy(static_cast<void*>(&list), block, sizeof(list));
+  return block;
+}
+
 }  // namespace
 
 CQNFixedAlloc::CQNFixedAlloc(unsigned int blockSize, unsigned int blocksPerChunk)
@@ -42,15 +58,13 @@ CQNFixedAlloc::~CQNFixedAlloc() {
 void* CQNFixedAlloc::Alloc() {
   Guard guard(lock_);
   if (free_ == nullptr) PushNewChunk();
-  Link* block = free_;
-  free_ = block->next;
-  return block;
+  return Pop(free_);
 }
 
 void CQNFixedAlloc::Free(void* block) {
   if (block == nullptr) return;
   Guard guard(lock_);
-  free_ = new (block) Link{free_};
+  Push(free_, block);
 }
 
 void CQNFixedAlloc::FreeAll() {
@@ -74,6 +88,6 @@ void CQNFixedAlloc::PushNewChunk() {
   // From the last block to the first, so that the first ends at the head of the free list.
   unsigned char* blocks = chunk + sizeof(Link);
   for (std::size_t i = blocks_per_chunk_; i-- > 0;) {
-    free_ = new (blocks + i * block_size) Link{free_};
+    Push(free_, blocks + i * block_size);
   }
 }

@@ -95,6 +95,19 @@ TEST(FixedAlloc, TooSmallParametersStillMakeUsableBlocks) {
   EXPECT_EQ(AllocFrom(pool), first);
 }
 
+TEST(FixedAlloc, BlocksOfAnOddSizeLieEndToEnd) {
+  constexpr unsigned int kOddSize = 13;
+  CQNFixedAlloc pool(kOddSize, 3);
+  EXPECT_EQ(pool.GetAllocSize(), kOddSize);
+  char* first = AllocFrom(pool);
+  char* second = AllocFrom(pool);
+  EXPECT_EQ(second - first, kOddSize);
+  std::memset(second, 1, kOddSize);
+  pool.Free(second);
+  EXPECT_EQ(AllocFrom(pool), second);
+  EXPECT_EQ(AllocFrom(pool), second + kOddSize);
+}
+
 // The copy shares chunks, list and lock; only one of the two is used and destroyed afterwards.
 TEST(FixedAlloc, CopyAssignmentSharesTheFieldsAsTheyStand) {
   CQNFixedAlloc source(kBlockSize, kBlocksPerChunk);
