@@ -25,6 +25,7 @@ unsigned __int64 QNErrorUtils::CreateError(CQNObject::EErrorStatus code, const c
 }
 
 unsigned __int64 QNErrorUtils::CreateErrorFromObj(const CQNObject* source, const char* text) {
+  if (source == nullptr) return 0;
   const char* message = source->GetErrorMsg();
   if (text == nullptr) return CreateError(source->GetErrorCode(), message);
   return CreateError(source->GetErrorCode(), CQNString(text) + ' ' + message);

@@ -18,6 +18,7 @@ QN_API unsigned __int64 CreateError(CQNObject::EErrorStatus code, const char* me
 
 // A new error handle with the code of source. Its message is text, one blank and the message of
 // source; without text (null), the message of source. source is neither changed nor released.
+// 0 for a null source.
 QN_API unsigned __int64 CreateErrorFromObj(const CQNObject* source, const char* text);
 
 }  // namespace QNErrorUtils

@@ -133,6 +133,11 @@ TEST(ErrorHandle, FromAnObjectWithoutAMessageIsHarmless) {
   qnCloseHandle(with_text);
 }
 
+TEST(ErrorHandle, FromNoObjectIsNoError) {
+  EXPECT_EQ(CreateErrorFromObj(nullptr, nullptr), 0u);
+  EXPECT_EQ(CreateErrorFromObj(nullptr, "Reading"), 0u);
+}
+
 TEST(ErrorHandle, AnObjectWithoutAMessageReadsAsTheEmptyText) {
   auto* object = new CQNObject;
   object->SetErrorCode(CQNObject::eErrNotFound);
