@@ -16,7 +16,7 @@ inline constexpr std::size_t kNumberTextCapacity = 328;
 
 // Writes the number as "%.15f" does, without trailing zeros and without a point behind which
 // nothing is left, and returns the end of the text (there is no terminator). Numbers that are not
-// finite are "inf", "-inf", "nan" and "-nan".
+// finite are "inf", "-inf", "nan" and "-nan(ind)".
 char* FormatNumber(double number, char (&text)[kNumberTextCapacity]);
 
 }  // namespace quarnfc
