@@ -1,0 +1,57 @@
+#include <quarnfc/json_files.h>
+#include <quarnfc/plain.h>
+
+#include <cstdio>
+#include <thread>
+#include <vector>
+
+#include "tests/json/json_support.h"
+
+namespace {
+
+constexpr int kThreads = 4;
+constexpr int kRounds = 25;
+
+std::string PathOf(int thread) {
+  return testing::TempDir() + "quarnfc_file_threads_" + std::to_string(thread) + ".json";
+}
+
+// The message of a file that is not there.
+std::string MessageOfMissing(const std::string& path) {
+  unsigned __int64 error = 0;
+  CMyJsonObj object;
+  QNJsonUtils::ReadJsonFile(path.c_str(), object, &error);
+  const std::string message = json_test::TakeBytes(qnGetErrorA(error, nullptr));
+  qnCloseHandle(error);
+  return message;
+}
+
+// Saves a text of its own as UTF-8 and reads it back; the number of rounds in which that worked.
+int SaveAndRead(int thread) {
+  const std::string path = PathOf(thread);
+  const std::string text = "\xD6\xD0\xCE\xC4 of thread " + std::to_string(thread);
+  const CMyJsonValue saved(text.c_str());
+  const std::string missing = path + ".missing";
+  const std::string message = "Quarn: Can't open " + missing + ", error: 0x2";
+  int good = 0;
+  for (int round = 0; round < kRounds; ++round) {
+    CMyJsonValue read;
+    const bool done = QNJsonUtils::SaveJsonFileEx(path.c_str(), saved, true, nullptr) &&
+                      QNJsonUtils::ReadJsonFileEx(path.c_str(), read, nullptr);
+    if (done && read.ValueStr() == text && MessageOfMissing(missing) == message) ++good;
+  }
+  std::remove(path.c_str());
+  return good;
+}
+
+TEST(JsonFileThreads, DifferentFilesAreSavedAndReadAtOnce) {
+  std::vector<int> good(kThreads);
+  std::vector<std::thread> threads;
+  for (int i = 0; i < kThreads; ++i) {
+    threads.emplace_back([&good, i] { good[static_cast<std::size_t>(i)] = SaveAndRead(i); });
+  }
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(good, std::vector<int>(kThreads, kRounds));
+}
+
+}  // namespace
