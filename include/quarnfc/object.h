@@ -63,16 +63,20 @@ class QN_API CQNObject {
   static void operator delete(void* object) noexcept;
   static void operator delete(void*, void*) noexcept {}
 
+  // Adds one reference.
   void AddRef();
 
   // Takes one reference away; below 1 the object is destroyed. It must have been made with new.
   void Release();
 
+  // The setters are const: they change the private record alone.
   void SetErrorCode(EErrorStatus code) const;
   EErrorStatus GetErrorCode() const;
 
   // Keeps a copy of text (ANSI code page) in both forms; null gives two empty messages.
   void SetErrorMsg(const char* text) const;
+
+  // SetErrorCode, then SetErrorMsg.
   void SetError(EErrorStatus code, const char* text) const;
 
   // The message, owned by the object and valid until the next SetErrorMsg; null before the first.
@@ -80,6 +84,7 @@ class QN_API CQNObject {
   const char* GetErrorMsgA() const;
   const wchar_t* GetErrorMsgW() const;
 
+  // The record of this class; a root.
   static CQNObjClass m_class;
 
  private:
