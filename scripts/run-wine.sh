@@ -22,7 +22,8 @@ make_prefix() {
   (
     flock 9
     [ -e "$ready" ] && exit
-    wineboot --init >"$WINEPREFIX/boot.log" 2>&1 </dev/null || {
+    # Without the lock: the server that Wine starts lives on for a while.
+    wineboot --init >"$WINEPREFIX/boot.log" 2>&1 </dev/null 9>&- || {
       printf 'error: Wine could not make its prefix, see %s\n' "$WINEPREFIX/boot.log" >&2
       exit 1
     }
