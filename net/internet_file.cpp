@@ -82,7 +82,8 @@ unsigned __int64 CQNInternetFile::Seek(__int64 offset, unsigned int origin) {
 
 unsigned __int64 CQNInternetFile::GetLength() const {
   DWORD available = 0;
-  if (handle_ == nullptr || !InternetQueryDataAvailable(handle_, &available, 0, context_)) return 0;
+  // The platform reserves the last two arguments: zero.
+  if (handle_ == nullptr || !InternetQueryDataAvailable(handle_, &available, 0, 0)) return 0;
   return available;
 }
 

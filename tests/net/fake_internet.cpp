@@ -38,8 +38,8 @@ BOOL WINAPI FakeReadFile(HINTERNET, void* buffer, DWORD count, DWORD* read) {
   CallBack(fake.during_transfer);
   if (fake.read_error != 0) return Answer(fake.read_error);
   DWORD given = std::min(count, static_cast<DWORD>(fake.read_limit));
-  if (fake.endless_response) {
-    std::memset(buffer, 'x', given);
+  if (fake.endless_response != 0) {
+    std::memset(buffer, fake.endless_response, given);
   } else {
     given = std::min(given, static_cast<DWORD>(fake.response.size() - fake.response_position));
     std::memcpy(buffer, fake.response.data() + fake.response_position, given);
@@ -65,6 +65,22 @@ HINTERNET WINAPI FakeOpen(const char* agent, DWORD access, const char*, const ch
   wsprintfA(call, "open %s access %u flags %u", agent, access, flags);
   g_fake.calls.push_back(call);
   return FakeHandle();
+}
+
+HINTERNET WINAPI FakeOpenUrl(HINTERNET, const char* url, const char*, DWORD length, DWORD flags,
+                             DWORD_PTR context) {
+  char call[100];
+  wsprintfA(call, "url %s headers %u flags %u context %u", url, length, flags,
+            static_cast<unsigned int>(context));
+  g_fake.calls.push_back(call);
+  return FakeUrlHandle();
+}
+
+BOOL WINAPI FakeQueryOption(HINTERNET, DWORD, void* buffer, DWORD* length) {
+  if (g_fake.handle_type == 0) return Answer(ERROR_INTERNET_INVALID_OPERATION);
+  *length = sizeof(g_fake.handle_type);
+  std::memcpy(buffer, &g_fake.handle_type, *length);
+  return TRUE;
 }
 
 INTERNET_STATUS_CALLBACK WINAPI FakeSetStatusCallback(HINTERNET,
@@ -93,7 +109,8 @@ DWORD WINAPI FakeSetFilePointer(HINTERNET, LONG offset, void*, DWORD method, DWO
   return g_fake.position;
 }
 
-BOOL WINAPI FakeQueryDataAvailable(HINTERNET, DWORD* available, DWORD, DWORD_PTR) {
+BOOL WINAPI FakeQueryDataAvailable(HINTERNET, DWORD* available, DWORD flags, DWORD_PTR context) {
+  if (flags != 0 || context != 0) return Answer(ERROR_INVALID_PARAMETER);  // both are reserved
   *available = g_fake.data_available;
   return g_fake.data_available != 0;
 }
@@ -133,8 +150,12 @@ BOOL WINAPI FakeGetLastResponseInfo(DWORD* error, char* buffer, DWORD* length) {
   const DWORD capacity = *length;
   *length = static_cast<DWORD>(text.size());
   if (text.empty()) return TRUE;
-  if (buffer == nullptr || capacity < text.size()) return Answer(ERROR_INSUFFICIENT_BUFFER);
-  std::memcpy(buffer, text.data(), text.size());
+  const DWORD needed = *length + (g_fake.asks_for_end ? 1 : 0);
+  if (buffer == nullptr || capacity < needed) {
+    *length = needed;
+    return Answer(ERROR_INSUFFICIENT_BUFFER);
+  }
+  std::memcpy(buffer, text.c_str(), needed);
   return TRUE;
 }
 
@@ -162,6 +183,8 @@ extern "C" {
 extern decltype(&FakeOpen) const __imp_InternetOpenA = FakeOpen;
 extern decltype(&FakeSetStatusCallback) const __imp_InternetSetStatusCallback =
     FakeSetStatusCallback;
+extern decltype(&FakeOpenUrl) const __imp_InternetOpenUrlA = FakeOpenUrl;
+extern decltype(&FakeQueryOption) const __imp_InternetQueryOptionA = FakeQueryOption;
 extern decltype(&FakeReadFile) const __imp_InternetReadFile = FakeReadFile;
 extern decltype(&FakeWriteFile) const __imp_InternetWriteFile = FakeWriteFile;
 extern decltype(&FakeCloseHandle) const __imp_InternetCloseHandle = FakeCloseHandle;

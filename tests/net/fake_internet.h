@@ -17,7 +17,7 @@ struct FakeInternet {
   std::string response;
   size_t response_position = 0;
   unsigned int read_limit = 0xFFFFFFFF;
-  bool endless_response = false;
+  char endless_response = 0;  // the byte that is handed out without end
   std::vector<unsigned int> reads;
 
   // Writing: what each write received. A write takes at most write_limit bytes.
@@ -36,9 +36,12 @@ struct FakeInternet {
   std::vector<std::string> calls;  // "close 0x1234", "end", ...
   DWORD position = 0;              // what InternetSetFilePointer answers
   std::string server_text;         // what InternetGetLastResponseInfoA answers
+  bool asks_for_end = false;       // whether it asks for room for the terminator
   std::string header;              // what HttpQueryInfoA answers; empty fails
   bool counts_header = true;       // whether it counts what it wrote
   DWORD data_available = 0;
+
+  DWORD handle_type = 0;  // what a handle says it is; 0 fails
 
   // Status callbacks: the one that was installed before the library's, which replaces it.
   INTERNET_STATUS_CALLBACK callback = nullptr;
@@ -51,6 +54,8 @@ FakeInternet& TheFakeInternet();
 constexpr unsigned __int64 kTestContext = 77;
 
 inline HINTERNET FakeHandle() { return reinterpret_cast<HINTERNET>(0x1234); }
+
+inline HINTERNET FakeUrlHandle() { return reinterpret_cast<HINTERNET>(0x5678); }
 
 // A file over a handle of the fake, as a host's derived class would make it.
 class FakeFile : public CQNInternetFile {
