@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <memory>
+#include <type_traits>
 
 #include "net/bounded_text.h"
 #include "net/internet_error.h"
@@ -48,10 +49,14 @@ void CopyServerText(char* text, unsigned int maximum) {
     return;
   }
   quarnfc::CopyBounded(text, maximum, "");
+  // Compared as the platform asked for it: what it reports after the copy leaves the end out.
+  const DWORD needed = length;
   // One byte more than asked for, so that the text always has an end.
   const LocalText response(static_cast<char*>(LocalAlloc(LPTR, SIZE_T{length} + 1)));
   if (response == nullptr || !InternetGetLastResponseInfoA(&error, response.get(), &length)) return;
-  if (maximum >= length) quarnfc::CopyBounded(text, maximum, response.get());
+  if (maximum >= needed && maximum > std::strlen(response.get())) {
+    quarnfc::CopyBounded(text, maximum, response.get());
+  }
 }
 
 }  // namespace

@@ -23,22 +23,19 @@ TEST(ExceptionText, TheServersOwnWordsReplaceTheExtendedError) {
 
 TEST(ExceptionText, TheServersWordsAreNeverCut) {
   const std::string words = "550 no such file";
-  TheFakeInternet().server_text = words;
   const CQNInternetException exception(kExtendedError);
-  for (unsigned int maximum = 1; maximum < words.size(); ++maximum) {
-    char text[100] = "old";
-    EXPECT_EQ(exception.GetErrorMessage(text, maximum), 1);
-    EXPECT_STREQ(text, "") << maximum;
+  // Whether the platform's lengths count the terminator or not.
+  for (const bool counts_end : {true, false}) {
+    TheFakeInternet().server_text = words;
+    TheFakeInternet().asks_for_end = counts_end;
+    for (unsigned int maximum = 1; maximum <= words.size() + 1; ++maximum) {
+      char text[100];
+      std::memset(text, '?', sizeof(text));
+      EXPECT_EQ(exception.GetErrorMessage(text, maximum), 1);
+      EXPECT_STREQ(text, maximum > words.size() ? words.c_str() : "") << maximum;
+      EXPECT_EQ(text[maximum], '?') << maximum;
+    }
   }
-}
-
-TEST(ExceptionText, TheBufferIsNeverOverrunByTheTerminator) {
-  TheFakeInternet().server_text = "12345";
-  char text[8];
-  std::memset(text, '?', sizeof(text));
-  EXPECT_EQ(CQNInternetException(kExtendedError).GetErrorMessage(text, 5), 1);
-  EXPECT_EQ(text[4], '\0');
-  EXPECT_EQ(text[5], '?');
 }
 
 TEST(ExceptionText, StaysAsItWasWhenTheServerSaidNothing) {
