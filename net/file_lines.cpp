@@ -3,14 +3,13 @@
 #include <algorithm>
 #include <cstring>
 
-#include "platform/internet.h"
-
 namespace {
 
 constexpr unsigned int kLineBufferSize = 4096;
 constexpr unsigned int kPieceLength = 127;
-// Longer lines arrive in pieces, so that a server that never ends its line cannot exhaust memory.
-constexpr int kLongestLine = 64 * 1024 * 1024;
+// Longer lines, dropped carriage returns counted, arrive in pieces, so that a server that never
+// ends its line can neither exhaust memory nor hold the call for ever.
+constexpr unsigned int kLongestLine = 64 * 1024 * 1024;
 
 // Appends with room to grow, so that a long line is not copied once per piece.
 void AppendPiece(CQNString& line, const char* piece, int length) {
@@ -27,23 +26,24 @@ void AppendPiece(CQNString& line, const char* piece, int length) {
 int CQNInternetFile::ReadString(CQNString& line) {
   line.Empty();
   if (!PrepareLineReading()) return 0;
+  unsigned int budget = kLongestLine;
   bool ended = false;
-  while (!ended && line.GetLength() < kLongestLine) {
+  while (!ended && budget != 0) {
     char piece[kPieceLength];
-    const unsigned int room = static_cast<unsigned int>(kLongestLine - line.GetLength());
-    const unsigned int length = ReadLinePiece(piece, std::min(kPieceLength, room), ended);
+    const unsigned int length = ReadLinePiece(piece, kPieceLength, budget, ended);
     AppendPiece(line, piece, static_cast<int>(length));
   }
   const int length = line.GetLength();
-  if (length == 0) return 0;
+  if (length == 0) return ended ? 0 : 1;
   if (line[length - 1] == '\n') line.ReleaseBuffer(length - 1);
   return 1;
 }
 
 char* CQNInternetFile::ReadString(char* buffer, unsigned int maximum) {
   if (buffer == nullptr || maximum == 0 || !PrepareLineReading()) return nullptr;
+  unsigned int budget = kLongestLine;
   bool ended = false;
-  const unsigned int length = ReadLinePiece(buffer, maximum - 1, ended);
+  const unsigned int length = ReadLinePiece(buffer, maximum - 1, budget, ended);
   buffer[length] = '\0';
   return ended && length == 0 ? nullptr : buffer;
 }
@@ -57,16 +57,19 @@ bool CQNInternetFile::PrepareLineReading() {
 }
 
 // Moves up to maximum bytes of the current line to target, without carriage returns and with the
-// line feed; returns how many. ended says that the line or the data ended there.
-unsigned int CQNInternetFile::ReadLinePiece(char* target, unsigned int maximum, bool& ended) {
+// line feed; returns how many. budget is what may still be taken from the data, and is counted
+// down. ended says that the line or the data ended there.
+unsigned int CQNInternetFile::ReadLinePiece(char* target, unsigned int maximum,
+                                            unsigned int& budget, bool& ended) {
   unsigned int length = 0;
-  while (length < maximum) {
+  while (length < maximum && budget != 0) {
     if (read_position_ >= read_bytes_) RefillReadBuffer();
     if (read_bytes_ == 0) {
       ended = true;
       return length;
     }
     const char ch = static_cast<char>(read_buffer_[read_position_++]);
+    --budget;
     if (ch == '\r') continue;
     target[length++] = ch;
     if (ch == '\n') {

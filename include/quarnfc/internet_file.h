@@ -50,9 +50,9 @@ class QN_API CQNInternetFile {
   virtual unsigned __int64 GetLength() const;
 
   // Reads one line, without the line feed, and returns nonzero; 0 at the end of the data. Carriage
-  // returns are dropped wherever they stand. A line above 64 MiB arrives in pieces of that length,
-  // so that a server that never ends its line cannot exhaust memory. Takes a read buffer of 4096
-  // bytes when there is none.
+  // returns are dropped wherever they stand. A line above 64 MiB, dropped bytes counted, arrives in
+  // pieces, so that a server that never ends its line cannot exhaust memory or hold the call. Takes
+  // a read buffer of 4096 bytes when there is none.
   virtual int ReadString(CQNString& line);
 
   // Reads up to maximum - 1 bytes of one line into buffer, terminates them and returns buffer; null
@@ -117,7 +117,7 @@ class QN_API CQNInternetFile {
   unsigned int WriteHandle(const void* data, unsigned int count);
   unsigned int TakeBuffered(void* target, unsigned int count);
   void RefillReadBuffer();
-  unsigned int ReadLinePiece(char* target, unsigned int maximum, bool& ended);
+  unsigned int ReadLinePiece(char* target, unsigned int maximum, unsigned int& budget, bool& ended);
   bool PrepareLineReading();
   void ReplaceReadBuffer(unsigned int size);
   void ReplaceWriteBuffer(unsigned int size);

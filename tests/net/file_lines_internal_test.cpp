@@ -142,7 +142,7 @@ TEST(LineReading, LinesAndBlocksShareTheBuffer) {
 }
 
 TEST(LineReading, ALineWithoutEndArrivesInPiecesOf64MiB) {
-  TheFakeInternet().endless_response = true;
+  TheFakeInternet().endless_response = 'x';
   FakeFile file(1);
   file.SetReadBufferSize(1 << 20);
   CQNString line;
@@ -151,6 +151,18 @@ TEST(LineReading, ALineWithoutEndArrivesInPiecesOf64MiB) {
     EXPECT_EQ(line.GetLength(), 64 << 20);
     EXPECT_LE(line.GetAllocLength(), 128 << 20);
   }
+}
+
+TEST(LineReading, CarriageReturnsWithoutEndDoNotHoldTheCall) {
+  TheFakeInternet().endless_response = '\r';
+  FakeFile file(1);
+  file.SetReadBufferSize(1 << 20);
+  CQNString line("old");
+  EXPECT_EQ(file.ReadString(line), 1);
+  EXPECT_EQ(TextOf(line), "");
+  char buffer[4] = "old";
+  EXPECT_EQ(file.ReadString(buffer, 4), buffer);
+  EXPECT_STREQ(buffer, "");
 }
 
 TEST(LineReading, AFailureLeavesWhatWasReadOfTheLine) {
