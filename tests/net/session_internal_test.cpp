@@ -1,8 +1,10 @@
 // What a session asks of the platform, and how callbacks reach it.
 #include <quarnfc/internet.h>
+#include <quarnfc/internet_file.h>
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -67,6 +69,27 @@ TEST(SessionCalls, ReportsGoOnToTheCallbackThatWasInstalledBefore) {
   session.Close();
   dispatcher(FakeHandle(), 7, INTERNET_STATUS_HANDLE_CLOSING, nullptr, 0);
   EXPECT_EQ(g_reports.size(), 1u);
+}
+
+TEST(SessionCalls, AUrlThatDoesNotParseIsWhatItsHandleSays) {
+  const struct {
+    DWORD handle_type;
+    bool served;
+  } cases[] = {{INTERNET_HANDLE_TYPE_HTTP_REQUEST, true},
+               {INTERNET_HANDLE_TYPE_FTP_FILE, false},
+               {0, false}};
+  for (const auto& c : cases) {
+    TheFakeInternet() = FakeInternet();
+    TheFakeInternet().handle_type = c.handle_type;
+    CQNInternetSession session("agent", 5);
+    {
+      const std::unique_ptr<CQNHttpFile> file(session.OpenURL("no-scheme", 1, 3, "X: y", 4));
+      ASSERT_EQ(file != nullptr, c.served) << c.handle_type;
+      EXPECT_EQ(TheFakeInternet().calls.back(), "url no-scheme headers 4 flags 3 context 5");
+    }
+    // What is not served deliberately stays open.
+    EXPECT_EQ(TheFakeInternet().calls.back() == "close 5678", c.served) << c.handle_type;
+  }
 }
 
 }  // namespace
