@@ -144,6 +144,18 @@ BOOL WINAPI FakeQueryInfo(HINTERNET, DWORD, void* buffer, DWORD* length, DWORD* 
   return TRUE;
 }
 
+BOOL WINAPI FakeGetCookie(const char*, const char*, char* buffer, DWORD* length) {
+  const std::string& cookie = g_fake.cookie;
+  if (cookie.empty()) return Answer(ERROR_NO_MORE_ITEMS);
+  const DWORD capacity = *length;
+  *length = static_cast<DWORD>(cookie.size()) + 1;
+  if (buffer == nullptr) return TRUE;
+  if (capacity < *length) return Answer(ERROR_INSUFFICIENT_BUFFER);
+  std::memcpy(buffer, cookie.c_str(), *length);
+  if (!g_fake.counts_cookie) *length = 0xFFFFFFFF;
+  return TRUE;
+}
+
 BOOL WINAPI FakeGetLastResponseInfo(DWORD* error, char* buffer, DWORD* length) {
   const std::string& text = g_fake.server_text;
   *error = 0;
@@ -194,6 +206,7 @@ extern decltype(&FakeQueryDataAvailable) const __imp_InternetQueryDataAvailable 
 extern decltype(&FakeSendRequestEx) const __imp_HttpSendRequestExA = FakeSendRequestEx;
 extern decltype(&FakeEndRequest) const __imp_HttpEndRequestA = FakeEndRequest;
 extern decltype(&FakeQueryInfo) const __imp_HttpQueryInfoA = FakeQueryInfo;
+extern decltype(&FakeGetCookie) const __imp_InternetGetCookieA = FakeGetCookie;
 extern decltype(&FakeGetLastResponseInfo) const __imp_InternetGetLastResponseInfoA =
     FakeGetLastResponseInfo;
 extern decltype(&FakeFormatMessage) const __imp_FormatMessageA = FakeFormatMessage;

@@ -39,6 +39,8 @@ struct FakeInternet {
   bool asks_for_end = false;       // whether it asks for room for the terminator
   std::string header;              // what HttpQueryInfoA answers; empty fails
   bool counts_header = true;       // whether it counts what it wrote
+  std::string cookie;              // what InternetGetCookieA answers; empty fails
+  bool counts_cookie = true;       // whether it counts what it wrote
   DWORD data_available = 0;
 
   DWORD handle_type = 0;  // what a handle says it is; 0 fails

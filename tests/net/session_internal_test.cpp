@@ -92,4 +92,17 @@ TEST(SessionCalls, AUrlThatDoesNotParseIsWhatItsHandleSays) {
   }
 }
 
+TEST(SessionCookies, AStringMeasuresItselfWhenThePlatformDoesNotCount) {
+  TheFakeInternet().cookie = "name=value";
+  CQNString cookie("old");
+  EXPECT_EQ(CQNInternetSession::GetCookie("http://h/", "name", cookie), 1);
+  EXPECT_EQ(TextOf(cookie), std::string("name=value\0", 11));
+  TheFakeInternet().counts_cookie = false;
+  EXPECT_EQ(CQNInternetSession::GetCookie("http://h/", "name", cookie), 1);
+  EXPECT_EQ(TextOf(cookie), "name=value");
+  TheFakeInternet().cookie.clear();
+  EXPECT_EQ(CQNInternetSession::GetCookie("http://h/", "name", cookie), 0);
+  EXPECT_EQ(TextOf(cookie), "");
+}
+
 }  // namespace
