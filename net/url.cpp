@@ -128,10 +128,11 @@ int qnParseURL(const char* url, unsigned long& serviceType, CQNString& server, C
 
   serviceType = eServiceUnknown;
   if (url == nullptr) return 0;
+  const CQNString text(url);  // url may be the text of a string that is about to receive a part
   const PartBuffer server_part(server, kPartLength);
   const PartBuffer object_part(object, kPartLength);
   URL_COMPONENTSA parts = PartsOf(server_part, kPartLength, object_part, kPartLength);
-  return Parse(url, parts, serviceType, port, ICU_BROWSER_MODE);
+  return Parse(text, parts, serviceType, port, ICU_BROWSER_MODE);
 }
 
 int qnParseURLEx(const char* url, unsigned long& serviceType, CQNString& server, CQNString& object,
@@ -142,6 +143,7 @@ int qnParseURLEx(const char* url, unsigned long& serviceType, CQNString& server,
 
   serviceType = eServiceUnknown;
   if (url == nullptr) return 0;
+  const CQNString text(url);
   const PartBuffer server_part(server, kServerLength);
   const PartBuffer object_part(object, kObjectLength);
   const PartBuffer user_part(user, kCredentialLength);
@@ -151,5 +153,5 @@ int qnParseURLEx(const char* url, unsigned long& serviceType, CQNString& server,
   parts.dwUserNameLength = kCredentialLength;
   parts.lpszPassword = password_part.Get();
   parts.dwPasswordLength = kCredentialLength;
-  return Parse(url, parts, serviceType, port, flags);
+  return Parse(text, parts, serviceType, port, flags);
 }

@@ -60,6 +60,23 @@ TEST(Url, SplitsIntoServiceServerObjectAndPort) {
   }
 }
 
+TEST(Url, MayBeTheTextOfAStringThatReceivesAPart) {
+  unsigned long service = 0;
+  unsigned short port = 0;
+  CQNString server = "http://h:81/p";
+  CQNString object;
+  CQNString user;
+  CQNString password;
+  EXPECT_EQ(qnParseURL(server, service, server, object, port), 1);
+  EXPECT_EQ(TextOf(server), "h");
+  EXPECT_EQ(TextOf(object), "/p");
+
+  password = "http://u:secret@h/p";
+  EXPECT_EQ(qnParseURLEx(password, service, server, object, port, user, password, 0), 1);
+  EXPECT_EQ(TextOf(user), "u");
+  EXPECT_EQ(TextOf(password), "secret");
+}
+
 TEST(Url, MapsEverySchemeToItsServiceCode) {
   const struct {
     const char* url;
