@@ -159,8 +159,8 @@ void PrintEllipsoid(const Geo& geo) {
   const auto named =
       std::find_if(std::begin(kNamedSystems), std::end(kNamedSystems),
                    [&](const NamedSystem& candidate) { return *candidate.system == geo; });
-  PrintLine(
-      Format("ellipsoid           %s", named == std::end(kNamedSystems) ? "other" : named->name));
+  PrintLine(Format("ellipsoid           %s",
+                   named == std::end(kNamedSystems) ? "none of the predefined ones" : named->name));
   PrintLine(Format("semi-major axis     %.4f m", geo.GetSemiMajorAxis()));
   PrintLine(Format("semi-minor axis     %.4f m", geo.GetSemiMinorAxis()));
   PrintLine(Format("inverse flattening  %.9f", geo.GetInverseFlattening()));
