@@ -26,25 +26,25 @@ class Guard {
   CRITICAL_SECTION* section_;
 };
 
-// The free list runs through the blocks' first bytes. They are read and written as bytes because
-// blocks whose size is no multiple of 8 stand at any address.
-template <class Link>
-void Push(Link*& list, void* block) {
-  std::memcpy(block, static_cast<const void*>(&list), sizeof(list));
-  list = static_cast<Link*>(block);
+constexpr std::size_t kLinkSize = sizeof(void*);
+
+// Both lists run through the first bytes of their elements. They are read and written as bytes
+// because blocks whose size is no multiple of 8 stand at any address.
+void Push(void*& list, void* element) {
+  std::memcpy(element, &list, kLinkSize);
+  list = element;
 }
 
-template <class Link>
-void* Pop(Link*& list) {
-  void* block = list;
-  std::memcpy(static_cast<void*>(&list), block, sizeof(list));
-  return block;
+void* Pop(void*& list) {
+  void* element = list;
+  std::memcpy(&list, element, kLinkSize);
+  return element;
 }
 
 }  // namespace
 
 CQNFixedAlloc::CQNFixedAlloc(unsigned int blockSize, unsigned int blocksPerChunk)
-    : block_size_(std::max(blockSize, static_cast<unsigned int>(sizeof(Link)))),
+    : block_size_(std::max(blockSize, static_cast<unsigned int>(kLinkSize))),
       blocks_per_chunk_(std::max(blocksPerChunk, 1u)) {
   static_assert(sizeof(CRITICAL_SECTION) <= sizeof(lock_));
   InitializeCriticalSection(new (lock_) CRITICAL_SECTION);
@@ -69,11 +69,7 @@ void CQNFixedAlloc::Free(void* block) {
 
 void CQNFixedAlloc::FreeAll() {
   Guard guard(lock_);
-  while (chunks_ != nullptr) {
-    Link* chunk = chunks_;
-    chunks_ = chunk->next;
-    ::operator delete[](chunk);
-  }
+  while (chunks_ != nullptr) ::operator delete[](Pop(chunks_));
   free_ = nullptr;
 }
 
@@ -81,13 +77,10 @@ unsigned int CQNFixedAlloc::GetAllocSize() const { return block_size_; }
 
 void CQNFixedAlloc::PushNewChunk() {
   const std::size_t block_size = block_size_;
-  auto* chunk =
-      static_cast<unsigned char*>(::operator new[](sizeof(Link) + block_size * blocks_per_chunk_));
-  chunks_ = new (chunk) Link{chunks_};
+  void* chunk = ::operator new[](kLinkSize + block_size * blocks_per_chunk_);
+  Push(chunks_, chunk);
 
   // From the last block to the first, so that the first ends at the head of the free list.
-  unsigned char* blocks = chunk + sizeof(Link);
-  for (std::size_t i = blocks_per_chunk_; i-- > 0;) {
-    Push(free_, blocks + i * block_size);
-  }
+  unsigned char* blocks = static_cast<unsigned char*>(chunk) + kLinkSize;
+  for (std::size_t i = blocks_per_chunk_; i-- > 0;) Push(free_, blocks + i * block_size);
 }

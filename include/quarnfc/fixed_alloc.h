@@ -43,16 +43,12 @@ class QN_API CQNFixedAlloc {
   unsigned int GetAllocSize() const;
 
  private:
-  struct Link {
-    Link* next;
-  };
-
   void PushNewChunk();
 
   unsigned int block_size_;
   unsigned int blocks_per_chunk_;
-  Link* chunks_ = nullptr;
-  Link* free_ = nullptr;
+  void* chunks_ = nullptr;             // each begins with a pointer to the one made before it
+  void* free_ = nullptr;               // each begins with a pointer to the next free block
   alignas(8) unsigned char lock_[40];  // the platform's critical section
 };
 
