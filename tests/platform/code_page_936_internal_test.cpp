@@ -8,13 +8,16 @@
 
 #include "platform/platform.h"
 #include "tests/platform/bytes.h"
+#include "tests/platform/conversion_cases.h"
 
 namespace {
 
+using quarnfc_test::ConversionCase;
 using quarnfc_test::Decode;
 using quarnfc_test::Digest;
 using quarnfc_test::Encode;
-using quarnfc_test::UnitsOf;
+using quarnfc_test::ExpectDecodes;
+using quarnfc_test::ExpectEncodes;
 using namespace std::string_view_literals;
 
 // The digests were taken from MultiByteToWideChar and WideCharToMultiByte of code page 936 with
@@ -47,13 +50,7 @@ TEST(CodePage936, EveryUnitEncodesAsOnWindows) {
   EXPECT_EQ(kEncodeDigest, digest.value());
 }
 
-struct Case {
-  const char* name;
-  std::string_view bytes;
-  std::u16string_view text;
-};
-
-constexpr Case kBothWays[] = {
+constexpr ConversionCase kBothWays[] = {
     {"ASCII", "\x01 AZaz09~\x7F", u"\x01 AZaz09~\x7F"},
     {"zero byte inside", "a\0b"sv, u"a\0b"sv},
     {"level 1 Chinese", "\xB0\xA1\xD6\xD0\xCE\xC4", u"\u554A\u4E2D\u6587"},
@@ -71,14 +68,11 @@ constexpr Case kBothWays[] = {
 };
 
 TEST(CodePage936, CharactersSurviveBothWays) {
-  for (const Case& c : kBothWays) {
-    SCOPED_TRACE(c.name);
-    EXPECT_EQ(UnitsOf(c.text), Decode(CP_ACP, c.bytes));
-    EXPECT_EQ(c.bytes, Encode(CP_ACP, c.text));
-  }
+  ExpectDecodes(CP_ACP, kBothWays);
+  ExpectEncodes(CP_ACP, kBothWays);
 }
 
-constexpr Case kDecodeOnly[] = {
+constexpr ConversionCase kDecodeOnly[] = {
     {"lead byte at the end", "a\xB0", u"a?"},
     {"lead byte in front of a zero byte", "\xB0\0a"sv, u"?\0a"sv},
     {"invalid trail byte takes both", "\xB0\x30z", u"?z"},
@@ -88,14 +82,9 @@ constexpr Case kDecodeOnly[] = {
     {"two lead bytes at the end", "\xB0\xB0\xB0", u"\u978D?"},
 };
 
-TEST(CodePage936, MalformedTextDecodesToQuestionMarks) {
-  for (const Case& c : kDecodeOnly) {
-    SCOPED_TRACE(c.name);
-    EXPECT_EQ(UnitsOf(c.text), Decode(CP_ACP, c.bytes));
-  }
-}
+TEST(CodePage936, MalformedTextDecodesToQuestionMarks) { ExpectDecodes(CP_ACP, kDecodeOnly); }
 
-constexpr Case kEncodeOnly[] = {
+constexpr ConversionCase kEncodeOnly[] = {
     {"currency signs", "\xA1\xE9\xA1\xEA\xA3\xA4", u"\u00A2\u00A3\u00A5"},
     {"accents dropped or moved", "\xA8\xA4\xA8\xA2y", u"\u00C0\u00C1\u00FD"},
     {"superscript digits", "123", u"\u00B9\u00B2\u00B3"},
@@ -107,10 +96,7 @@ constexpr Case kEncodeOnly[] = {
 };
 
 TEST(CodePage936, TextWithoutACodeEncodesToTheBestFitOrAQuestionMark) {
-  for (const Case& c : kEncodeOnly) {
-    SCOPED_TRACE(c.name);
-    EXPECT_EQ(c.bytes, Encode(CP_ACP, c.text));
-  }
+  ExpectEncodes(CP_ACP, kEncodeOnly);
 }
 
 TEST(CodePage936, LongTextSurvivesBothWays) {

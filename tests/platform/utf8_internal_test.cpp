@@ -7,23 +7,20 @@
 
 #include "platform/platform.h"
 #include "tests/platform/bytes.h"
+#include "tests/platform/conversion_cases.h"
 #include "tests/platform/wine.h"
 
 namespace {
 
+using quarnfc_test::ConversionCase;
 using quarnfc_test::Decode;
 using quarnfc_test::Digest;
 using quarnfc_test::Encode;
-using quarnfc_test::UnitsOf;
+using quarnfc_test::ExpectDecodes;
+using quarnfc_test::ExpectEncodes;
 using namespace std::string_view_literals;
 
-struct Case {
-  const char* name;
-  std::string_view bytes;
-  std::u16string_view text;
-};
-
-constexpr Case kBothWays[] = {
+constexpr ConversionCase kBothWays[] = {
     {"ASCII and a zero byte", "a\0\x7F"sv, u"a\0\x7F"sv},
     {"two bytes, first and last", "\xC2\x80\xDF\xBF", u"\u0080\u07FF"},
     {"three bytes, first and last", "\xE0\xA0\x80\xEF\xBF\xBF", u"\u0800\uFFFF"},
@@ -35,15 +32,12 @@ constexpr Case kBothWays[] = {
 };
 
 TEST(Utf8, CharactersSurviveBothWays) {
-  for (const Case& c : kBothWays) {
-    SCOPED_TRACE(c.name);
-    EXPECT_EQ(UnitsOf(c.text), Decode(CP_UTF8, c.bytes));
-    EXPECT_EQ(c.bytes, Encode(CP_UTF8, c.text));
-  }
+  ExpectDecodes(CP_UTF8, kBothWays);
+  ExpectEncodes(CP_UTF8, kBothWays);
 }
 
 // Behind each text stand four more bytes, so that none is truncated.
-constexpr Case kMalformed[] = {
+constexpr ConversionCase kMalformed[] = {
     {"trail byte alone", "\x80\xBF....", u"\uFFFD\uFFFD...."},
     {"bytes that never occur", "\xC0\xC1\xF5\xFE\xFF....", u"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD...."},
     {"longer than needed, two bytes", "\xC0\xAF....", u"\uFFFD\uFFFD...."},
@@ -57,14 +51,9 @@ constexpr Case kMalformed[] = {
     {"cut off by a character", "\xE4\xE4\xB8\xAD....", u"\uFFFD\u4E2D...."},
 };
 
-TEST(Utf8, MalformedTextDecodesToReplacementCharacters) {
-  for (const Case& c : kMalformed) {
-    SCOPED_TRACE(c.name);
-    EXPECT_EQ(UnitsOf(c.text), Decode(CP_UTF8, c.bytes));
-  }
-}
+TEST(Utf8, MalformedTextDecodesToReplacementCharacters) { ExpectDecodes(CP_UTF8, kMalformed); }
 
-constexpr Case kTruncated[] = {
+constexpr ConversionCase kTruncated[] = {
     {"one of two", "a\xC3", u"a\uFFFD"},
     {"one of three", "a\xE4", u"a\uFFFD"},
     {"two of three", "a\xE4\xB8", u"a\uFFFD"},
@@ -72,13 +61,10 @@ constexpr Case kTruncated[] = {
 };
 
 TEST(Utf8, TruncatedCharacterDecodesToOneReplacementCharacter) {
-  for (const Case& c : kTruncated) {
-    SCOPED_TRACE(c.name);
-    EXPECT_EQ(UnitsOf(c.text), Decode(CP_UTF8, c.bytes));
-  }
+  ExpectDecodes(CP_UTF8, kTruncated);
 }
 
-constexpr Case kTruncatedBeforeOthers[] = {
+constexpr ConversionCase kTruncatedBeforeOthers[] = {
     {"one of three and a letter", "\xE4x", u"\uFFFDx"},
     {"one of three and a zero byte", "\xE4\0"sv, u"\uFFFD\0"sv},
     {"one of four and two letters", "\xF0xy", u"\uFFFDxy"},
@@ -88,10 +74,7 @@ TEST(Utf8, BytesBehindATruncatedCharacterAreKept) {
   if (quarnfc_test::RunsUnderWine()) {
     GTEST_SKIP() << "Wine drops what follows a lead byte that asks for more bytes than are left";
   }
-  for (const Case& c : kTruncatedBeforeOthers) {
-    SCOPED_TRACE(c.name);
-    EXPECT_EQ(UnitsOf(c.text), Decode(CP_UTF8, c.bytes));
-  }
+  ExpectDecodes(CP_UTF8, kTruncatedBeforeOthers);
 }
 
 TEST(Utf8, SurrogateAloneEncodesToTheReplacementCharacter) {
