@@ -2,7 +2,7 @@
 #ifndef QUARNFC_CODEC_ALPHABETS_H_
 #define QUARNFC_CODEC_ALPHABETS_H_
 
-namespace quarnfc {
+namespace quarnfc::codec {
 
 // RFC 4648, table 1.
 struct Base64Alphabet {
@@ -24,6 +24,6 @@ struct Base32Alphabet {
   static constexpr bool kPadded = false;
 };
 
-}  // namespace quarnfc
+}  // namespace quarnfc::codec
 
 #endif  // QUARNFC_CODEC_ALPHABETS_H_

@@ -3,9 +3,9 @@
 #include "codec/alphabets.h"
 #include "codec/bit_text.h"
 
-using quarnfc::Base32Alphabet;
-using quarnfc::DecodeBits;
-using quarnfc::EncodeBits;
+using quarnfc::codec::Base32Alphabet;
+using quarnfc::codec::DecodeBits;
+using quarnfc::codec::EncodeBits;
 
 namespace QNBase32 {
 

@@ -5,7 +5,7 @@
 #include "codec/bit_text.h"
 #include "platform/cpu.h"
 
-namespace quarnfc {
+namespace quarnfc::codec {
 
 template <>
 struct FastPath<Base64Alphabet, char> {
@@ -23,11 +23,11 @@ struct FastPath<Base64Alphabet, char> {
   }
 };
 
-}  // namespace quarnfc
+}  // namespace quarnfc::codec
 
-using quarnfc::Base64Alphabet;
-using quarnfc::DecodeBits;
-using quarnfc::EncodeBits;
+using quarnfc::codec::Base64Alphabet;
+using quarnfc::codec::DecodeBits;
+using quarnfc::codec::EncodeBits;
 
 namespace QNBase64 {
 

@@ -4,7 +4,7 @@
 
 #include <tmmintrin.h>
 
-namespace quarnfc {
+namespace quarnfc::codec {
 namespace {
 
 constexpr std::uint64_t kDataStep = 12;
@@ -94,4 +94,4 @@ std::uint64_t DecodeBase64X86(const char* text, std::uint64_t length, unsigned c
   return groups;
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::codec

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-namespace quarnfc {
+namespace quarnfc::codec {
 
 // Encodes as many groups of 3 bytes as it can without reading beyond size; returns their number.
 std::uint64_t EncodeBase64X86(const unsigned char* data, std::uint64_t size, char* text);
@@ -13,6 +13,6 @@ std::uint64_t EncodeBase64X86(const unsigned char* data, std::uint64_t size, cha
 // foreign character; returns their number. data has room for the bytes of the whole text.
 std::uint64_t DecodeBase64X86(const char* text, std::uint64_t length, unsigned char* data);
 
-}  // namespace quarnfc
+}  // namespace quarnfc::codec
 
 #endif  // QUARNFC_CODEC_BASE64_X86_H_

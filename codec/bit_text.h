@@ -21,7 +21,7 @@
 
 #include "codec/result_buffer.h"
 
-namespace quarnfc {
+namespace quarnfc::codec {
 
 constexpr char kPad = '=';
 
@@ -229,6 +229,6 @@ int DecodeBits(const Char* text, unsigned int length, unsigned char** data) noex
   return count;
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::codec
 
 #endif  // QUARNFC_CODEC_BIT_TEXT_H_

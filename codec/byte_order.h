@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace quarnfc {
+namespace quarnfc::codec {
 
 inline std::uint32_t LoadLittle32(const unsigned char* from) {
   return from[0] | std::uint32_t{from[1]} << 8 | std::uint32_t{from[2]} << 16 |
@@ -30,6 +30,6 @@ inline void StoreBig64(std::uint64_t value, unsigned char* to) {
   StoreBig32(static_cast<std::uint32_t>(value), to + 4);
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::codec
 
 #endif  // QUARNFC_CODEC_BYTE_ORDER_H_

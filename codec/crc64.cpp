@@ -7,7 +7,7 @@
 #include "codec/hex_text.h"
 #include "codec/result_buffer.h"
 
-namespace quarnfc {
+namespace quarnfc::codec {
 namespace {
 
 constexpr std::uint64_t kPolynomial = 0xC96C5795D7870F42;  // ECMA-182, reflected
@@ -66,16 +66,16 @@ Char* Crc64Text(const unsigned char* data, unsigned int size) noexcept {
 }
 
 }  // namespace
-}  // namespace quarnfc
+}  // namespace quarnfc::codec
 
 namespace QNCRC64 {
 
 char* qnGetCRC64StrA(const unsigned char* data, unsigned int size) {
-  return quarnfc::Crc64Text<char>(data, size);
+  return quarnfc::codec::Crc64Text<char>(data, size);
 }
 
 wchar_t* qnGetCRC64StrW(const unsigned char* data, unsigned int size) {
-  return quarnfc::Crc64Text<wchar_t>(data, size);
+  return quarnfc::codec::Crc64Text<wchar_t>(data, size);
 }
 
 }  // namespace QNCRC64

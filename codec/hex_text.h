@@ -2,7 +2,7 @@
 #ifndef QUARNFC_CODEC_HEX_TEXT_H_
 #define QUARNFC_CODEC_HEX_TEXT_H_
 
-namespace quarnfc {
+namespace quarnfc::codec {
 
 constexpr char kLowerHexDigits[] = "0123456789abcdef";
 constexpr char kUpperHexDigits[] = "0123456789ABCDEF";
@@ -15,6 +15,6 @@ Char* WriteHexByte(unsigned byte, const char* digits, Char* text) {
   return text;
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::codec
 
 #endif  // QUARNFC_CODEC_HEX_TEXT_H_

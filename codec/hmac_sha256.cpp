@@ -6,7 +6,7 @@
 
 #include "codec/sha256.h"
 
-namespace quarnfc {
+namespace quarnfc::codec {
 namespace {
 
 constexpr unsigned char kInnerPad = 0x36;
@@ -42,11 +42,11 @@ Sha256::Digest KeyedDigest(BlockKey key, unsigned char pad, const void* data, st
 }
 
 }  // namespace
-}  // namespace quarnfc
+}  // namespace quarnfc::codec
 
 namespace QNHMACSHA {
 
-using namespace quarnfc;
+using namespace quarnfc::codec;
 
 void qnHMAC_SHA256(const char* key, int keySize, const void* data, int dataSize, char* digest,
                    int* length) {

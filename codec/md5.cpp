@@ -8,7 +8,7 @@
 #include "codec/byte_order.h"
 #include "codec/hex_text.h"
 
-namespace quarnfc {
+namespace quarnfc::codec {
 namespace {
 
 constexpr unsigned kBlockBytes = 64;
@@ -128,11 +128,11 @@ void Md5Text(const void* data, unsigned int size, const char* digits, Char* text
 }
 
 }  // namespace
-}  // namespace quarnfc
+}  // namespace quarnfc::codec
 
 namespace QNMD5 {
 
-using namespace quarnfc;
+using namespace quarnfc::codec;
 
 void qnGetMD5Data(const void* data, unsigned int size, unsigned int* words) {
   if (words == nullptr) return;

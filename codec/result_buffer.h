@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <new>
 
-#include "core/memory.h"
+#include "core/memory/memory.h"
 
-namespace quarnfc {
+namespace quarnfc::codec {
 
 // An uninitialised buffer of count characters, or null when memory is exhausted: nothing in this
 // folder throws.
@@ -20,6 +20,6 @@ Char* TryAllocResult(std::uint64_t count) noexcept {
   }
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::codec
 
 #endif  // QUARNFC_CODEC_RESULT_BUFFER_H_

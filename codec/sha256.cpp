@@ -7,7 +7,7 @@
 #include "codec/sha256_compress.h"
 #include "platform/cpu.h"
 
-namespace quarnfc {
+namespace quarnfc::codec {
 namespace {
 
 // FIPS 180-4, 5.3.3: the fractions of the square roots of the first eight primes.
@@ -57,4 +57,4 @@ Sha256::Digest Sha256::Finish() {
   return digest;
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::codec

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace quarnfc {
+namespace quarnfc::codec {
 
 // A message digested piece by piece.
 class Sha256 {
@@ -30,6 +30,6 @@ class Sha256 {
   unsigned char pending_[kBlockBytes];  // the first message_bytes_ % 64 are an incomplete block
 };
 
-}  // namespace quarnfc
+}  // namespace quarnfc::codec
 
 #endif  // QUARNFC_CODEC_SHA256_H_

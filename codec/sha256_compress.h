@@ -7,7 +7,7 @@
 
 #include "codec/sha256.h"
 
-namespace quarnfc {
+namespace quarnfc::codec {
 
 // FIPS 180-4, 4.2.2: the fractions of the cube roots of the first sixty-four primes.
 alignas(16) inline constexpr std::uint32_t kSha256Constants[64] = {
@@ -26,6 +26,6 @@ alignas(16) inline constexpr std::uint32_t kSha256Constants[64] = {
 void Sha256CompressPlain(std::uint32_t* state, const unsigned char* blocks, std::size_t count);
 void Sha256CompressX86(std::uint32_t* state, const unsigned char* blocks, std::size_t count);
 
-}  // namespace quarnfc
+}  // namespace quarnfc::codec
 
 #endif  // QUARNFC_CODEC_SHA256_COMPRESS_H_

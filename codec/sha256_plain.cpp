@@ -6,7 +6,7 @@
 #include "codec/byte_order.h"
 #include "codec/sha256_compress.h"
 
-namespace quarnfc {
+namespace quarnfc::codec {
 namespace {
 
 std::uint32_t SmallSigma0(std::uint32_t x) { return std::rotr(x, 7) ^ std::rotr(x, 18) ^ x >> 3; }
@@ -65,4 +65,4 @@ void Sha256CompressPlain(std::uint32_t* state, const unsigned char* blocks, std:
   }
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::codec

@@ -6,7 +6,7 @@
 
 #include "codec/sha256_compress.h"
 
-namespace quarnfc {
+namespace quarnfc::codec {
 namespace {
 
 __m128i Load(const void* from) { return _mm_loadu_si128(static_cast<const __m128i*>(from)); }
@@ -66,4 +66,4 @@ void Sha256CompressX86(std::uint32_t* state, const unsigned char* blocks, std::s
   Join(halves, state);
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::codec

@@ -16,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::vector<char> buffer(line.begin(), line.end());
   buffer.push_back('\0');
   std::vector<CQNString> row;
-  quarnfc::SplitCsvLine({buffer.data(), line.size()}, utf8, row);
+  quarnfc::io::SplitCsvLine({buffer.data(), line.size()}, utf8, row);
   fuzz::Expect(!row.empty());
   fuzz::Expect(row.size() <= line.size() + 1);
   return 0;

@@ -56,7 +56,7 @@ void CQNGeoCoordinateSystem::set(double semiMajorAxis, double inverseFlattening)
 }
 
 bool CQNGeoCoordinateSystem::operator==(const CQNGeoCoordinateSystem& other) const {
-  using namespace quarnfc;
+  using namespace quarnfc::geo;
   return IsNear(semi_major_axis_, other.semi_major_axis_, kMetreTolerance) &&
          IsNear(inverse_flattening_, other.inverse_flattening_, kInverseFlatteningTolerance);
 }

@@ -8,7 +8,7 @@
 #include "geo/wkt_number.h"
 #include "geo/wkt_text.h"
 
-namespace quarnfc {
+namespace quarnfc::geo {
 
 namespace {
 
@@ -42,25 +42,26 @@ const KnownSystem& FindKnownSystem(const CQNGeoCoordinateSystem& system) {
                        [&](const KnownSystem& known) { return system == *known.system; });
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::geo
 
 char* CQNGeoCoordinateSystem::CreateWKT() const {
-  const quarnfc::KnownSystem& known = quarnfc::FindKnownSystem(*this);
-  const CQNString axis = quarnfc::WriteWktNumber(semi_major_axis_, 6);
-  const CQNString flattening = quarnfc::WriteWktNumber(inverse_flattening_, 9);
+  const quarnfc::geo::KnownSystem& known = quarnfc::geo::FindKnownSystem(*this);
+  const CQNString axis = quarnfc::geo::WriteWktNumber(semi_major_axis_, 6);
+  const CQNString flattening = quarnfc::geo::WriteWktNumber(inverse_flattening_, 9);
   CQNString text;
-  text.Format(quarnfc::kTemplate, known.name, known.datum, known.spheroid, quarnfc::Chars(axis),
-              quarnfc::Chars(flattening), known.degree);
-  return quarnfc::CutToBuffer(text, quarnfc::kTextSize).release();
+  text.Format(quarnfc::geo::kTemplate, known.name, known.datum, known.spheroid,
+              quarnfc::geo::Chars(axis), quarnfc::geo::Chars(flattening), known.degree);
+  return quarnfc::geo::CutToBuffer(text, quarnfc::geo::kTextSize).release();
 }
 
 bool CQNGeoCoordinateSystem::SetFromWKTW(const wchar_t* wkt, wchar_t** errorMessage) {
-  quarnfc::CWKTDef root;
+  quarnfc::geo::CWKTDef root;
   CQNString error;
-  return (quarnfc::ReadWkt(wkt, root, error) && quarnfc::ReadSpheroid(root, *this, error)) ||
-         quarnfc::ReportFailure(error, errorMessage);
+  return (quarnfc::geo::ReadWkt(wkt, root, error) &&
+          quarnfc::geo::ReadSpheroid(root, *this, error)) ||
+         quarnfc::geo::ReportFailure(error, errorMessage);
 }
 
 bool CQNGeoCoordinateSystem::SetFromWKTA(const char* wkt, char** errorMessage) {
-  return quarnfc::SetFromAnsiWkt(*this, wkt, errorMessage);
+  return quarnfc::geo::SetFromAnsiWkt(*this, wkt, errorMessage);
 }

@@ -4,7 +4,7 @@
 
 #include <quarnfc/geographic.h>
 
-namespace quarnfc {
+namespace quarnfc::geo {
 
 struct KnownSystem {
   const CQNGeoCoordinateSystem* system;
@@ -18,6 +18,6 @@ struct KnownSystem {
 // The names of the first predefined system equal to this one, or those of an unknown system.
 const KnownSystem& FindKnownSystem(const CQNGeoCoordinateSystem& system);
 
-}  // namespace quarnfc
+}  // namespace quarnfc::geo
 
 #endif  // QUARNFC_GEO_KNOWN_SYSTEMS_H_

@@ -3,7 +3,7 @@
 #ifndef QUARNFC_GEO_MESSAGES_H_
 #define QUARNFC_GEO_MESSAGES_H_
 
-namespace quarnfc::geo_messages {
+namespace quarnfc::geo::messages {
 
 // 无效的WKT格式， (invalid WKT format,)
 #define QN_INVALID_WKT "\xCE\xDE\xD0\xA7\xB5\xC4WKT\xB8\xF1\xCA\xBD\xA3\xAC"
@@ -51,6 +51,6 @@ constexpr char kNoScaleFactor[] = QN_NO_VALID "PARAMETER[\"scale_factor\",xx]";
 #undef QN_INVALID_WKT
 #undef QN_NO_VALID
 
-}  // namespace quarnfc::geo_messages
+}  // namespace quarnfc::geo::messages
 
 #endif  // QUARNFC_GEO_MESSAGES_H_

@@ -12,7 +12,7 @@ static_assert(std::is_standard_layout_v<CQNProCoordinateSystem>);
 static_assert(std::is_trivially_copyable_v<CQNProCoordinateSystem>);
 static_assert(sizeof(CQNProCoordinateSystem::EPCSType) == 4);
 
-namespace quarnfc {
+namespace quarnfc::geo {
 
 namespace {
 
@@ -29,9 +29,9 @@ bool IsAt(double value, double expected) { return std::fabs(value - expected) <=
 
 }  // namespace
 
-}  // namespace quarnfc
+}  // namespace quarnfc::geo
 
-using namespace quarnfc;
+using namespace quarnfc::geo;
 
 CQNProCoordinateSystem::CQNProCoordinateSystem()
     : CQNProCoordinateSystem(CQNGeoCoordinateSystem::Beijing54, 120.0, kFalseEasting, 0.0, 1.0) {}

@@ -8,7 +8,7 @@
 #include "geo/wkt_number.h"
 #include "geo/wkt_text.h"
 
-namespace quarnfc {
+namespace quarnfc::geo {
 
 namespace {
 
@@ -32,11 +32,11 @@ bool CheckProjection(const CWKTDef& root, CQNString& error) {
   const CWKTDef* projection = root.Find("PROJCS\\PROJECTION");
   const CWKTDefValue* name = projection == nullptr ? nullptr : projection->FirstValue();
   if (name == nullptr || name->Kind() != WktKind::kQuotedText) {
-    error = geo_messages::kNoProjection;
+    error = messages::kNoProjection;
     return false;
   }
   if (name->Text().CompareNoCase("Transverse_Mercator") != 0) {
-    error.Format(geo_messages::kWrongProjection, Chars(name->Text()));
+    error.Format(messages::kWrongProjection, Chars(name->Text()));
     return false;
   }
   return true;
@@ -51,29 +51,29 @@ bool ReadParameter(const CWKTDef& root, const char* name, const char* missing, d
 
 }  // namespace
 
-}  // namespace quarnfc
+}  // namespace quarnfc::geo
 
 char* CQNProCoordinateSystem::CreateWKT() const {
-  using quarnfc::kDecimals;
+  using quarnfc::geo::kDecimals;
   const quarnfc::OwnedText geographic(geo_.CreateWKT());
   const CQNString absolute_meridian =
-      quarnfc::WriteWktNumber(std::fabs(central_meridian_), kDecimals);
-  const CQNString meridian = quarnfc::WriteWktNumber(central_meridian_, kDecimals);
-  const CQNString scale = quarnfc::WriteWktNumber(scale_factor_, kDecimals);
-  const CQNString easting = quarnfc::WriteWktNumber(false_easting_, kDecimals);
-  const CQNString northing = quarnfc::WriteWktNumber(false_northing_, kDecimals);
+      quarnfc::geo::WriteWktNumber(std::fabs(central_meridian_), kDecimals);
+  const CQNString meridian = quarnfc::geo::WriteWktNumber(central_meridian_, kDecimals);
+  const CQNString scale = quarnfc::geo::WriteWktNumber(scale_factor_, kDecimals);
+  const CQNString easting = quarnfc::geo::WriteWktNumber(false_easting_, kDecimals);
+  const CQNString northing = quarnfc::geo::WriteWktNumber(false_northing_, kDecimals);
   CQNString text;
-  text.Format(quarnfc::kTemplate, quarnfc::FindKnownSystem(geo_).projection,
-              quarnfc::Chars(absolute_meridian), central_meridian_ < 0.0 ? "W" : "E",
-              geographic.get(), quarnfc::Chars(meridian), quarnfc::Chars(scale),
-              quarnfc::Chars(easting), quarnfc::Chars(northing));
-  return quarnfc::CutToBuffer(text, quarnfc::kTextSize).release();
+  text.Format(quarnfc::geo::kTemplate, quarnfc::geo::FindKnownSystem(geo_).projection,
+              quarnfc::geo::Chars(absolute_meridian), central_meridian_ < 0.0 ? "W" : "E",
+              geographic.get(), quarnfc::geo::Chars(meridian), quarnfc::geo::Chars(scale),
+              quarnfc::geo::Chars(easting), quarnfc::geo::Chars(northing));
+  return quarnfc::geo::CutToBuffer(text, quarnfc::geo::kTextSize).release();
 }
 
 // Each value goes straight into its field: deliberately, a failure leaves what was read before it.
 bool CQNProCoordinateSystem::SetFromWKTW(const wchar_t* wkt, wchar_t** errorMessage) {
-  using namespace quarnfc;
-  using namespace quarnfc::geo_messages;
+  using namespace quarnfc::geo;
+  using namespace quarnfc::geo::messages;
   CWKTDef root;
   CQNString error;
   const bool read =
@@ -87,5 +87,5 @@ bool CQNProCoordinateSystem::SetFromWKTW(const wchar_t* wkt, wchar_t** errorMess
 }
 
 bool CQNProCoordinateSystem::SetFromWKTA(const char* wkt, char** errorMessage) {
-  return quarnfc::SetFromAnsiWkt(*this, wkt, errorMessage);
+  return quarnfc::geo::SetFromAnsiWkt(*this, wkt, errorMessage);
 }

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-namespace quarnfc {
+namespace quarnfc::geo {
 
 constexpr double kMetreTolerance = 0.001;
 constexpr double kInverseFlatteningTolerance = 1e-7;
@@ -17,6 +17,6 @@ inline bool IsNear(double left, double right, double tolerance) {
   return std::fabs(left - right) < tolerance;
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::geo
 
 #endif  // QUARNFC_GEO_TOLERANCE_H_

@@ -4,7 +4,7 @@
 #include <limits>
 #include <system_error>
 
-namespace quarnfc {
+namespace quarnfc::geo {
 
 namespace {
 
@@ -38,4 +38,4 @@ CQNString WriteWktNumber(double value, int decimals) {
   return text;
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::geo

@@ -6,7 +6,7 @@
 
 #include <string_view>
 
-namespace quarnfc {
+namespace quarnfc::geo {
 
 // Whether an unquoted text is a number: made only of digits, points and signs. There is no
 // exponent notation: "1e5" is a word, deliberately.
@@ -20,6 +20,6 @@ double ReadWktNumber(std::string_view text);
 // and then of the point: 500000.000000 is "500000", 0.999600 is "0.9996".
 CQNString WriteWktNumber(double value, int decimals);
 
-}  // namespace quarnfc
+}  // namespace quarnfc::geo
 
 #endif  // QUARNFC_GEO_WKT_NUMBER_H_

@@ -8,7 +8,7 @@
 #include "geo/wkt_number.h"
 #include "geo/wkt_tokenizer.h"
 
-namespace quarnfc {
+namespace quarnfc::geo {
 
 namespace {
 
@@ -51,12 +51,12 @@ bool WktParser::ReadText() {
   while (tokenizer_.Next(token)) {
     if (token.Is(']')) {
       open_.pop_back();
-      if (open_.empty()) return tokenizer_.AtEnd() || Fail(geo_messages::kBracketsDoNotMatch);
+      if (open_.empty()) return tokenizer_.AtEnd() || Fail(messages::kBracketsDoNotMatch);
     } else if (!token.Is(',') && !ReadValue(token)) {
       return false;
     }
   }
-  return Fail(geo_messages::kBracketsDoNotMatch);
+  return Fail(messages::kBracketsDoNotMatch);
 }
 
 bool WktParser::ReadRootKeyword() {
@@ -64,7 +64,7 @@ bool WktParser::ReadRootKeyword() {
   WktToken bracket;
   if (!tokenizer_.Next(keyword) || keyword.quoted || !tokenizer_.Next(bracket) ||
       !bracket.Is('[')) {
-    return Fail(geo_messages::kNoKey);
+    return Fail(messages::kNoKey);
   }
   open_.back()->SetKeyword(ToString(keyword.text));
   return true;
@@ -72,9 +72,9 @@ bool WktParser::ReadRootKeyword() {
 
 // A value, or the keyword and opening bracket of a node.
 bool WktParser::ReadValue(const WktToken& token) {
-  if (token.Is('[')) return Fail(geo_messages::kBracketsDoNotMatch);
+  if (token.Is('[')) return Fail(messages::kBracketsDoNotMatch);
   WktToken mark;
-  if (!tokenizer_.Next(mark) || mark.quoted) return FailAfter(token, geo_messages::kNoEndMark);
+  if (!tokenizer_.Next(mark) || mark.quoted) return FailAfter(token, messages::kNoEndMark);
   if (mark.Is('[') && !token.quoted) {
     OpenNode(token.text);
     return true;
@@ -87,9 +87,9 @@ bool WktParser::ReadValue(const WktToken& token) {
 // list must end with a node or be empty.
 bool WktParser::EndValue(const WktToken& token, const WktToken& mark) {
   if (mark.Is(',')) return true;
-  if (!mark.Is(']')) return FailAfter(token, geo_messages::kNoValidEndMark);
+  if (!mark.Is(']')) return FailAfter(token, messages::kNoValidEndMark);
   open_.pop_back();
-  return !open_.empty() || Fail(geo_messages::kBracketsDoNotMatch);
+  return !open_.empty() || Fail(messages::kBracketsDoNotMatch);
 }
 
 void WktParser::OpenNode(std::string_view keyword) {
@@ -114,10 +114,10 @@ bool WktParser::FailAfter(const WktToken& token, const char* message) {
 
 bool CWKTDef::Parse(const char* wkt, CQNString& error) {
   if (wkt == nullptr) {
-    error = geo_messages::kNullText;
+    error = messages::kNullText;
     return false;
   }
   return WktParser(wkt, *this, error).ReadText();
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::geo

@@ -12,9 +12,9 @@
 #include <memory>
 #include <vector>
 
-#include "core/memory.h"
+#include "core/memory/memory.h"
 
-namespace quarnfc {
+namespace quarnfc::geo {
 
 class CWKTDef;
 
@@ -91,6 +91,6 @@ class CWKTDef : public CWKTDefValue {
   std::vector<CWKTDefValue*> values_;
 };
 
-}  // namespace quarnfc
+}  // namespace quarnfc::geo
 
 #endif  // QUARNFC_GEO_WKT_READER_H_

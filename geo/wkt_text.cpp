@@ -7,7 +7,7 @@
 
 #include "geo/messages.h"
 
-namespace quarnfc {
+namespace quarnfc::geo {
 
 // The converters count the terminator and may write one element beyond what they were given.
 
@@ -52,7 +52,7 @@ bool ReadSpheroid(const CWKTDef& root, CQNGeoCoordinateSystem& system, CQNString
       return true;
     }
   }
-  error = geo_messages::kNoSpheroid;
+  error = messages::kNoSpheroid;
   return false;
 }
 
@@ -61,4 +61,4 @@ bool ReportFailure(const CQNString& error, wchar_t** errorMessage) {
   return false;
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::geo

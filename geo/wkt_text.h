@@ -6,10 +6,10 @@
 #include <quarnfc/geographic.h>
 #include <quarnfc/qn_string.h>
 
-#include "core/memory.h"
+#include "core/memory/memory.h"
 #include "geo/wkt_reader.h"
 
-namespace quarnfc {
+namespace quarnfc::geo {
 
 // New buffers with the converted text; null for null.
 OwnedWideText AnsiToWide(const char* text);
@@ -41,6 +41,6 @@ bool SetFromAnsiWkt(System& system, const char* wkt, char** errorMessage) {
   return false;
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::geo
 
 #endif  // QUARNFC_GEO_WKT_TEXT_H_

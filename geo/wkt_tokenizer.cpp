@@ -2,7 +2,7 @@
 
 #include "platform/platform.h"
 
-namespace quarnfc {
+namespace quarnfc::geo {
 
 namespace {
 
@@ -74,4 +74,4 @@ bool WktTokenizer::ReadWord(WktToken& token) {
   return true;
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::geo

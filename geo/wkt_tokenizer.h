@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace quarnfc {
+namespace quarnfc::geo {
 
 struct WktToken {
   std::string_view text;  // part of the tokenizer's text, without quotes
@@ -37,6 +37,6 @@ class WktTokenizer {
   std::size_t position_ = 0;
 };
 
-}  // namespace quarnfc
+}  // namespace quarnfc::geo
 
 #endif  // QUARNFC_GEO_WKT_TOKENIZER_H_

@@ -3,7 +3,7 @@
 
 #include "geo/wkt_reader.h"
 
-namespace quarnfc {
+namespace quarnfc::geo {
 
 namespace {
 
@@ -102,4 +102,4 @@ bool CWKTDef::FindParameter(const char* name, double& number) const {
   return false;
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::geo

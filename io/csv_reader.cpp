@@ -11,7 +11,7 @@
 struct CQNCSVFileReaderImp {
   bool ReadRow(std::vector<CQNString>& row);
 
-  quarnfc::LineSource lines;
+  quarnfc::io::LineSource lines;
   CQNString last_error;
   std::vector<CQNString> header;
   int readers = 1;
@@ -20,16 +20,16 @@ struct CQNCSVFileReaderImp {
 bool CQNCSVFileReaderImp::ReadRow(std::vector<CQNString>& row) {
   row.clear();
   if (!lines.IsOpen()) {
-    last_error = quarnfc::kCsvNotOpen;
+    last_error = quarnfc::io::kCsvNotOpen;
     return false;
   }
-  quarnfc::Line line;
-  const quarnfc::LineStatus status = lines.Next(line);
-  if (status == quarnfc::LineStatus::kTooLong) {
-    last_error.Format(quarnfc::kCsvLineTooLong, lines.BufferSize());
+  quarnfc::io::Line line;
+  const quarnfc::io::LineStatus status = lines.Next(line);
+  if (status == quarnfc::io::LineStatus::kTooLong) {
+    last_error.Format(quarnfc::io::kCsvLineTooLong, lines.BufferSize());
   }
-  if (status != quarnfc::LineStatus::kLine) return false;
-  quarnfc::SplitCsvLine(line, lines.IsUtf8(), row);
+  if (status != quarnfc::io::LineStatus::kLine) return false;
+  quarnfc::io::SplitCsvLine(line, lines.IsUtf8(), row);
   return true;
 }
 
@@ -54,7 +54,7 @@ bool CQNCSVFileReader::Open(const char* path) {
   imp_->header.clear();
   if (!imp_->lines.Open(path)) {
     const auto error = static_cast<int>(::GetLastError());
-    imp_->last_error.Format(quarnfc::kCsvOpenFailed, path, error);
+    imp_->last_error.Format(quarnfc::io::kCsvOpenFailed, path, error);
     return false;
   }
   return GoToFirstRow();
@@ -69,13 +69,13 @@ bool CQNCSVFileReader::NextRow(std::vector<CQNString>& row) { return imp_->ReadR
 
 bool CQNCSVFileReader::GoToFirstRow() {
   if (!imp_->lines.IsOpen()) {
-    imp_->last_error = quarnfc::kCsvNotOpen;
+    imp_->last_error = quarnfc::io::kCsvNotOpen;
     return false;
   }
   imp_->lines.Rewind();
   imp_->last_error.Empty();
   if (imp_->ReadRow(imp_->header)) return true;
-  if (imp_->last_error.IsEmpty()) imp_->last_error = quarnfc::kCsvNoHeader;
+  if (imp_->last_error.IsEmpty()) imp_->last_error = quarnfc::io::kCsvNoHeader;
   return false;
 }
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 
-namespace quarnfc {
+namespace quarnfc::io {
 namespace {
 
 // --- field text -------------------------------------------------------------------------------
@@ -108,4 +108,4 @@ void SplitCsvLine(Line line, bool utf8, std::vector<CQNString>& row) {
   LineSplitter(line.text, utf8, row).Split();
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::io

@@ -8,12 +8,12 @@
 
 #include "io/line_source.h"
 
-namespace quarnfc {
+namespace quarnfc::io {
 
 // Appends the fields of line to row, which is empty; at least one. Cuts the fields in place. With
 // utf8 their text is converted to the ANSI code page.
 void SplitCsvLine(Line line, bool utf8, std::vector<CQNString>& row);
 
-}  // namespace quarnfc
+}  // namespace quarnfc::io
 
 #endif  // QUARNFC_IO_CSV_ROW_H_

@@ -7,7 +7,7 @@
 
 #include "platform/crt.h"
 
-namespace quarnfc {
+namespace quarnfc::io {
 namespace {
 
 constexpr unsigned char kUtf8Mark[3] = {0xEF, 0xBB, 0xBF};
@@ -102,4 +102,4 @@ bool LineSource::Refill() {
   return count > 0;
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::io

@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <memory>
 
-namespace quarnfc {
+namespace quarnfc::io {
 
 // A line in the buffer, zero-terminated in place of its line feed. It holds no other zero byte and
 // may be written to; it is valid until the next line is asked for.
@@ -57,6 +57,6 @@ class LineSource {
   int position_ = 0;  // of the first unread byte in the buffer
 };
 
-}  // namespace quarnfc
+}  // namespace quarnfc::io
 
 #endif  // QUARNFC_IO_LINE_SOURCE_H_

@@ -3,7 +3,7 @@
 #ifndef QUARNFC_IO_MESSAGES_H_
 #define QUARNFC_IO_MESSAGES_H_
 
-namespace quarnfc {
+namespace quarnfc::io {
 
 // "打开 %s 失败，错误码: %d": opening %s failed, error code: %d. The path; the last error.
 constexpr char kCsvOpenFailed[] =
@@ -22,6 +22,6 @@ constexpr char kCsvLineTooLong[] =
     "\xCE\xC4\xBC\xFE\xD6\xD0\xCA\xFD\xBE\xDD\xB5\xC4\xD0\xD0\xB3\xA4\xB6\xC8\xB3\xAC\xB9\xFD\xBB"
     "\xBA\xB4\xE6\xB3\xA4\xB6\xC8(%d\xD7\xD6\xBD\xDA)\xA3\xAC\xB4\xA6\xC0\xED\xCA\xA7\xB0\xDC!";
 
-}  // namespace quarnfc
+}  // namespace quarnfc::io
 
 #endif  // QUARNFC_IO_MESSAGES_H_

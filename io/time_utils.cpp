@@ -6,7 +6,7 @@
 
 #include "platform/crt.h"
 
-namespace quarnfc {
+namespace quarnfc::io {
 namespace {
 
 constexpr unsigned int kNotATime = 0xFFFFFFFF;
@@ -63,7 +63,7 @@ bool ReadLocalTime(const CQNString& text, std::tm& time) {
 }
 
 }  // namespace
-}  // namespace quarnfc
+}  // namespace quarnfc::io
 
 namespace QNTimeUtils {
 
@@ -84,7 +84,7 @@ CQNString GetCurFormatTime() { return FormatTime(GetCurTime()); }
 unsigned int GetTimeFromStr(const char* text) {
   std::tm local{};
   local.tm_isdst = -1;  // the platform decides
-  if (!quarnfc::ReadLocalTime(text, local)) return quarnfc::kNotATime;
+  if (!quarnfc::io::ReadLocalTime(text, local)) return quarnfc::io::kNotATime;
   return static_cast<unsigned int>(_mktime64(&local));
 }
 

@@ -5,7 +5,7 @@
 #include <quarnfc/json_value.h>
 #include <quarnfc/string_utils.h>
 
-#include "core/memory.h"
+#include "core/memory/memory.h"
 #include "json/records.h"
 #include "json/text_writer.h"
 
@@ -60,12 +60,12 @@ char* ToUTF8(const CQNString& text) {
 }  // namespace
 
 CQNString CMyJsonObj::CreateJson(bool indent) const {
-  return quarnfc::TextWriter(indent).Write(*this);
+  return quarnfc::json::TextWriter(indent).Write(*this);
 }
 
 CQNString CMyJsonValue::CreateJson(bool indent) const {
   if (imp_->type == eObj) return imp_->object->CreateJson(indent);
-  return quarnfc::TextWriter(indent).WriteMemberValue(*imp_);
+  return quarnfc::json::TextWriter(indent).WriteMemberValue(*imp_);
 }
 
 char* CMyJsonObj::CreateUTF8Json(bool indent) const { return ToUTF8(CreateJson(indent)); }

@@ -1,6 +1,6 @@
 #include "json/doomed_tree.h"
 
-namespace quarnfc {
+namespace quarnfc::json {
 
 DoomedTree::~DoomedTree() {
   while (head_ != nullptr) {
@@ -45,4 +45,4 @@ void DoomedTree::AddAll(ValueList& values) noexcept {
   values.clear();
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json

@@ -4,7 +4,7 @@
 
 #include "json/records.h"
 
-namespace quarnfc {
+namespace quarnfc::json {
 
 // What is added is destroyed, with everything below it, when the DoomedTree ends. The records that
 // still wait are linked through a field that means nothing any more.
@@ -28,6 +28,6 @@ class DoomedTree {
   CMyJsonValueImp* head_ = nullptr;
 };
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json
 
 #endif  // QUARNFC_JSON_DOOMED_TREE_H_

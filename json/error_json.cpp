@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "core/memory.h"
+#include "core/memory/memory.h"
 #include "json/messages.h"
 
 namespace {
@@ -29,7 +29,7 @@ void FillFromError(CMyJsonObj& document, const CQNObject& error) {
 }
 
 void FillFromText(CMyJsonObj& document, const char* text) {
-  document.AddItem("DisplayText", text != nullptr ? text : quarnfc::kUndefinedError);
+  document.AddItem("DisplayText", text != nullptr ? text : quarnfc::json::kUndefinedError);
   document.AddItem("ErrorCode", 1);
 }
 

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <memory>
 
-#include "core/memory.h"
+#include "core/memory/memory.h"
 #include "json/messages.h"
 #include "platform/crt.h"
 #include "platform/platform.h"
@@ -50,20 +50,20 @@ void ReportCannotOpen(const char* path, unsigned __int64* error) {
   const unsigned int system_error = GetLastError();
   const bool missing = system_error == ERROR_FILE_NOT_FOUND || system_error == ERROR_PATH_NOT_FOUND;
   CQNString message;
-  message.Format(quarnfc::kCannotOpen, path, system_error);
+  message.Format(quarnfc::json::kCannotOpen, path, system_error);
   ReportError(error, missing ? CQNObject::eErrNotFound : CQNObject::eErrFileIO, message);
 }
 
 void ReportCannotSave(const char* path, unsigned __int64* error) {
   const unsigned int system_error = GetLastError();
   CQNString message;
-  message.Format(quarnfc::kCannotSave, path, system_error);
+  message.Format(quarnfc::json::kCannotSave, path, system_error);
   ReportError(error, CQNObject::eErrFileIO, message);
 }
 
 void ReportInvalidLength(const char* path, unsigned __int64* error) {
   CQNString message;
-  message.Format(quarnfc::kInvalidLength, path);
+  message.Format(quarnfc::json::kInvalidLength, path);
   ReportError(error, CQNObject::eErrInvalidData, message);
 }
 
@@ -145,7 +145,7 @@ bool QNJsonUtils::ReadJsonFileEx(const char* path, CMyJsonValue& value, unsigned
   CQNString reason;
   const bool loaded = value.Load(text.get(), reason);
   if (!loaded) {
-    StoreError(error, CQNObject::eErrInvalidData, quarnfc::kInvalidJsonPrefix + reason);
+    StoreError(error, CQNObject::eErrInvalidData, quarnfc::json::kInvalidJsonPrefix + reason);
   }
   return loaded;
 }

@@ -13,22 +13,22 @@
 
 namespace {
 
-using quarnfc::JsonAccess;
+using quarnfc::json::JsonAccess;
 
 bool LoadContainer(const char* text, CMyJsonValueImp& target, CQNString& error) {
-  const auto loaded = quarnfc::TextReader(error).Read(text);
-  if (loaded != nullptr) quarnfc::TakeContent(target, JsonAccess::Record(*loaded));
+  const auto loaded = quarnfc::json::TextReader(error).Read(text);
+  if (loaded != nullptr) quarnfc::json::TakeContent(target, JsonAccess::Record(*loaded));
   return loaded != nullptr;
 }
 
 bool LoadString(const char* text, CMyJsonValueImp& target, CQNString& error) {
-  quarnfc::RawString raw{"", 0};
-  const bool read = quarnfc::ReadString(++text, raw);
-  quarnfc::LazyString decoded;
-  quarnfc::DecodeString(raw, decoded);
+  quarnfc::json::RawString raw{"", 0};
+  const bool read = quarnfc::json::ReadString(++text, raw);
+  quarnfc::json::LazyString decoded;
+  quarnfc::json::DecodeString(raw, decoded);
   target.string.Swap(decoded);
   if (!read) {
-    error = quarnfc::kInvalidTopString;
+    error = quarnfc::json::kInvalidTopString;
     return false;
   }
   target.type = CMyJsonValue::eStr;
@@ -36,12 +36,12 @@ bool LoadString(const char* text, CMyJsonValueImp& target, CQNString& error) {
 }
 
 bool LoadScalar(const char* text, CMyJsonValueImp& target, CQNString& error) {
-  if (quarnfc::ReadBool(text, target.boolean)) {
+  if (quarnfc::json::ReadBool(text, target.boolean)) {
     target.type = CMyJsonValue::eBool;
-  } else if (quarnfc::ReadNumber(text, target.number)) {
+  } else if (quarnfc::json::ReadNumber(text, target.number)) {
     target.type = CMyJsonValue::eNumber;
   } else {
-    error = quarnfc::kInvalidText;
+    error = quarnfc::json::kInvalidText;
     return false;
   }
   return true;
@@ -49,10 +49,10 @@ bool LoadScalar(const char* text, CMyJsonValueImp& target, CQNString& error) {
 
 bool LoadContent(const char* text, CMyJsonValueImp& target, CQNString& error) {
   if (text == nullptr) {
-    error = quarnfc::kTextIsNull;
+    error = quarnfc::json::kTextIsNull;
     return false;
   }
-  text = quarnfc::SkipWhitespace(text);
+  text = quarnfc::json::SkipWhitespace(text);
   switch (*text) {
     case '{':
     case '[':
@@ -66,9 +66,9 @@ bool LoadContent(const char* text, CMyJsonValueImp& target, CQNString& error) {
 
 // Reads the object in text, or returns null and says why.
 std::unique_ptr<CMyJsonValue> ReadObject(const char* text, CQNString& error) {
-  text = text != nullptr ? quarnfc::SkipWhitespace(text) : "";
-  if (*text == '{') return quarnfc::TextReader(error).Read(text);
-  error = quarnfc::kNoOpeningBrace;
+  text = text != nullptr ? quarnfc::json::SkipWhitespace(text) : "";
+  if (*text == '{') return quarnfc::json::TextReader(error).Read(text);
+  error = quarnfc::json::kNoOpeningBrace;
   return nullptr;
 }
 

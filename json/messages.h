@@ -3,7 +3,7 @@
 #ifndef QUARNFC_JSON_MESSAGES_H_
 #define QUARNFC_JSON_MESSAGES_H_
 
-namespace quarnfc {
+namespace quarnfc::json {
 
 // --- reader; all but the first are followed by a snippet of the text ---------------------------
 
@@ -39,6 +39,6 @@ inline constexpr char kInvalidJsonPrefix[] = "\xCE\xDE\xD0\xA7\xB5\xC4json\xA3\x
 // "未定义错误": undefined error
 inline constexpr char kUndefinedError[] = "\xCE\xB4\xB6\xA8\xD2\xE5\xB4\xED\xCE\xF3";
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json
 
 #endif  // QUARNFC_JSON_MESSAGES_H_

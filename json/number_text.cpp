@@ -9,7 +9,7 @@
 #include <string_view>
 #include <system_error>
 
-namespace quarnfc {
+namespace quarnfc::json {
 namespace {
 
 bool IsDigit(char ch) { return ch >= '0' && ch <= '9'; }
@@ -120,4 +120,4 @@ char* FormatNumber(double number, char (&text)[kNumberTextCapacity]) {
   return end;
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json

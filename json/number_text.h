@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-namespace quarnfc {
+namespace quarnfc::json {
 
 // The number that the token [first, last) starts with: an optional sign, digits with an optional
 // point, an optional exponent. What follows is ignored; a token that starts with no number is 0.
@@ -19,6 +19,6 @@ inline constexpr std::size_t kNumberTextCapacity = 328;
 // finite are "inf", "-inf", "nan" and "-nan(ind)".
 char* FormatNumber(double number, char (&text)[kNumberTextCapacity]);
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json
 
 #endif  // QUARNFC_JSON_NUMBER_TEXT_H_

@@ -14,7 +14,7 @@ CMyJsonObj::CMyJsonObj(const CMyJsonObj& other) = default;
 CMyJsonObj& CMyJsonObj::operator=(const CMyJsonObj& other) = default;
 
 CMyJsonObj::~CMyJsonObj() {
-  quarnfc::DoomedTree doomed;
+  quarnfc::json::DoomedTree doomed;
   doomed.Add(imp_);
 }
 
@@ -27,7 +27,7 @@ void CMyJsonObj::operator delete(void* object, std::size_t size) noexcept {
 CMyJsonObj* CMyJsonObj::Clone() const {
   auto clone = std::make_unique<CMyJsonObj>();
   clone->imp_->error.Set(imp_->error);
-  quarnfc::CopyMembers(*imp_, *clone->imp_);
+  quarnfc::json::CopyMembers(*imp_, *clone->imp_);
   return clone.release();
 }
 
@@ -35,7 +35,7 @@ void CMyJsonObj::CopyFrom(const CMyJsonObj* source) {
   if (source == nullptr) return;
   // The copy is complete before anything is destroyed, so source may be part of this object.
   CMyJsonObj fresh;
-  quarnfc::CopyMembers(*source->imp_, *fresh.imp_);
+  quarnfc::json::CopyMembers(*source->imp_, *fresh.imp_);
   imp_->keys.swap(fresh.imp_->keys);
   imp_->values.swap(fresh.imp_->values);
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-using quarnfc::JsonAccess;
+using quarnfc::json::JsonAccess;
 
 // Appends a member; value is taken over only when that succeeds.
 void Append(CMyJsonObjImp& record, const CQNString& key, CMyJsonValue* value) {
@@ -31,7 +31,7 @@ void Replace(CMyJsonValue*& held, CMyJsonValue* value) {
 // is added as an empty object, unless onlyExisting. Null when there is no way down.
 CMyJsonObj* StepInto(CMyJsonObj& current, const CQNString& key, bool exact, bool onlyExisting) {
   CMyJsonObjImp& record = JsonAccess::Record(current);
-  const int found = quarnfc::FindKey(record, key, exact);
+  const int found = quarnfc::json::FindKey(record, key, exact);
   if (found >= 0) return record.values[static_cast<std::size_t>(found)]->ValueObj();
   if (onlyExisting) return nullptr;
   auto inner = std::make_unique<CMyJsonObj>();
@@ -44,7 +44,7 @@ CMyJsonObj* StepInto(CMyJsonObj& current, const CQNString& key, bool exact, bool
 
 bool SetLast(CMyJsonObjImp& record, const CQNString& key, CMyJsonValue* value, bool exact,
              bool onlyExisting) {
-  const int found = quarnfc::FindKey(record, key, exact);
+  const int found = quarnfc::json::FindKey(record, key, exact);
   if (found >= 0) {
     Replace(record.values[static_cast<std::size_t>(found)], value);
     return true;
@@ -130,7 +130,7 @@ void CMyJsonObj::AddItem(const char* key, CMyJsonObj* obj) {
 bool CMyJsonObj::SetItem(const char* path, CMyJsonValue* value, bool exact, bool onlyExisting) {
   if (path == nullptr || value == nullptr) return false;
   CMyJsonObj* current = this;
-  quarnfc::PathParts part(path);
+  quarnfc::json::PathParts part(path);
   for (; !part.IsLast(); part.Next()) {
     current = StepInto(*current, part.Key(), exact, onlyExisting);
     if (current == nullptr) return false;
@@ -178,7 +178,7 @@ bool CMyJsonObj::SetItem2Empty(const char* path, bool exact, bool onlyExisting) 
 }
 
 void CMyJsonObj::DelItemEx(const char* key, bool exact) {
-  const int found = quarnfc::FindKey(*imp_, key, exact);
+  const int found = quarnfc::json::FindKey(*imp_, key, exact);
   if (found < 0) return;
   delete imp_->values[static_cast<std::size_t>(found)];
   imp_->values.erase(imp_->values.begin() + found);

@@ -6,10 +6,10 @@
 
 #include <limits>
 
-#include "platform/multibyte.h"
+#include "core/text/multibyte.h"
 #include "platform/platform.h"
 
-namespace quarnfc {
+namespace quarnfc::json {
 namespace {
 
 template <class Matches>
@@ -63,14 +63,14 @@ void PathParts::Cut(const char* part) {
   }
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json
 
 bool CMyJsonObj::ValueEx(const char* path, CMyJsonValue*& value, bool exact) const {
   if (path == nullptr) return false;
   const CMyJsonObj* current = this;
-  quarnfc::PathParts part(path);
+  quarnfc::json::PathParts part(path);
   while (current != nullptr) {
-    const int found = quarnfc::FindKey(*current->imp_, part.Key(), exact);
+    const int found = quarnfc::json::FindKey(*current->imp_, part.Key(), exact);
     if (found < 0) return false;
     CMyJsonValue* member = current->imp_->values[static_cast<std::size_t>(found)];
     if (part.IsLast()) {
@@ -88,37 +88,37 @@ bool CMyJsonObj::Value(const char* path, CMyJsonValue*& value) const {
 }
 
 bool CMyJsonObj::ValueEx(const char* path, bool& flag, bool exact) const {
-  const CMyJsonValue* value = quarnfc::FindTyped(*this, path, CMyJsonValue::eBool, exact);
+  const CMyJsonValue* value = quarnfc::json::FindTyped(*this, path, CMyJsonValue::eBool, exact);
   if (value != nullptr) flag = value->ValueBool();
   return value != nullptr;
 }
 
 bool CMyJsonObj::ValueEx(const char* path, int& number, bool exact) const {
-  const CMyJsonValue* value = quarnfc::FindTyped(*this, path, CMyJsonValue::eNumber, exact);
-  if (value != nullptr) number = quarnfc::Truncate(value->ValueNumber());
+  const CMyJsonValue* value = quarnfc::json::FindTyped(*this, path, CMyJsonValue::eNumber, exact);
+  if (value != nullptr) number = quarnfc::json::Truncate(value->ValueNumber());
   return value != nullptr;
 }
 
 bool CMyJsonObj::ValueEx(const char* path, double& number, bool exact) const {
-  const CMyJsonValue* value = quarnfc::FindTyped(*this, path, CMyJsonValue::eNumber, exact);
+  const CMyJsonValue* value = quarnfc::json::FindTyped(*this, path, CMyJsonValue::eNumber, exact);
   if (value != nullptr) number = value->ValueNumber();
   return value != nullptr;
 }
 
 bool CMyJsonObj::ValueEx(const char* path, CQNString& text, bool exact) const {
-  const CMyJsonValue* value = quarnfc::FindTyped(*this, path, CMyJsonValue::eStr, exact);
+  const CMyJsonValue* value = quarnfc::json::FindTyped(*this, path, CMyJsonValue::eStr, exact);
   if (value != nullptr) text = value->ValueStr();
   return value != nullptr;
 }
 
 bool CMyJsonObj::ValueEx(const char* path, const char*& text, bool exact) const {
-  const CMyJsonValue* value = quarnfc::FindTyped(*this, path, CMyJsonValue::eStr, exact);
+  const CMyJsonValue* value = quarnfc::json::FindTyped(*this, path, CMyJsonValue::eStr, exact);
   if (value != nullptr) text = value->ValueStr();
   return value != nullptr;
 }
 
 bool CMyJsonObj::ValueEx(const char* path, CMyJsonObj*& obj, bool exact) const {
-  const CMyJsonValue* value = quarnfc::FindTyped(*this, path, CMyJsonValue::eObj, exact);
+  const CMyJsonValue* value = quarnfc::json::FindTyped(*this, path, CMyJsonValue::eObj, exact);
   if (value != nullptr) obj = value->ValueObj();
   return value != nullptr;
 }

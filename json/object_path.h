@@ -6,7 +6,7 @@
 
 #include "json/records.h"
 
-namespace quarnfc {
+namespace quarnfc::json {
 
 // The index of the first member with this key; with exact false and no such member, of the first
 // that differs in case alone; else -1. A null key is in no object.
@@ -30,6 +30,6 @@ class PathParts {
   const char* rest_ = nullptr;  // behind the separator; null after the last part
 };
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json
 
 #endif  // QUARNFC_JSON_OBJECT_PATH_H_

@@ -3,7 +3,7 @@
 #include <limits>
 #include <new>
 
-namespace quarnfc {
+namespace quarnfc::json {
 
 char* PieceList::Extend(std::size_t count) {
   const std::size_t length = current_.size();
@@ -30,4 +30,4 @@ CQNString PieceList::Join() {
   return text;
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json

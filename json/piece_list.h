@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace quarnfc {
+namespace quarnfc::json {
 
 class PieceList {
  public:
@@ -39,6 +39,6 @@ class PieceList {
   std::size_t length_ = 0;  // of the finished pieces
 };
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json
 
 #endif  // QUARNFC_JSON_PIECE_LIST_H_

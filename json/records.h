@@ -11,9 +11,9 @@
 #include <utility>
 #include <vector>
 
-#include "core/memory.h"
+#include "core/memory/memory.h"
 
-namespace quarnfc {
+namespace quarnfc::json {
 
 // Base of everything here that is allocated on its own.
 struct NodeMemory {
@@ -62,30 +62,30 @@ class LazyString {
 
 using ValueList = std::vector<CMyJsonValue*>;
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json
 
-struct CMyJsonValueImp : quarnfc::NodeMemory {
+struct CMyJsonValueImp : quarnfc::json::NodeMemory {
   CMyJsonValue::EValueType type = CMyJsonValue::eEmpty;
-  quarnfc::LazyString string;
+  quarnfc::json::LazyString string;
   union {
     double number = 0;
     CMyJsonValueImp* next_doomed;  // links the records of a tree that is being destroyed
   };
-  quarnfc::ValueList array;  // owned; empty unless the type is eArr
+  quarnfc::json::ValueList array;  // owned; empty unless the type is eArr
   bool boolean = false;
   CMyJsonObj* object = nullptr;  // owned; null unless the type is eObj
 };
 
-struct CMyJsonObjImp : quarnfc::NodeMemory {
-  quarnfc::LazyString error;
+struct CMyJsonObjImp : quarnfc::json::NodeMemory {
+  quarnfc::json::LazyString error;
   std::vector<CQNString> keys;
-  quarnfc::ValueList values;  // owned; entry i belongs to key i
+  quarnfc::json::ValueList values;  // owned; entry i belongs to key i
 };
 
 static_assert(sizeof(CMyJsonValue) == sizeof(void*), "a value is one pointer wide");
 static_assert(sizeof(CMyJsonObj) == sizeof(void*), "an object is one pointer wide");
 
-namespace quarnfc {
+namespace quarnfc::json {
 
 struct JsonAccess {
   static CMyJsonValueImp& Record(CMyJsonValue& value) { return *value.imp_; }
@@ -106,6 +106,6 @@ inline bool IsContainer(const CMyJsonValueImp& record) {
 // an old string or number stays in its field, ignored.
 void TakeContent(CMyJsonValueImp& target, CMyJsonValueImp& fresh) noexcept;
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json
 
 #endif  // QUARNFC_JSON_RECORDS_H_

@@ -5,7 +5,7 @@
 #include "json/doomed_tree.h"
 #include "json/messages.h"
 
-namespace quarnfc {
+namespace quarnfc::json {
 
 TextReader::~TextReader() {
   DoomedTree doomed;
@@ -180,4 +180,4 @@ void TextReader::SetClosingFailure() {
   }
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json

@@ -12,7 +12,7 @@
 #include "json/records.h"
 #include "json/text_rules.h"
 
-namespace quarnfc {
+namespace quarnfc::json {
 
 class TextReader {
  public:
@@ -73,6 +73,6 @@ class TextReader {
   std::vector<RawString> keys_;
 };
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json
 
 #endif  // QUARNFC_JSON_TEXT_READER_H_

@@ -8,7 +8,7 @@
 
 #include "json/number_text.h"
 
-namespace quarnfc {
+namespace quarnfc::json {
 namespace {
 
 using ByteSet = std::array<bool, 256>;
@@ -114,4 +114,4 @@ CQNString Snippet(const char* at) {
   return CQNString(at, length);
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json

@@ -9,7 +9,7 @@
 
 #include "json/records.h"
 
-namespace quarnfc {
+namespace quarnfc::json {
 
 // The first byte from here that is no blank, TAB, CR or LF.
 inline const char* SkipWhitespace(const char* at) {
@@ -45,6 +45,6 @@ bool ReadNumber(const char*& at, double& number);
 // The first 50 bytes of the text from here, or all of it if it is shorter.
 CQNString Snippet(const char* at);
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json
 
 #endif  // QUARNFC_JSON_TEXT_RULES_H_

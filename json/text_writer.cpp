@@ -8,7 +8,7 @@
 
 #include "json/number_text.h"
 
-namespace quarnfc {
+namespace quarnfc::json {
 namespace {
 
 // The byte that stands behind the backslash when this byte is escaped; 0 for any other byte.
@@ -184,4 +184,4 @@ void TextWriter::EndLine() {
   if (indent_) text_.Append("\r\n");
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json

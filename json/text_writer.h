@@ -14,7 +14,7 @@
 #include "json/piece_list.h"
 #include "json/records.h"
 
-namespace quarnfc {
+namespace quarnfc::json {
 
 class TextWriter {
  public:
@@ -57,6 +57,6 @@ class TextWriter {
   PieceList text_;
 };
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json
 
 #endif  // QUARNFC_JSON_TEXT_WRITER_H_

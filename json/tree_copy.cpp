@@ -1,6 +1,6 @@
 #include "json/tree_copy.h"
 
-namespace quarnfc {
+namespace quarnfc::json {
 namespace {
 
 // Works through the containers that are still to be copied, kept on the heap.
@@ -101,4 +101,4 @@ void TakeContent(CMyJsonValueImp& target, CMyJsonValueImp& fresh) noexcept {
   }
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::json

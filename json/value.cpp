@@ -85,7 +85,7 @@ CMyJsonValue::CMyJsonValue(const CMyJsonValue& other) = default;
 CMyJsonValue& CMyJsonValue::operator=(const CMyJsonValue& other) = default;
 
 CMyJsonValue::~CMyJsonValue() {
-  quarnfc::DoomedTree doomed;
+  quarnfc::json::DoomedTree doomed;
   doomed.Add(imp_);
 }
 
@@ -129,6 +129,6 @@ void CMyJsonValue::CopyFrom(const CMyJsonValue* source) {
   if (source == nullptr) return;
   // The copy is complete before anything is destroyed, so source may be part of this value.
   CMyJsonValue fresh;
-  quarnfc::CopyContent(*source->imp_, *fresh.imp_);
-  quarnfc::TakeContent(*imp_, *fresh.imp_);
+  quarnfc::json::CopyContent(*source->imp_, *fresh.imp_);
+  quarnfc::json::TakeContent(*imp_, *fresh.imp_);
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-using quarnfc::ValueList;
+using quarnfc::json::ValueList;
 using EValueType = CMyJsonValue::EValueType;
 
 EValueType TypeOf(const CMyJsonValue* value) {

@@ -6,7 +6,7 @@
 
 #include "platform/platform.h"
 
-namespace quarnfc {
+namespace quarnfc::net {
 
 // Copies as much of source as fits into maximum bytes with its terminator, without splitting a
 // double-byte character. A null target or a maximum of 0 takes nothing.
@@ -23,6 +23,6 @@ inline void CopyBounded(char* target, unsigned int maximum, const char* source) 
   target[length] = '\0';
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::net
 
 #endif  // QUARNFC_NET_BOUNDED_TEXT_H_

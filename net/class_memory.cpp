@@ -6,7 +6,7 @@
 
 #include <new>
 
-#include "core/memory.h"
+#include "core/memory/memory.h"
 
 // Hosts are compiled against these sizes.
 static_assert(sizeof(CQNInternetSession) == 40);

@@ -7,14 +7,15 @@
 CQNInternetConnection::CQNInternetConnection(CQNInternetSession* session, const char* server,
                                              unsigned short port, unsigned __int64 context)
     : handle_(nullptr),
-      context_(quarnfc::ResolveContext(context, session != nullptr ? session->context_ : context)),
+      context_(
+          quarnfc::net::ResolveContext(context, session != nullptr ? session->context_ : context)),
       session_(session),
       server_(server),
       port_(port) {}
 
 CQNInternetConnection::~CQNInternetConnection() { CQNInternetConnection::Close(); }
 
-void CQNInternetConnection::Close() { quarnfc::CloseRegisteredHandle(handle_); }
+void CQNInternetConnection::Close() { quarnfc::net::CloseRegisteredHandle(handle_); }
 
 CQNInternetConnection::operator HINTERNET() const { return handle_; }
 

@@ -3,7 +3,7 @@
 #include <cstring>
 #include <new>
 
-#include "core/memory.h"
+#include "core/memory/memory.h"
 
 namespace {
 

@@ -3,12 +3,12 @@
 #ifndef QUARNFC_NET_FILE_MODE_H_
 #define QUARNFC_NET_FILE_MODE_H_
 
-namespace quarnfc {
+namespace quarnfc::net {
 
 constexpr int kWriteOnly = 0;
 constexpr int kReadOnly = 1;
 constexpr int kReadWrite = -1;
 
-}  // namespace quarnfc
+}  // namespace quarnfc::net
 
 #endif  // QUARNFC_NET_FILE_MODE_H_

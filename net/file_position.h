@@ -4,7 +4,7 @@
 
 #include <quarnfc/platform_types.h>
 
-namespace quarnfc {
+namespace quarnfc::net {
 
 // The platform's answer when it cannot move.
 constexpr unsigned int kNoPosition = 0xFFFFFFFF;
@@ -17,6 +17,6 @@ constexpr unsigned __int64 SignExtended(unsigned int position) {
 static_assert(SignExtended(0x7FFFFFFF) == 0x7FFFFFFF);
 static_assert(SignExtended(0x80000000) == 0xFFFFFFFF80000000);
 
-}  // namespace quarnfc
+}  // namespace quarnfc::net
 
 #endif  // QUARNFC_NET_FILE_POSITION_H_

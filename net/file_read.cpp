@@ -8,10 +8,10 @@
 #include "net/lent_buffer.h"
 #include "platform/internet.h"
 
-using quarnfc::InternetError;
+using quarnfc::net::InternetError;
 
 unsigned int CQNInternetFile::Read(void* buffer, unsigned int count) {
-  if (read_mode_ == quarnfc::kWriteOnly || handle_ == nullptr) {
+  if (read_mode_ == quarnfc::net::kWriteOnly || handle_ == nullptr) {
     InternetError::Throw(ERROR_INVALID_HANDLE, context_);
   }
   if (read_buffer_ == nullptr) return ReadHandle(buffer, count);
@@ -50,7 +50,7 @@ void CQNInternetFile::RefillReadBuffer() {
   }
   read_bytes_ = 0;
   read_position_ = 0;
-  const quarnfc::LentBuffer lent(read_buffer_, read_buffer_size_, handle_);
+  const quarnfc::net::LentBuffer lent(read_buffer_, read_buffer_size_, handle_);
   const unsigned int read = ReadHandle(lent.Get(), read_buffer_size_);
   if (!lent.Wanted()) InternetError::Throw(ERROR_INTERNET_OPERATION_CANCELLED, context_);
   read_bytes_ = read;

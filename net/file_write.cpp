@@ -7,10 +7,10 @@
 #include "net/lent_buffer.h"
 #include "platform/internet.h"
 
-using quarnfc::InternetError;
+using quarnfc::net::InternetError;
 
 void CQNInternetFile::Write(const void* buffer, unsigned int count) {
-  if (read_mode_ == quarnfc::kReadOnly || handle_ == nullptr) {
+  if (read_mode_ == quarnfc::net::kReadOnly || handle_ == nullptr) {
     InternetError::Throw(ERROR_INVALID_HANDLE, context_);
   }
   if (write_buffer_ == nullptr) {
@@ -29,7 +29,7 @@ void CQNInternetFile::Write(const void* buffer, unsigned int count) {
 }
 
 void CQNInternetFile::WriteString(const char* text) {
-  if (read_mode_ == quarnfc::kReadOnly) InternetError::Throw(ERROR_INVALID_HANDLE, context_);
+  if (read_mode_ == quarnfc::net::kReadOnly) InternetError::Throw(ERROR_INVALID_HANDLE, context_);
   Write(text, lstrlenA(text));
 }
 
@@ -50,7 +50,7 @@ void CQNInternetFile::WriteHeldBytes(bool whole) {
   // was then made smaller: those bytes are gone.
   const unsigned int held = write_position_ <= write_buffer_size_ ? write_position_ : 0;
   if (held != 0) {
-    const quarnfc::LentBuffer lent(write_buffer_, write_buffer_size_, handle_);
+    const quarnfc::net::LentBuffer lent(write_buffer_, write_buffer_size_, handle_);
     if (WriteHandle(lent.Get(), held) != held && whole) InternetError::ThrowLast(context_);
     if (!lent.Wanted()) InternetError::Throw(ERROR_INTERNET_OPERATION_CANCELLED, context_);
   }

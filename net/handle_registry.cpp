@@ -5,7 +5,7 @@
 
 #include "platform/internet.h"
 
-namespace quarnfc {
+namespace quarnfc::net {
 namespace {
 
 HandleRegistry g_registry;
@@ -62,4 +62,4 @@ void CloseRegisteredHandle(HINTERNET& handle) {
   g_registry.Remove(closing, session);
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::net

@@ -11,7 +11,7 @@
 
 class CQNInternetSession;
 
-namespace quarnfc {
+namespace quarnfc::net {
 
 // Every member holds the one lock for its whole duration and calls nothing outside while it does.
 class HandleRegistry {
@@ -47,6 +47,6 @@ HandleRegistry& Registry();
 // the platform is asked, so that a callback that closes the same object again changes nothing.
 void CloseRegisteredHandle(HINTERNET& handle);
 
-}  // namespace quarnfc
+}  // namespace quarnfc::net
 
 #endif  // QUARNFC_NET_HANDLE_REGISTRY_H_

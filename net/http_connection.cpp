@@ -6,7 +6,7 @@
 #include "net/internet_error.h"
 #include "platform/internet.h"
 
-using quarnfc::InternetError;
+using quarnfc::net::InternetError;
 
 const char* const CQNHttpConnection::szHtmlVerbs[7] = {"POST", "GET",    "HEAD",  "PUT",
                                                        "LINK", "DELETE", "UNLINK"};
@@ -37,7 +37,7 @@ void CQNHttpConnection::Connect(const char* server, unsigned short port, const c
   handle_ = InternetConnectA(session, server, port, user, password, INTERNET_SERVICE_HTTP, flags,
                              context_);
   if (handle_ == nullptr) InternetError::ThrowLast(context_);
-  quarnfc::Registry().Add(handle_, session_);
+  quarnfc::net::Registry().Add(handle_, session_);
 }
 
 void CQNHttpConnection::Adopt(HINTERNET connection) {
@@ -49,14 +49,14 @@ void CQNHttpConnection::Adopt(HINTERNET connection) {
     InternetError::Throw(ERROR_INVALID_HANDLE, context_);
   }
   handle_ = connection;
-  quarnfc::Registry().Add(handle_, session_);
+  quarnfc::net::Registry().Add(handle_, session_);
 }
 
 CQNHttpFile* CQNHttpConnection::OpenRequest(const char* verb, const char* object,
                                             const char* referer, unsigned __int64 context,
                                             const char** acceptTypes, const char* version,
                                             unsigned long flags) {
-  context = quarnfc::ResolveContext(context, context_);
+  context = quarnfc::net::ResolveContext(context, context_);
   HINTERNET request =
       HttpOpenRequestA(handle_, verb, object, version != nullptr ? version : "HTTP/1.0", referer,
                        acceptTypes, flags, context);

@@ -5,12 +5,12 @@
 #include "net/internet_error.h"
 #include "platform/internet.h"
 
-using quarnfc::InternetError;
-using quarnfc::ResolveContext;
+using quarnfc::net::InternetError;
+using quarnfc::net::ResolveContext;
 
 CQNHttpFile::CQNHttpFile(HINTERNET file, HINTERNET session, const char* object, const char* server,
                          const char* verb, unsigned __int64 context)
-    : CQNInternetFile(file, session, object, server, context, quarnfc::kReadOnly),
+    : CQNInternetFile(file, session, object, server, context, quarnfc::net::kReadOnly),
       object_(object),
       verb_(verb) {
   connection_handle_ = file;
@@ -18,7 +18,9 @@ CQNHttpFile::CQNHttpFile(HINTERNET file, HINTERNET session, const char* object, 
 
 CQNHttpFile::CQNHttpFile(HINTERNET file, const char* verb, const char* object,
                          CQNHttpConnection* connection)
-    : CQNInternetFile(file, object, connection, quarnfc::kReadOnly), object_(object), verb_(verb) {
+    : CQNInternetFile(file, object, connection, quarnfc::net::kReadOnly),
+      object_(object),
+      verb_(verb) {
   connection_handle_ = file;
 }
 
@@ -57,7 +59,7 @@ int CQNHttpFile::SendRequestEx(INTERNET_BUFFERSA* buffersIn, INTERNET_BUFFERSA* 
   const BOOL begun =
       HttpSendRequestExA(handle_, buffersIn, buffersOut, flags, ResolveContext(context, context_));
   if (!begun) InternetError::ThrowLast(context_);
-  read_mode_ = quarnfc::kReadWrite;
+  read_mode_ = quarnfc::net::kReadWrite;
   return begun;
 }
 

@@ -4,7 +4,7 @@
 
 #include <quarnfc/platform_types.h>
 
-namespace quarnfc {
+namespace quarnfc::net {
 
 // The context value that means "that of the object above".
 constexpr unsigned __int64 kInheritContext = 1;
@@ -13,6 +13,6 @@ constexpr unsigned __int64 ResolveContext(unsigned __int64 context, unsigned __i
   return context == kInheritContext ? inherited : context;
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::net
 
 #endif  // QUARNFC_NET_INHERITED_CONTEXT_H_

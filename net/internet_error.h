@@ -4,7 +4,7 @@
 
 #include <quarnfc/platform_types.h>
 
-namespace quarnfc {
+namespace quarnfc::net {
 
 struct InternetError {
   // Throws a new CQNInternetException with code and the context of the object that failed.
@@ -14,6 +14,6 @@ struct InternetError {
   [[noreturn]] static void ThrowLast(unsigned __int64 context);
 };
 
-}  // namespace quarnfc
+}  // namespace quarnfc::net
 
 #endif  // QUARNFC_NET_INTERNET_ERROR_H_

@@ -48,20 +48,20 @@ void CopyServerText(char* text, unsigned int maximum) {
       GetLastError() != ERROR_INSUFFICIENT_BUFFER) {
     return;
   }
-  quarnfc::CopyBounded(text, maximum, "");
+  quarnfc::net::CopyBounded(text, maximum, "");
   // Compared as the platform asked for it: what it reports after the copy leaves the end out.
   const DWORD needed = length;
   // One byte more than asked for, so that the text always has an end.
   const LocalText response(static_cast<char*>(LocalAlloc(LPTR, SIZE_T{length} + 1)));
   if (response == nullptr || !InternetGetLastResponseInfoA(&error, response.get(), &length)) return;
   if (maximum >= needed && maximum > std::strlen(response.get())) {
-    quarnfc::CopyBounded(text, maximum, response.get());
+    quarnfc::net::CopyBounded(text, maximum, response.get());
   }
 }
 
 }  // namespace
 
-namespace quarnfc {
+namespace quarnfc::net {
 
 void InternetError::Throw(unsigned long code, unsigned __int64 context) {
   auto* exception = new CQNInternetException(code);
@@ -71,7 +71,7 @@ void InternetError::Throw(unsigned long code, unsigned __int64 context) {
 
 void InternetError::ThrowLast(unsigned __int64 context) { Throw(GetLastError(), context); }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::net
 
 CQNInternetException::CQNInternetException(unsigned long code)
     : code_(static_cast<unsigned int>(code)), context_(0) {}
@@ -85,13 +85,13 @@ int CQNInternetException::GetErrorMessage(char* text, unsigned int maximum,
   if (helpContext != nullptr) *helpContext = 0;
   const LocalText message = TextOfCode(code_);
   if (message == nullptr) {
-    quarnfc::CopyBounded(text, maximum, "");
+    quarnfc::net::CopyBounded(text, maximum, "");
     return 0;
   }
   if (code_ == ERROR_INTERNET_EXTENDED_ERROR) {
     CopyServerText(text, maximum);
   } else {
-    quarnfc::CopyBounded(text, maximum, message.get());
+    quarnfc::net::CopyBounded(text, maximum, message.get());
   }
   return 1;
 }

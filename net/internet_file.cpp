@@ -2,14 +2,14 @@
 
 #include <utility>
 
-#include "core/memory.h"
+#include "core/memory/memory.h"
 #include "net/file_mode.h"
 #include "net/file_position.h"
 #include "net/handle_registry.h"
 #include "net/internet_error.h"
 #include "platform/internet.h"
 
-using quarnfc::InternetError;
+using quarnfc::net::InternetError;
 
 CQNInternetFile::CQNInternetFile(HINTERNET file, HINTERNET /*session*/, const char* object,
                                  const char* server, unsigned __int64 context, int readMode)
@@ -30,7 +30,7 @@ CQNInternetFile::CQNInternetFile(HINTERNET file, HINTERNET /*session*/, const ch
 CQNInternetFile::CQNInternetFile(HINTERNET file, const char* object,
                                  CQNInternetConnection* connection, int readMode)
     : CQNInternetFile(file, nullptr, object, connection->server_, connection->context_, readMode) {
-  quarnfc::Registry().Add(handle_, connection->session_);
+  quarnfc::net::Registry().Add(handle_, connection->session_);
 }
 
 CQNInternetFile::~CQNInternetFile() {
@@ -39,7 +39,7 @@ CQNInternetFile::~CQNInternetFile() {
   } catch (CQNInternetException* error) {
     // The bytes held for writing are lost; the handle is not.
     delete error;
-    quarnfc::CloseRegisteredHandle(handle_);
+    quarnfc::net::CloseRegisteredHandle(handle_);
   }
   ReleaseBuffers();
 }
@@ -67,7 +67,7 @@ int CQNInternetFile::QueryOption(unsigned long option, unsigned long& value) con
 }
 
 unsigned __int64 CQNInternetFile::Seek(__int64 offset, unsigned int origin) {
-  if (read_mode_ == quarnfc::kWriteOnly || read_buffer_ != nullptr) {
+  if (read_mode_ == quarnfc::net::kWriteOnly || read_buffer_ != nullptr) {
     InternetError::Throw(ERROR_INVALID_HANDLE, context_);
   }
   static_assert(FILE_BEGIN == 0 && FILE_CURRENT == 1 && FILE_END == 2);
@@ -76,8 +76,8 @@ unsigned __int64 CQNInternetFile::Seek(__int64 offset, unsigned int origin) {
   }
   const DWORD position =
       InternetSetFilePointer(handle_, static_cast<LONG>(offset), nullptr, origin, context_);
-  if (position == quarnfc::kNoPosition) InternetError::ThrowLast(context_);
-  return quarnfc::SignExtended(position);
+  if (position == quarnfc::net::kNoPosition) InternetError::ThrowLast(context_);
+  return quarnfc::net::SignExtended(position);
 }
 
 unsigned __int64 CQNInternetFile::GetLength() const {
@@ -90,7 +90,7 @@ unsigned __int64 CQNInternetFile::GetLength() const {
 void CQNInternetFile::Close() {
   if (handle_ == nullptr) return;
   Flush();
-  quarnfc::CloseRegisteredHandle(handle_);
+  quarnfc::net::CloseRegisteredHandle(handle_);
   ReleaseBuffers();
 }
 

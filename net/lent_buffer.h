@@ -6,9 +6,9 @@
 
 #include <utility>
 
-#include "core/memory.h"
+#include "core/memory/memory.h"
 
-namespace quarnfc {
+namespace quarnfc::net {
 
 // The platform may call back into the host during a transfer, and the host may close the file or
 // change its buffers there. So the buffer belongs to this object until the transfer is over, and
@@ -46,6 +46,6 @@ class LentBuffer {
   const unsigned int original_size_;
 };
 
-}  // namespace quarnfc
+}  // namespace quarnfc::net
 
 #endif  // QUARNFC_NET_LENT_BUFFER_H_

@@ -7,7 +7,7 @@
 #include "net/internet_error.h"
 #include "platform/internet.h"
 
-using quarnfc::InternetError;
+using quarnfc::net::InternetError;
 
 namespace {
 
@@ -16,7 +16,7 @@ constexpr char kDefaultAgent[] = "Unknow";
 // The callback that the platform calls for every handle of a session with callbacks enabled.
 void CALLBACK DispatchStatus(HINTERNET handle, DWORD_PTR context, DWORD status, void* information,
                              DWORD informationLength) {
-  CQNInternetSession* session = quarnfc::Registry().Find(handle);
+  CQNInternetSession* session = quarnfc::net::Registry().Find(handle);
   if (session == nullptr) return;
   session->OnStatusCallback(context, status, information, informationLength);
 }
@@ -42,7 +42,7 @@ CQNInternetSession::CQNInternetSession(const char* agent, unsigned __int64 conte
   handle_ =
       InternetOpenA(agent != nullptr ? agent : kDefaultAgent, accessType, proxy, bypass, flags);
   if (handle_ == nullptr) InternetError::ThrowLast(context_);
-  quarnfc::Registry().Add(handle_, this);
+  quarnfc::net::Registry().Add(handle_, this);
 }
 
 CQNInternetSession::~CQNInternetSession() { CQNInternetSession::Close(); }
@@ -52,9 +52,9 @@ void CQNInternetSession::Close() {
     InternetSetStatusCallback(handle_, nullptr);
     callback_enabled_ = 0;
   }
-  quarnfc::CloseRegisteredHandle(handle_);
+  quarnfc::net::CloseRegisteredHandle(handle_);
   // The platform has closed what was below the session, and the session may be gone soon.
-  quarnfc::Registry().RemoveSession(this);
+  quarnfc::net::Registry().RemoveSession(this);
 }
 
 CQNHttpConnection* CQNInternetSession::GetHttpConnection(const char* server, unsigned short port,
@@ -71,7 +71,7 @@ CQNHttpConnection* CQNInternetSession::GetHttpConnection(const char* server, uns
 CQNHttpFile* CQNInternetSession::OpenURL(const char* url, unsigned __int64 context,
                                          unsigned long flags, const char* headers,
                                          unsigned long headersLength) {
-  context = quarnfc::ResolveContext(context, context_);
+  context = quarnfc::net::ResolveContext(context, context_);
   unsigned long type = eServiceUnknown;
   CQNString server;
   CQNString object;
@@ -89,7 +89,7 @@ CQNHttpFile* CQNInternetSession::OpenURL(const char* url, unsigned __int64 conte
     InternetCloseHandle(resource);
     return nullptr;
   }
-  quarnfc::Registry().Add(resource, this);
+  quarnfc::net::Registry().Add(resource, this);
   return file;
 }
 

@@ -10,7 +10,7 @@
 
 #include <cstddef>
 
-namespace quarnfc {
+namespace quarnfc::net {
 struct InternetError;
 }
 
@@ -48,7 +48,7 @@ class QN_API CQNInternetException {
   static void operator delete(void*, void*) noexcept {}
 
  private:
-  friend struct quarnfc::InternetError;
+  friend struct quarnfc::net::InternetError;
 
   unsigned int code_;
   unsigned __int64 context_;

@@ -183,7 +183,7 @@ class QN_API CMyJsonObj {
   char* CreateUTF8Json(bool indent) const;
 
  private:
-  friend struct quarnfc::JsonAccess;
+  friend struct quarnfc::json::JsonAccess;
 
   CMyJsonObjImp* imp_;
 };

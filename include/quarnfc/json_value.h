@@ -23,7 +23,7 @@
 class CMyJsonObj;
 struct CMyJsonValueImp;
 
-namespace quarnfc {
+namespace quarnfc::json {
 struct JsonAccess;
 }
 
@@ -180,7 +180,7 @@ class QN_API CMyJsonValue {
   char* CreateUTF8Json(bool indent) const;
 
  private:
-  friend struct quarnfc::JsonAccess;
+  friend struct quarnfc::json::JsonAccess;
 
   CMyJsonValueImp* imp_;
 };

@@ -2,8 +2,8 @@
 // digits, Latin letters, everything else by code, which for the 3755 common Chinese characters is
 // by Pinyin. Only texts that are equal by that are told apart by width and case, half-width and
 // lower case first.
-#include "platform/code_page_936_case.h"
-#include "platform/multibyte_character.h"
+#include "core/text/code_page_936_case.h"
+#include "core/text/multibyte_character.h"
 #include "platform/posix/platform.h"
 
 namespace {

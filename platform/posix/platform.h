@@ -68,7 +68,7 @@ BOOL OemToCharA(LPCSTR source, LPSTR destination);
 // Upper case of UTF-16 text in place; returns length.
 DWORD CharUpperBuffW(LPWSTR text, DWORD length);
 
-// --- multibyte run-time functions, code page 936; the others are in platform/multibyte.h ------
+// --- multibyte run-time functions, code page 936; the others are in core/text/multibyte.h ------
 
 inline int _ismbblead(unsigned int byte) { return byte % 0x100 >= 0x81 && byte % 0x100 <= 0xFE; }
 int _ismbcspace(unsigned int ch);

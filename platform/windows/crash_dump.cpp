@@ -2,8 +2,8 @@
 
 #include <cstring>
 
+#include "core/text/multibyte.h"
 #include "platform/module.h"
-#include "platform/multibyte.h"
 #include "platform/platform.h"
 
 #include <dbghelp.h>

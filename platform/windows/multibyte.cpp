@@ -1,6 +1,6 @@
 // Characters of the process ANSI code page.
-#include "platform/code_page_936_case.h"
-#include "platform/multibyte_character.h"
+#include "core/text/code_page_936_case.h"
+#include "core/text/multibyte_character.h"
 #include "platform/windows/platform.h"
 
 namespace quarnfc {

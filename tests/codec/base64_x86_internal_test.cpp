@@ -10,12 +10,12 @@
 
 namespace {
 
-using namespace quarnfc;
+using namespace quarnfc::codec;
 using codec_test::Bytes;
 
 class Base64X86 : public testing::Test {
   void SetUp() override {
-    if (!CpuHasSsse3()) GTEST_SKIP() << "the processor has no SSSE3";
+    if (!quarnfc::CpuHasSsse3()) GTEST_SKIP() << "the processor has no SSSE3";
   }
 };
 

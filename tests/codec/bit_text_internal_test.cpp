@@ -8,7 +8,7 @@
 
 namespace {
 
-using namespace quarnfc;
+using namespace quarnfc::codec;
 
 constexpr std::uint64_t kLargest = 0xFFFFFFFF;
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-using quarnfc::Sha256;
+using quarnfc::codec::Sha256;
 
 std::string Hex(const Sha256::Digest& digest) {
   std::string text;
@@ -55,8 +55,8 @@ TEST(Sha256, PlainCodeAndShaExtensionsAgree) {
     const codec_test::Bytes data = codec_test::RandomBytes(blocks * Sha256::kBlockBytes, blocks);
     Sha256::State plain = {1, 2, 3, 4, 5, 6, 7, 0xFFFFFFFF};
     Sha256::State extended = plain;
-    quarnfc::Sha256CompressPlain(plain.data(), data.data(), blocks);
-    quarnfc::Sha256CompressX86(extended.data(), data.data(), blocks);
+    quarnfc::codec::Sha256CompressPlain(plain.data(), data.data(), blocks);
+    quarnfc::codec::Sha256CompressX86(extended.data(), data.data(), blocks);
     EXPECT_EQ(extended, plain) << blocks;
   }
 }

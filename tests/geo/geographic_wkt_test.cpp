@@ -9,7 +9,7 @@
 namespace {
 
 using namespace geo_test;
-using namespace quarnfc::geo_messages;
+using namespace quarnfc::geo::messages;
 
 TEST(GeographicWkt, PredefinedSystemsAreWrittenWithTheirNames) {
   const struct {

@@ -8,7 +8,7 @@
 
 namespace {
 
-using namespace quarnfc::geo_messages;
+using namespace quarnfc::geo::messages;
 
 std::u16string Decoded(const char* text) {
   const int count = QNStringUtils::Ansi2Unicode(text, nullptr, 0);

@@ -9,7 +9,7 @@
 namespace {
 
 using namespace geo_test;
-using namespace quarnfc::geo_messages;
+using namespace quarnfc::geo::messages;
 
 constexpr char kGeographic[] = "GEOGCS[\"g\",DATUM[\"d\",SPHEROID[\"s\",6378137,298.257]]]";
 

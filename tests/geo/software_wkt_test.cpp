@@ -10,7 +10,7 @@
 namespace {
 
 using namespace geo_test;
-using namespace quarnfc::geo_messages;
+using namespace quarnfc::geo::messages;
 
 std::string Load(const std::string& name) {
   return ReadFile(std::string(QUARNFC_TEST_DATA) + "/wkt/" + name + ".wkt");

@@ -10,8 +10,8 @@
 
 namespace {
 
-using namespace quarnfc;
-using namespace quarnfc::geo_messages;
+using namespace quarnfc::geo;
+using namespace quarnfc::geo::messages;
 using geo_test::Formatted;
 
 // The message of a refused text, or "accepted".

@@ -56,7 +56,7 @@ Row Split(const std::string& line) {
   std::vector<char> buffer(line.begin(), line.end());
   buffer.push_back('\0');
   std::vector<CQNString> fields;
-  quarnfc::SplitCsvLine({buffer.data(), line.size()}, false, fields);
+  quarnfc::io::SplitCsvLine({buffer.data(), line.size()}, false, fields);
   return ToRow(fields);
 }
 

@@ -6,7 +6,7 @@
 
 namespace {
 
-using namespace quarnfc;
+using namespace quarnfc::io;
 
 TEST(CsvMessages, DecodeToTheirTexts) {
   const struct {

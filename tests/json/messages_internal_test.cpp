@@ -16,11 +16,11 @@ std::u16string Decode(const char* text) {
 }
 
 TEST(JsonMessages, ChineseTextsDecodeToTheirMeaning) {
-  EXPECT_TRUE(Decode(quarnfc::kTextIsNull) == u"json字符串为NULL");
-  EXPECT_TRUE(Decode(quarnfc::kInvalidTopString) == u"无效的字符串");
-  EXPECT_TRUE(Decode(quarnfc::kInvalidText) == u"无效的json字符串");
-  EXPECT_TRUE(Decode(quarnfc::kInvalidJsonPrefix) == u"无效的json，");
-  EXPECT_TRUE(Decode(quarnfc::kUndefinedError) == u"未定义错误");
+  EXPECT_TRUE(Decode(quarnfc::json::kTextIsNull) == u"json字符串为NULL");
+  EXPECT_TRUE(Decode(quarnfc::json::kInvalidTopString) == u"无效的字符串");
+  EXPECT_TRUE(Decode(quarnfc::json::kInvalidText) == u"无效的json字符串");
+  EXPECT_TRUE(Decode(quarnfc::json::kInvalidJsonPrefix) == u"无效的json，");
+  EXPECT_TRUE(Decode(quarnfc::json::kUndefinedError) == u"未定义错误");
 }
 
 }  // namespace

@@ -13,8 +13,8 @@
 namespace {
 
 std::string Fast(double number) {
-  char text[quarnfc::kNumberTextCapacity];
-  return std::string(text, quarnfc::FormatNumber(number, text));
+  char text[quarnfc::json::kNumberTextCapacity];
+  return std::string(text, quarnfc::json::FormatNumber(number, text));
 }
 
 // The text by its definition.
@@ -89,7 +89,7 @@ TEST(NumberText, ShortestTextOfEveryNumberParsesBackToIt) {
     CQNString text;
     text.Format("%.17g", number);
     const char* first = text;
-    const double parsed = quarnfc::ParseNumber(first, first + text.GetLength());
+    const double parsed = quarnfc::json::ParseNumber(first, first + text.GetLength());
     EXPECT_EQ(std::bit_cast<std::uint64_t>(parsed), std::bit_cast<std::uint64_t>(number)) << first;
   }
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-using quarnfc::HandleRegistry;
+using quarnfc::net::HandleRegistry;
 
 HINTERNET Handle(unsigned __int64 value) { return reinterpret_cast<HINTERNET>(value); }
 
@@ -57,19 +57,19 @@ TEST(HandleRegistry, ASessionLeavesWithAllItsHandles) {
 
 TEST(HandleRegistry, ClosingTakesTheHandleOutAfterThePlatformClosedIt) {
   HINTERNET handle = FakeHandle();
-  quarnfc::Registry().Add(handle, Session(10));
+  quarnfc::net::Registry().Add(handle, Session(10));
   CQNInternetSession* during = nullptr;
   HINTERNET seen = handle;
   TheFakeInternet().during_close = [&] {
-    during = quarnfc::Registry().Find(FakeHandle());
+    during = quarnfc::net::Registry().Find(FakeHandle());
     seen = handle;
   };
-  quarnfc::CloseRegisteredHandle(handle);
+  quarnfc::net::CloseRegisteredHandle(handle);
   EXPECT_EQ(during, Session(10));
   EXPECT_EQ(seen, nullptr);
   EXPECT_EQ(handle, nullptr);
-  EXPECT_EQ(quarnfc::Registry().Find(FakeHandle()), nullptr);
-  quarnfc::CloseRegisteredHandle(handle);
+  EXPECT_EQ(quarnfc::net::Registry().Find(FakeHandle()), nullptr);
+  quarnfc::net::CloseRegisteredHandle(handle);
   EXPECT_EQ(TheFakeInternet().calls.size(), 1u);
 }
 

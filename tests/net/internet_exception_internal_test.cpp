@@ -63,7 +63,7 @@ TEST(BoundedText, NeverSplitsADoubleByteCharacter) {
   for (const auto& c : cases) {
     char text[16];
     std::memset(text, '?', sizeof(text));
-    quarnfc::CopyBounded(text, c.maximum, c.source);
+    quarnfc::net::CopyBounded(text, c.maximum, c.source);
     EXPECT_STREQ(text, c.result) << c.maximum;
     EXPECT_EQ(text[c.maximum], '?') << c.maximum;
   }
@@ -71,8 +71,8 @@ TEST(BoundedText, NeverSplitsADoubleByteCharacter) {
 
 TEST(BoundedText, TakesNothingWithoutABuffer) {
   char text[2] = {'?', '?'};
-  quarnfc::CopyBounded(nullptr, 10, "abc");
-  quarnfc::CopyBounded(text, 0, "abc");
+  quarnfc::net::CopyBounded(nullptr, 10, "abc");
+  quarnfc::net::CopyBounded(text, 0, "abc");
   EXPECT_EQ(text[0], '?');
 }
 

@@ -1,0 +1,76 @@
+#include <quarnfc/object.h>
+#include <quarnfc/string_utils.h>
+
+#include <cstddef>
+#include <utility>
+
+#include "core/memory/memory.h"
+
+// The private record of an object.
+struct CQNObjectImp {
+  virtual ~CQNObjectImp() {
+    quarnfc::FreeBuffer(message);
+    quarnfc::FreeBuffer(wide_message);
+  }
+
+  static void* operator new(std::size_t size) { return quarnfc::AllocNode(size); }
+  static void operator delete(void* record) noexcept {
+    quarnfc::FreeNode(record, sizeof(CQNObjectImp));
+  }
+
+  int references = 1;
+  CQNObject::EErrorStatus code = CQNObject::eErrNone;  // hosts must not rely on it before setting
+  char* message = nullptr;
+  wchar_t* wide_message = nullptr;
+};
+
+namespace {
+
+wchar_t* NewWideText(const char* text) {
+  const int count = QNStringUtils::Ansi2Unicode(text, nullptr, 0);
+  wchar_t* wide = quarnfc::AllocWideChars(static_cast<std::size_t>(count) + 1);
+  if (QNStringUtils::Ansi2Unicode(text, wide, count) != count || count == 0) wide[0] = L'\0';
+  return wide;
+}
+
+}  // namespace
+
+CQNObjClass* CQNObject::GetThisClass() { return &m_class; }
+
+CQNObject::CQNObject() : imp_(new CQNObjectImp) {}
+
+CQNObject::CQNObject(const CQNObject& other) = default;
+CQNObject& CQNObject::operator=(const CQNObject& other) = default;
+
+CQNObject::~CQNObject() { delete imp_; }
+
+void* CQNObject::operator new(std::size_t size) { return quarnfc::AllocBuffer(size); }
+void CQNObject::operator delete(void* object) noexcept { quarnfc::FreeBuffer(object); }
+
+void CQNObject::AddRef() { ++imp_->references; }
+
+void CQNObject::Release() {
+  if (--imp_->references < 1) delete this;
+}
+
+void CQNObject::SetErrorCode(EErrorStatus code) const { imp_->code = code; }
+
+CQNObject::EErrorStatus CQNObject::GetErrorCode() const { return imp_->code; }
+
+void CQNObject::SetErrorMsg(const char* text) const {
+  if (text == nullptr) text = "";
+  // Copied before the old messages go: text may be one of them.
+  quarnfc::OwnedText message(quarnfc::CopyText(text));
+  quarnfc::OwnedWideText wide_message(NewWideText(message.get()));
+  quarnfc::FreeBuffer(std::exchange(imp_->message, message.release()));
+  quarnfc::FreeBuffer(std::exchange(imp_->wide_message, wide_message.release()));
+}
+
+void CQNObject::SetError(EErrorStatus code, const char* text) const {
+  SetErrorCode(code);
+  SetErrorMsg(text);
+}
+
+const char* CQNObject::GetErrorMsg() const { return imp_->message; }
+const char* CQNObject::GetErrorMsgA() const { return imp_->message; }
+const wchar_t* CQNObject::GetErrorMsgW() const { return imp_->wide_message; }

@@ -1,0 +1,315 @@
+#include "core/text/format_text.h"
+
+#include <algorithm>
+#include <climits>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <new>
+#include <string_view>
+
+#include <quarnfc/qn_string.h>
+
+#include "core/text/characters.h"
+#include "core/text/format_spec.h"
+#include "core/text/string_buffer.h"
+
+namespace quarnfc {
+namespace {
+
+constexpr std::string_view kNullText = "(null)";
+
+std::string_view View(const CQNString& text) {
+  return {static_cast<const char*>(text), static_cast<std::size_t>(text.GetLength())};
+}
+
+class Formatter {
+ public:
+  Formatter(const char* format, va_list args) : format_(format) { va_copy(arguments_.list, args); }
+  ~Formatter() { va_end(arguments_.list); }
+  Formatter(const Formatter&) = delete;
+  Formatter& operator=(const Formatter&) = delete;
+
+  FormattedText Run() {
+    const char* end = format_ + std::strlen(format_);
+    while (*format_ != '\0') {
+      if (*format_ != '%') {
+        AppendCharacter(CharWidth(format_, end));
+      } else if (format_[1] == '%') {
+        ++format_;
+        AppendCharacter(1);
+      } else {
+        AppendItem();
+      }
+    }
+    result_.estimate = static_cast<int>(std::min<long long>(estimate_, INT_MAX));
+    return std::move(result_);
+  }
+
+ private:
+  void AppendCharacter(int width) {
+    result_.text.append(format_, static_cast<std::size_t>(width));
+    estimate_ += width;
+    format_ += width;
+  }
+
+  void AppendItem();
+  void AppendText();
+  void AppendWideText();
+  void AppendSigned();
+  void AppendUnsigned();
+  void AppendPointer();
+  void AppendFloat();
+  void AppendNotFinite(double value);
+  void AppendNullText();
+  void AppendPadded(std::string_view text) { AppendPadded(text, text.size()); }
+  void AppendPadded(std::string_view text, std::size_t columns);
+  template <class Value>
+  void Print(const char* size, Value value, char conversion);
+
+  long long NextSigned();
+  unsigned long long NextUnsigned();
+
+  std::size_t Precision() const { return static_cast<std::size_t>(spec_.precision); }
+  // Whether the precision cuts a text at length. A text that is cut need not be terminated.
+  bool IsCutAt(std::size_t length) const { return spec_.precision > 0 && length == Precision(); }
+
+  // Estimates: of a text or a character, and of a number.
+  void CountText(long long item);
+  void CountNumber(long long item) { estimate_ += item; }
+  long long WidthAndPrecision() const {
+    return static_cast<long long>(spec_.width) + std::max(spec_.precision, 0);
+  }
+
+  const char* format_;
+  Arguments arguments_;
+  FormatSpec spec_;
+  FormattedText result_;
+  long long estimate_ = 0;
+};
+
+void Formatter::AppendItem() {
+  ++format_;
+  spec_ = ReadFormatSpec(format_, arguments_);
+  estimate_ += 2LL * spec_.alternates;
+  switch (spec_.conversion) {
+    case '\0':
+      break;
+    case 'c':
+    case 'C':
+    case 's':
+    case 'S': {
+      const bool is_upper = spec_.conversion < 'a';
+      const bool is_narrow = spec_.size == ArgumentSize::kShort;
+      const bool is_wide = spec_.size == ArgumentSize::kLong || (is_upper && !is_narrow);
+      is_wide ? AppendWideText() : AppendText();
+      break;
+    }
+    case 'd':
+    case 'i':
+      AppendSigned();
+      break;
+    case 'u':
+    case 'x':
+    case 'X':
+    case 'o':
+      AppendUnsigned();
+      break;
+    case 'p':
+      AppendPointer();
+      break;
+    case 'e':
+    case 'E':
+    case 'f':
+    case 'g':
+    case 'G':
+      AppendFloat();
+      break;
+    case 'n':
+      // Takes its argument; nothing is ever written through it.
+      static_cast<void>(va_arg(arguments_.list, void*));
+      break;
+    default:
+      // Not a conversion: the character stands for itself.
+      result_.text.push_back(spec_.conversion);
+      break;
+  }
+}
+
+void Formatter::CountText(long long item) {
+  if (spec_.precision > 0) item = std::min<long long>(item, spec_.precision);
+  estimate_ += std::max<long long>(item, spec_.width);
+}
+
+// --- text and characters ------------------------------------------------------------------------
+
+void Formatter::AppendText() {
+  if (spec_.conversion == 'c' || spec_.conversion == 'C') {
+    const char ch = static_cast<char>(va_arg(arguments_.list, int));
+    CountText(2);
+    AppendPadded(std::string_view(&ch, 1));
+    return;
+  }
+  const char* text = va_arg(arguments_.list, const char*);
+  if (text == nullptr) {
+    AppendNullText();
+    return;
+  }
+  std::size_t length = spec_.precision > 0 ? strnlen(text, Precision()) : std::strlen(text);
+  CountText(std::max<long long>(static_cast<long long>(length), 1));
+  if (spec_.precision == 0) length = 0;
+  AppendPadded(std::string_view(text, length));
+}
+
+void Formatter::AppendWideText() {
+  if (spec_.conversion == 'c' || spec_.conversion == 'C') {
+    const wchar_t unit = static_cast<wchar_t>(va_arg(arguments_.list, int));
+    CountText(2);
+    AppendPadded(View(CQNString(&unit, 1)));
+    return;
+  }
+  const wchar_t* text = va_arg(arguments_.list, const wchar_t*);
+  if (text == nullptr) {
+    AppendNullText();
+    return;
+  }
+  std::size_t length = 0;
+  while (!IsCutAt(length) && text[length] != L'\0') ++length;
+  CountText(std::max<long long>(static_cast<long long>(length), 1));
+  if (spec_.precision == 0) length = 0;
+  // Width and precision count units, whatever the number of bytes they become.
+  AppendPadded(View(CQNString(text, CheckedLength(length))), length);
+}
+
+void Formatter::AppendNullText() {
+  CountText(static_cast<long long>(kNullText.size()));
+  AppendPadded(spec_.precision < 0 ? kNullText : kNullText.substr(0, Precision()));
+}
+
+void Formatter::AppendPadded(std::string_view text, std::size_t columns) {
+  const std::size_t width = spec_.Columns();
+  const std::size_t padding = width > columns ? width - columns : 0;
+  // The run-time pads texts with zeros as it does numbers.
+  if (!spec_.left) result_.text.append(padding, spec_.zero ? '0' : ' ');
+  result_.text.append(text);
+  if (spec_.left) result_.text.append(padding, ' ');
+}
+
+// --- numbers ------------------------------------------------------------------------------------
+
+long long Formatter::NextSigned() {
+  switch (spec_.size) {
+    case ArgumentSize::kChar:
+      return static_cast<signed char>(va_arg(arguments_.list, int));
+    case ArgumentSize::kShort:
+      return static_cast<short>(va_arg(arguments_.list, int));
+    case ArgumentSize::kLong:
+      return va_arg(arguments_.list, long);
+    case ArgumentSize::kLongLong:
+      return va_arg(arguments_.list, long long);
+    default:
+      return va_arg(arguments_.list, int);
+  }
+}
+
+unsigned long long Formatter::NextUnsigned() {
+  switch (spec_.size) {
+    case ArgumentSize::kChar:
+      return static_cast<unsigned char>(va_arg(arguments_.list, unsigned int));
+    case ArgumentSize::kShort:
+      return static_cast<unsigned short>(va_arg(arguments_.list, unsigned int));
+    case ArgumentSize::kLong:
+      return va_arg(arguments_.list, unsigned long);
+    case ArgumentSize::kLongLong:
+      return va_arg(arguments_.list, unsigned long long);
+    default:
+      return va_arg(arguments_.list, unsigned int);
+  }
+}
+
+// Appends a number as the C library prints it with the flags of the specification.
+template <class Value>
+void Formatter::Print(const char* size, Value value, char conversion) {
+  char format[16];
+  char* p = format;
+  *p++ = '%';
+  if (spec_.left) *p++ = '-';
+  if (spec_.plus) *p++ = '+';
+  if (spec_.blank) *p++ = ' ';
+  if (spec_.alternates > 0) *p++ = '#';
+  if (spec_.zero) *p++ = '0';
+  std::snprintf(p, static_cast<std::size_t>(format + sizeof(format) - p), "*.*%s%c", size,
+                conversion);
+
+  // A negative precision counts as none.
+  char room[128];
+  const int length = std::snprintf(room, sizeof(room), format, spec_.width, spec_.precision, value);
+  if (length < 0) throw std::bad_alloc();
+  const std::size_t count = static_cast<std::size_t>(length);
+  if (count < sizeof(room)) {
+    result_.text.append(room, count);
+    return;
+  }
+  const std::size_t begin = result_.text.size();
+  result_.text.resize(begin + count + 1);
+  std::snprintf(&result_.text[begin], count + 1, format, spec_.width, spec_.precision, value);
+  result_.text.resize(begin + count);
+}
+
+void Formatter::AppendSigned() {
+  CountNumber(std::max<long long>(WidthAndPrecision(), 32));
+  Print("ll", NextSigned(), 'd');
+}
+
+void Formatter::AppendUnsigned() {
+  CountNumber(std::max<long long>(WidthAndPrecision(), 32));
+  Print("ll", NextUnsigned(), spec_.conversion);
+}
+
+// A pointer is sixteen upper-case hexadecimal digits, as Windows prints it.
+void Formatter::AppendPointer() {
+  CountNumber(std::max<long long>(WidthAndPrecision(), 32));
+  spec_.precision = 16;
+  Print("ll",
+        static_cast<unsigned long long>(
+            reinterpret_cast<std::uintptr_t>(va_arg(arguments_.list, void*))),
+        'X');
+}
+
+void Formatter::AppendFloat() {
+  if (spec_.conversion == 'f') {
+    CountNumber(std::max(spec_.precision, 0) + 312LL);
+  } else if (spec_.conversion != 'E') {
+    CountNumber(std::max<long long>(WidthAndPrecision(), 128));
+  }
+  const double value = va_arg(arguments_.list, double);
+  if (std::isfinite(value)) {
+    Print("", value, spec_.conversion);
+  } else {
+    AppendNotFinite(value);
+  }
+}
+
+// Infinities and what is not a number, as Windows spells them; C libraries differ.
+void Formatter::AppendNotFinite(double value) {
+  const bool is_upper = spec_.conversion < 'a';
+  std::string text = std::signbit(value) ? "-" : spec_.plus ? "+" : spec_.blank ? " " : "";
+  if (std::isinf(value)) {
+    text += is_upper ? "INF" : "inf";
+  } else {
+    text += is_upper ? "NAN" : "nan";
+    // The value that invalid operations give.
+    if (std::signbit(value)) text += is_upper ? "(IND)" : "(ind)";
+  }
+  spec_.zero = false;
+  AppendPadded(text);
+}
+
+}  // namespace
+
+FormattedText FormatText(const char* format, va_list args) {
+  return Formatter(format == nullptr ? "" : format, args).Run();
+}
+
+}  // namespace quarnfc

@@ -1,0 +1,155 @@
+#include "core/text/string_buffer.h"
+
+#include <quarnfc/fixed_alloc.h>
+
+#include <algorithm>
+#include <climits>
+#include <new>
+
+namespace quarnfc {
+namespace {
+
+struct EmptyBlock {
+  StringHeader header;
+  char text[4];
+};
+
+// Not const: operator const char* and GetBuffer hand out its address. Nothing here writes to it.
+EmptyBlock g_empty = {{-1, 0, 0}, ""};
+
+constexpr int kMaxLength = INT_MAX - static_cast<int>(sizeof(StringHeader)) - 1;
+
+// The pool that serves buffers of exactly this capacity; null for the heap.
+CQNFixedAlloc* PoolOf(int capacity) {
+  switch (capacity) {
+    case 64:
+      return _TempData64B();
+    case 128:
+      return _TempData128B();
+    case 256:
+      return _TempData256B();
+    case 512:
+      return _TempData512B();
+    default:
+      return nullptr;
+  }
+}
+
+int CapacityFor(int length) {
+  if (length <= 64) return 64;
+  if (length <= 128) return 128;
+  if (length <= 256) return 256;
+  if (length <= 512) return 512;
+  return length;
+}
+
+int JoinedLength(int left, int right) {
+  return CheckedLength(static_cast<std::size_t>(left) + static_cast<std::size_t>(right));
+}
+
+void CopyBytes(char* destination, const char* source, int length) {
+  if (length > 0) std::memmove(destination, source, static_cast<std::size_t>(length));
+}
+
+// Puts a new buffer in the place of the old one.
+void ReplaceBuffer(char*& text, char* buffer) {
+  ReleaseStringBuffer(text);
+  text = buffer;
+}
+
+}  // namespace
+
+char* EmptyBuffer() { return g_empty.text; }
+
+char* AllocStringBuffer(int length) {
+  if (length <= 0) return EmptyBuffer();
+  if (length > kMaxLength) throw std::bad_alloc();
+
+  const int capacity = CapacityFor(length);
+  CQNFixedAlloc* pool = PoolOf(capacity);
+  void* block =
+      pool != nullptr
+          ? pool->Alloc()
+          : ::operator new[](sizeof(StringHeader) + static_cast<std::size_t>(capacity) + 1);
+  auto* header = new (block) StringHeader{1, length, capacity};
+  char* text = reinterpret_cast<char*>(header + 1);
+  text[length] = '\0';
+  return text;
+}
+
+void ShareStringBuffer(char* text) {
+  std::atomic_ref<int>(HeaderOf(text)->references).fetch_add(1, std::memory_order_relaxed);
+}
+
+void ReleaseStringBuffer(char* text) {
+  if (text == EmptyBuffer()) return;
+  StringHeader* header = HeaderOf(text);
+  const int before =
+      std::atomic_ref<int>(header->references).fetch_sub(1, std::memory_order_acq_rel);
+  if (before > 1) return;
+  if (CQNFixedAlloc* pool = PoolOf(header->capacity)) {
+    pool->Free(header);
+  } else {
+    ::operator delete[](header);
+  }
+}
+
+void SetStringLength(char* text, int length) {
+  if (text == EmptyBuffer()) return;
+  HeaderOf(text)->length = length;
+  text[length] = '\0';
+}
+
+int CheckedLength(std::size_t length) {
+  if (length > static_cast<std::size_t>(kMaxLength)) throw std::bad_alloc();
+  return static_cast<int>(length);
+}
+
+void AssignBytes(char*& text, const char* source, int length) {
+  if (FitsInPlace(text, length)) {
+    CopyBytes(text, source, length);
+    SetStringLength(text, length);
+    return;
+  }
+  char* buffer = AllocStringBuffer(length);
+  CopyBytes(buffer, source, length);
+  ReplaceBuffer(text, buffer);
+}
+
+void AppendBytes(char*& text, const char* source, int length) {
+  if (length == 0) return;
+  const int old_length = HeaderOf(text)->length;
+  const int new_length = JoinedLength(old_length, length);
+  if (FitsInPlace(text, new_length)) {
+    CopyBytes(text + old_length, source, length);
+    SetStringLength(text, new_length);
+    return;
+  }
+  char* buffer = AllocStringBuffer(new_length);
+  CopyBytes(buffer, text, old_length);
+  CopyBytes(buffer + old_length, source, length);
+  ReplaceBuffer(text, buffer);
+}
+
+void Unshare(char*& text) {
+  if (!IsShared(text)) return;
+  const int length = HeaderOf(text)->length;
+  char* buffer = AllocStringBuffer(length);
+  CopyBytes(buffer, text, length);
+  ReplaceBuffer(text, buffer);
+}
+
+void Reserve(char*& text, int capacity) {
+  if (FitsInPlace(text, capacity)) return;
+  const int length = HeaderOf(text)->length;
+  char* buffer = AllocStringBuffer(std::max(capacity, length));
+  CopyBytes(buffer, text, length);
+  SetStringLength(buffer, length);
+  ReplaceBuffer(text, buffer);
+}
+
+void ReserveAnew(char*& text, int capacity) {
+  if (!FitsInPlace(text, capacity)) ReplaceBuffer(text, AllocStringBuffer(capacity));
+}
+
+}  // namespace quarnfc

@@ -1,0 +1,90 @@
+// Conversions between CQNString and UTF-16 text.
+
+#include <quarnfc/qn_string.h>
+
+#include <climits>
+#include <cstring>
+#include <new>
+
+#include "core/memory/memory.h"
+#include "core/text/string_buffer.h"
+#include "platform/platform.h"
+
+using quarnfc::CheckedLength;
+
+namespace {
+
+// Bytes that text of wide_length UTF-16 units may need: two per unit in a double-byte code page.
+int ByteCapacity(std::size_t wide_length) { return CheckedLength(2 * wide_length); }
+
+// Converts into a buffer that holds capacity bytes and a terminator, and counts the bytes as the
+// converter does: with the terminator when source_length is -1. Where the code page needs more than
+// two bytes per unit (UTF-8 set as the ANSI code page), the buffer is replaced by one of the needed
+// size.
+int Convert(const wchar_t* source, int source_length, char*& text, int capacity) {
+  // Text of a given length brings no terminator: the byte behind the capacity is not its own.
+  const int room = source_length < 0 ? capacity + 1 : capacity;
+  int count = WideCharToMultiByte(CP_ACP, 0, source, source_length, text, room, nullptr, nullptr);
+  if (count == 0 && source_length != 0) {
+    const int needed =
+        WideCharToMultiByte(CP_ACP, 0, source, source_length, nullptr, 0, nullptr, nullptr);
+    if (needed > capacity) {
+      quarnfc::Reserve(text, needed);
+      count = WideCharToMultiByte(CP_ACP, 0, source, source_length, text, needed, nullptr, nullptr);
+    }
+  }
+  return count;
+}
+
+// Replaces text by the conversion of zero-terminated UTF-16 text.
+void AssignWide(char*& text, const wchar_t* source) {
+  const int capacity = source == nullptr ? 0 : ByteCapacity(quarnfc::WideLength(source));
+  if (capacity == 0) {
+    quarnfc::AssignBytes(text, "", 0);
+    return;
+  }
+  quarnfc::ReserveAnew(text, capacity);
+  const int count = Convert(source, -1, text, capacity);
+  quarnfc::SetStringLength(text, count == 0 ? 0 : static_cast<int>(std::strlen(text)));
+}
+
+int WideCount(const char* text, int length) {
+  return MultiByteToWideChar(CP_ACP, 0, text, length, nullptr, 0);
+}
+
+// The texts are thrown as char*, so they are not constants.
+char g_alloc_failed[] = "Alloc failed!";
+char g_realloc_failed[] = "ReAlloc failed!";
+
+}  // namespace
+
+CQNString::CQNString(const wchar_t* text) : CQNString() { AssignWide(Text(), text); }
+
+CQNString::CQNString(const wchar_t* text, int length) : CQNString() {
+  if (text == nullptr || length < 1) return;
+  const int capacity = ByteCapacity(static_cast<std::size_t>(length));
+  quarnfc::Reserve(Text(), capacity);
+  quarnfc::SetStringLength(Text(), Convert(text, length, Text(), capacity));
+}
+
+const CQNString& CQNString::operator=(const wchar_t* text) {
+  AssignWide(Text(), text);
+  return *this;
+}
+
+BSTR CQNString::AllocSysString() const {
+  const int count = WideCount(Text(), GetLength());
+  BSTR system_string = SysAllocStringLen(nullptr, static_cast<UINT>(count));
+  if (system_string == nullptr) throw static_cast<char*>(g_alloc_failed);
+  if (count > 0) MultiByteToWideChar(CP_ACP, 0, Text(), GetLength(), system_string, count);
+  return system_string;
+}
+
+BSTR CQNString::SetSysString(BSTR* target) const {
+  const int count = WideCount(Text(), GetLength());
+  if (target == nullptr || !SysReAllocStringLen(target, nullptr, static_cast<UINT>(count))) {
+    throw static_cast<char*>(g_realloc_failed);
+  }
+  if (count > 0) MultiByteToWideChar(CP_ACP, 0, Text(), GetLength(), *target, count);
+  return *target;
+}

@@ -1,0 +1,73 @@
+#include <windows.h>
+
+#include <dbghelp.h>
+
+#include <cstring>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/core/diagnostics/crash_dump_test_support.h"
+
+namespace {
+
+// A reader of the directory of a minidump. What lies outside the file reads as zero.
+class MiniDump {
+ public:
+  explicit MiniDump(std::string bytes) : bytes_(std::move(bytes)) {}
+
+  template <class Record>
+  Record At(std::size_t offset) const {
+    Record record{};
+    if (offset <= bytes_.size() && bytes_.size() - offset >= sizeof record) {
+      std::memcpy(&record, bytes_.data() + offset, sizeof record);
+    }
+    return record;
+  }
+
+  MINIDUMP_HEADER header() const { return At<MINIDUMP_HEADER>(0); }
+
+  // Where the stream of a type lies; 0 when there is none.
+  RVA FindStream(ULONG32 type) const {
+    const MINIDUMP_HEADER head = header();
+    for (ULONG32 i = 0; i < head.NumberOfStreams; ++i) {
+      const auto entry =
+          At<MINIDUMP_DIRECTORY>(head.StreamDirectoryRva + i * sizeof(MINIDUMP_DIRECTORY));
+      if (entry.StreamType == type) return entry.Location.Rva;
+    }
+    return 0;
+  }
+
+  bool ListsThread(ULONG32 id) const {
+    const RVA list = FindStream(ThreadListStream);
+    const ULONG32 count = At<ULONG32>(list);
+    for (ULONG32 i = 0; list != 0 && i < count; ++i) {
+      const std::size_t offset = list + sizeof(ULONG32) + i * sizeof(MINIDUMP_THREAD);
+      if (At<MINIDUMP_THREAD>(offset).ThreadId == id) return true;
+    }
+    return false;
+  }
+
+ private:
+  std::string bytes_;
+};
+
+TEST(CrashDumpOnWindows, IsAMiniDumpWithTheExceptionAndTheFaultingThread) {
+  const Crash& crash = HostCrash();
+  const MiniDump dump(crash.dump);
+
+  EXPECT_EQ(dump.header().Signature, 0x504D444Du);  // "MDMP"
+  EXPECT_EQ(dump.header().Version & 0xFFFFu, 0xA793u);
+  EXPECT_EQ(dump.header().Flags, static_cast<ULONG64>(MiniDumpNormal));
+
+  const RVA stream = dump.FindStream(ExceptionStream);
+  ASSERT_NE(stream, 0u);
+  const auto exception = dump.At<MINIDUMP_EXCEPTION_STREAM>(stream);
+  EXPECT_EQ(exception.ThreadId, crash.thread);
+  EXPECT_EQ(exception.ExceptionRecord.ExceptionCode, static_cast<ULONG32>(STATUS_ACCESS_VIOLATION));
+  EXPECT_EQ(exception.ExceptionRecord.ExceptionInformation[1], 16u);  // the address written to
+  EXPECT_NE(exception.ThreadContext.DataSize, 0u);
+  EXPECT_TRUE(dump.ListsThread(exception.ThreadId));
+}
+
+}  // namespace
