@@ -5,6 +5,7 @@
 #include <string>
 
 #include "geo/messages.h"
+#include "support/build_paths.h"
 #include "tests/geo/geo_support.h"
 
 namespace {

@@ -1,6 +1,7 @@
 // The districts of China, one file in code page 936 and the same in UTF-8 with mark.
 #include <gtest/gtest.h>
 
+#include "support/build_paths.h"
 #include "tests/io/csv_rows.h"
 
 namespace {

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <random>
 
+#include "support/build_paths.h"
 #include "tests/json/json_support.h"
 
 namespace {

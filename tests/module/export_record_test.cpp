@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 
+#include "support/build_paths.h"
 #include "tests/module/module_image.h"
 
 namespace {

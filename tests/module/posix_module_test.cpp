@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "support/build_paths.h"
+
 namespace {
 
 // The soname in the dynamic section of the loaded module.

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "support/build_paths.h"
+
 namespace {
 
 HMODULE Module() { return GetModuleHandleA("QuarnFC.dll"); }

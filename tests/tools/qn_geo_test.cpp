@@ -9,6 +9,7 @@
 #include "exit_code.h"
 #include "geo_csv.h"
 #include "geo_system.h"
+#include "support/build_paths.h"
 #include "tests/tools/run_qn.h"
 
 namespace qn {

@@ -12,6 +12,7 @@
 #include "input_file.h"
 #include "json_fault.h"
 #include "json_shape.h"
+#include "support/build_paths.h"
 #include "tests/io/temp_file.h"
 #include "tests/tools/run_qn.h"
 

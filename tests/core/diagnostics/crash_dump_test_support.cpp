@@ -5,6 +5,8 @@
 #include <iterator>
 #include <system_error>
 
+#include "support/build_paths.h"
+
 namespace fs = std::filesystem;
 
 fs::path LogFolder() { return fs::path(QUARNFC_TEST_LIBRARY_FOLDER) / "log"; }
