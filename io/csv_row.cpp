@@ -1,3 +1,18 @@
+// The fields of a line, after RFC 4180 in its spirit, not to the letter:
+//
+//   line   = [ field { "," field } ]
+//   field  = blanks ( quoted | plain )
+//   quoted = '"' { byte but '"' | '""' } [ '"' bytes up to the next "," ]
+//   plain  = bytes up to the next ","
+//   blanks = { space | TAB }
+//
+// Deviations, all deliberate: blanks in front of a field are dropped, those behind a plain field
+// are kept; what follows a closing quote is ignored; a quote inside a plain field is a byte like
+// any other; a quoted field ends with its line at the latest; commas are found byte by byte, also
+// where they are the second byte of a broken character.
+//
+// One pass over the line, in place: fields are cut and doubled quotes closed up in the line itself.
+// UTF-8 is converted field by field through scratch buffers.
 #include "io/csv_row.h"
 
 #include <quarnfc/fixed_alloc.h>

@@ -1,3 +1,10 @@
+// One buffer slides over the file. A line is ended by a zero byte in place of its line feed; when
+// none is left in the buffer, the unread rest moves to the front and the file fills up behind it. A
+// line that starts at the front and does not end within the buffer is too long. Every byte is moved
+// at most once per refill, so memory is constant and time proportional to the file.
+//
+// Deliberate: a last line without a line feed that ends exactly with a full buffer is not returned.
+// It is the zero bytes behind the end of the file that end a last line, and there are none then.
 #include "io/line_source.h"
 
 #include <algorithm>

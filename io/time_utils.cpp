@@ -1,3 +1,12 @@
+// Date-time text:
+//
+//   text   = number "-" number "-" number [ " " time ]
+//   time   = number ":" number ":" number  |  anything with fewer than two colons, ignored
+//   number = white space [ "-" ] digits white space
+//
+// where no white space may stand between the second dash and the day, since a blank there ends the
+// date. Local time is the C run-time library's, its normalisation of days beyond the month and its
+// rule for daylight saving included; results are cut to 32 bits. All this is deliberate.
 #include <quarnfc/time_utils.h>
 
 #include <algorithm>

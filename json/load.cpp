@@ -10,6 +10,7 @@
 #include "json/records.h"
 #include "json/text_reader.h"
 #include "json/text_rules.h"
+#include "json/tree_copy.h"
 
 namespace {
 

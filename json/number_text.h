@@ -1,4 +1,8 @@
-// Numbers as text, the same on every target and in every locale.
+// Numbers as text, the same on every target and in every locale. No allocation.
+//
+// Reading takes what the C library's strtod takes in the "C" locale, without hexadecimal numbers,
+// infinities and NaN. Writing is "%.15f" and then the zeros are cut off: never an exponent, so that
+// 1e20 has 21 digits and 1e-16 is 0, deliberately. Both round correctly, ties to even.
 #ifndef QUARNFC_JSON_NUMBER_TEXT_H_
 #define QUARNFC_JSON_NUMBER_TEXT_H_
 

@@ -102,10 +102,6 @@ inline bool IsContainer(const CMyJsonValueImp& record) {
   return !record.array.empty() || record.object != nullptr;
 }
 
-// Gives target the content of fresh and fresh the old one. Only the field of the new type changes:
-// an old string or number stays in its field, ignored.
-void TakeContent(CMyJsonValueImp& target, CMyJsonValueImp& fresh) noexcept;
-
 }  // namespace quarnfc::json
 
 #endif  // QUARNFC_JSON_RECORDS_H_

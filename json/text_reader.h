@@ -1,4 +1,23 @@
 // Reads JSON objects and arrays, nested as deep as memory allows, in constant stack.
+//
+// The grammar is RFC 8259 made lenient. ws is any run of space, TAB, CR and LF; a zero byte ends
+// the text:
+//
+//   object = "{" ws { member ws [ "," ] ws } "}"
+//   member = string ws ":" ws [ value | "null" ]
+//   array  = "[" ws { value ws [ "," ] ws } "]"
+//   value  = object | array | string | "true" | "false" | number
+//   string = '"' { byte | "\" byte } '"'
+//   number = any bytes up to the next ws, ",", "]" or "}", which must be there
+//
+// Deviations, all deliberate: commas are optional, also in front of the closing bracket; a member
+// without a value is null, but "null" in an array is a number like any word; a number is what its
+// token starts with, and 0 when that is none; "\" makes t, r and n control characters and leaves
+// any other byte as it is, "u" included; control characters and any bytes may stand in strings; a
+// key may occur twice; what follows the outermost bracket is not looked at.
+//
+// One pass, byte by byte. Open containers stand on a stack on the heap, not on the call stack: a
+// few bytes for each level.
 #ifndef QUARNFC_JSON_TEXT_READER_H_
 #define QUARNFC_JSON_TEXT_READER_H_
 

@@ -1,4 +1,10 @@
-// Writes JSON values as text, nested as deep as memory allows, in constant stack.
+// Writes JSON values as text, nested as deep as memory allows, in constant stack: open containers
+// stand on a stack on the heap. The text is gathered in pieces and joined once.
+//
+// Compact, there is no white space outside strings. Strings escape exactly backslash, quote, TAB,
+// CR and LF; all other bytes are written as they are. Deliberately, keys are not escaped, a null
+// element of an array leaves only its comma, and numbers have at most 15 decimal places: these do
+// not read back as they were.
 //
 // Indented, a nested container starts on the line of its key or before it, each level is one TAB
 // deeper, and lines end with CR LF. Arrays of scalars stay on one line; every object in an array

@@ -1,4 +1,5 @@
-// Copies trees of JSON values of any depth in constant stack.
+// Fills records: copies trees of JSON values of any depth in constant stack, and moves content from
+// one record to another.
 #ifndef QUARNFC_JSON_TREE_COPY_H_
 #define QUARNFC_JSON_TREE_COPY_H_
 
@@ -12,6 +13,10 @@ void CopyContent(const CMyJsonValueImp& source, CMyJsonValueImp& target);
 
 // Fills the fresh (empty) record target with copies of the members of source, not of its message.
 void CopyMembers(const CMyJsonObjImp& source, CMyJsonObjImp& target);
+
+// Gives target the content of fresh and fresh the old one. Only the field of the new type changes:
+// an old string or number stays in its field, ignored.
+void TakeContent(CMyJsonValueImp& target, CMyJsonValueImp& fresh) noexcept;
 
 }  // namespace quarnfc::json
 

@@ -1,3 +1,16 @@
+// printf-style formatting.
+//
+//   item      = "%" flags [ width ] [ "." [ precision ] ] [ size ] conversion
+//   flags     = any of "-" "+" " " "#" "0"
+//   width     = digits | "*"          precision = digits | "*"
+//   size      = "h" "hh" "l" "ll" "I" "I32" "I64" "z" "j" "t", and "F" "L" "N" without effect
+//   conversion = "c" "C" "s" "S" "d" "i" "u" "x" "X" "o" "p" "e" "E" "f" "g" "G" "n"
+//
+// One pass over the format, by characters of the code page, into a growing buffer: the result can
+// be longer than the estimate that is counted alongside, which decides only how large a buffer the
+// string asks for. Numbers are converted one at a time by the C library, on the stack up to 127
+// characters. Deviations from it, so that the text is the same on every target: pointers, and
+// numbers that are not finite, are spelled as Windows does; "%n" writes nothing.
 #include "core/text/format_text.h"
 
 #include <algorithm>

@@ -1,3 +1,7 @@
+// Characters are cut from the left, one at a time, by the rule of multibyte_character.h: whether a
+// byte is a lead byte depends on the bytes in front of it, so nothing here starts in the middle of
+// a text or reads backwards. Searches compare at every character (time at most the product of the
+// lengths); nothing is allocated and nothing recurses.
 #include "core/text/multibyte.h"
 
 #include <algorithm>

@@ -1,3 +1,13 @@
+// Joining a folder and a path:
+//
+//   absolute = "\\" ...  |  one character or more, then ":" ...
+//   relative = { "\" } { ".\" | "..\" } name ...
+//
+// with every slash read as a backslash first. An absolute path stays as it is; of a relative one
+// each ".\" is dropped and each "..\" takes a folder off the base. Only leading dots are looked at:
+// "a\..\b" is not shortened, and a name that begins with a dot behind the leading steps is
+// refused, deliberately. Steps are taken from left to right without looking back; memory is a few
+// strings of the length of the path.
 #include <quarnfc/string_utils.h>
 
 #include <cstddef>

@@ -1,3 +1,12 @@
+// Wildcard patterns: "*" is any run of characters, "?" any one; there is no escape and there are no
+// sets.
+//
+// The pattern is cut at its runs of "*" into segments. The first must stand at the start of the
+// text, the last at its end, and each one between at the first place where it fits behind the one
+// before. Taking the first place never loses a match, since "*" in front of the next segment takes
+// up any distance: so nothing is ever tried again, and the time is at most the product of the two
+// lengths. Both texts are compared as UTF-16, upper-cased when case does not matter; these copies
+// are the only memory, and nothing recurses.
 #include <quarnfc/string_utils.h>
 
 #include <algorithm>
