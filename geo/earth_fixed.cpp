@@ -1,4 +1,17 @@
 // Earth-fixed Cartesian coordinates and the local frame of east, north and up.
+//
+// With n the unit normal at a point of the ellipsoid x^2/a^2 + y^2/a^2 + z^2/b^2 = 1, the point is
+// (a^2 n.x, a^2 n.y, b^2 n.z) / sqrt(a^2 n.x^2 + a^2 n.y^2 + b^2 n.z^2), and one at height h lies
+// h n from it. The way back looks for the point with that normal, the foot of the perpendicular
+// from p, as p / (1 + lambda / axis^2) on each axis: lambda is the root of
+//
+//   f = sum of (p / axis)^2 / (1 + lambda / axis^2)^2 - 1
+//
+// and found by Newton's method, started at the point where the ray from the centre meets the
+// surface. Nothing is allocated and no state is kept.
+//
+// Particularities, deliberate: the frame has no special case for the poles; near the centre the
+// point on the ray is the result; a height of 0 can be -0.0.
 #include <quarnfc/geographic.h>
 
 #include <cmath>

@@ -1,10 +1,28 @@
 // The reference ellipsoid and what the projections need of it, computed once.
+//
+//   b = a (1 - f)   e^2 = 1 - (b/a)^2   e'^2 = (a/b)^2 - 1   n = (a - b) / (a + b)
+//
+// Meridian arc from the equator to phi, as the series in powers of e^2 up to e^6 (J. P. Snyder, Map
+// Projections: A Working Manual, USGS Professional Paper 1395, 1987, equation 3-21):
+//
+//   a (A0 phi - A2 sin 2phi + A4 sin 4phi - A6 sin 6phi)
+//
+// Footpoint latitude, its inverse, as the series in powers of n (ibid. 3-26), mu being the arc
+// divided by a A0:
+//
+//   mu + F2 sin 2mu + F4 sin 4mu + F6 sin 6mu
+//
+// Deliberate: the term of sin 8mu (1097 n^4 / 512, a tenth of a millimetre on the ground) is left
+// out, and the inverse flattening of WGS84 is cut to 298.257. Nothing is checked: an axis or an
+// inverse flattening of 0 gives infinities and not-a-number.
 #include <quarnfc/geographic.h>
 
 #include <cmath>
 #include <type_traits>
 
 #include "geo/tolerance.h"
+
+using quarnfc::geo::IsNear;
 
 // Hosts copy systems bit for bit and read their fields by position.
 static_assert(sizeof(CQNGeoCoordinateSystem) == 16 * sizeof(double));
@@ -56,9 +74,9 @@ void CQNGeoCoordinateSystem::set(double semiMajorAxis, double inverseFlattening)
 }
 
 bool CQNGeoCoordinateSystem::operator==(const CQNGeoCoordinateSystem& other) const {
-  using namespace quarnfc::geo;
-  return IsNear(semi_major_axis_, other.semi_major_axis_, kMetreTolerance) &&
-         IsNear(inverse_flattening_, other.inverse_flattening_, kInverseFlatteningTolerance);
+  return IsNear(semi_major_axis_, other.semi_major_axis_, quarnfc::geo::kMetreTolerance) &&
+         IsNear(inverse_flattening_, other.inverse_flattening_,
+                quarnfc::geo::kInverseFlatteningTolerance);
 }
 
 bool CQNGeoCoordinateSystem::operator!=(const CQNGeoCoordinateSystem& other) const {

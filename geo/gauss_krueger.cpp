@@ -1,5 +1,20 @@
 // The Gauss-Krueger series: geographic to plane coordinates and back.
 //
+// The formulas are those of P. D. Thomas, Conformal Projections in Geodesy and Cartography, US
+// Coast and Geodetic Survey Special Publication 251, 1952, cut after the sixth power of the
+// longitude difference (forward) and of the distance from the central meridian (inverse). With t =
+// tan B, T = t^2, eta = e' cos B, m = (L - L0) cos B in radians, and N the radius of curvature in
+// the prime vertical:
+//
+//   north = arc(B) + N t (m^2/2 + (5 - T + 9 eta^2 + 4 eta^4) m^4/24)
+//           + (61 - 58 T + T^2 + 270 eta^2 - 330 T eta^2) m^6/720        <- see below
+//   east  = N (m + (1 - T + eta^2) m^3/6
+//           + (5 - 18 T + T^2 + 14 eta^2 - 58 T eta^2) m^5/120)
+//
+// both times the scale factor, plus the false origin. The inverse starts from the footpoint
+// latitude (see geo/ellipsoid.cpp). Nothing iterates, allocates or keeps a state; poles, far
+// meridians and ellipsoids that are none give what the formulas give.
+//
 // Deviations from the literature, all deliberate:
 //  - pi has 15 digits here;
 //  - the term of the sixth order in the northing lacks its factor N tan(latitude), which makes it

@@ -1,32 +1,17 @@
 // Geographic systems as GEOGCS texts.
+//
+// Written from one template, cut at 511 bytes; of what is read only the spheroid's two numbers
+// count. The notation is OGC 01-009 (Coordinate Transformation Services), 7.2, as far as
+// geo/wkt_reader.h says.
 #include <quarnfc/geographic.h>
 
-#include <algorithm>
-#include <iterator>
-
+#include "geo/create_wkt.h"
 #include "geo/known_systems.h"
-#include "geo/wkt_number.h"
-#include "geo/wkt_text.h"
+#include "geo/set_from_wkt.h"
 
 namespace quarnfc::geo {
 
 namespace {
-
-// The two older systems are written with more digits than the others, deliberately.
-constexpr char kDegree17[] = "0.01745329251994328";
-constexpr char kDegree15[] = "0.0174532925199433";
-
-// In the order in which they are tried. The last row stands for every other system.
-constexpr KnownSystem kKnownSystems[] = {
-    {&CQNGeoCoordinateSystem::Beijing54, "Beijing 1954", "Beijing_1954", "Krassowsky 1940",
-     kDegree17, "Beijing 1954"},
-    {&CQNGeoCoordinateSystem::XiAn80, "Xian 1980", "Xian_1980", "Xian 1980", kDegree17,
-     "Xian 1980"},
-    {&CQNGeoCoordinateSystem::CGCS2000, "China Geodetic Coordinate System 2000", "China_2000",
-     "CGCS2000", kDegree15, "CGCS2000"},
-    {&CQNGeoCoordinateSystem::WGS84, "WGS 84", "WGS_1984", "WGS 84", kDegree15, "WGS 84"},
-    {nullptr, "Unknown", "Unknown", "Unknown", kDegree15, "Unknown"},
-};
 
 constexpr char kTemplate[] =
     "GEOGCS[\"%s\",\n"
@@ -36,11 +21,6 @@ constexpr char kTemplate[] =
 constexpr int kTextSize = 512;
 
 }  // namespace
-
-const KnownSystem& FindKnownSystem(const CQNGeoCoordinateSystem& system) {
-  return *std::find_if(std::begin(kKnownSystems), std::end(kKnownSystems) - 1,
-                       [&](const KnownSystem& known) { return system == *known.system; });
-}
 
 }  // namespace quarnfc::geo
 

@@ -31,7 +31,13 @@ bool IsAt(double value, double expected) { return std::fabs(value - expected) <=
 
 }  // namespace quarnfc::geo
 
-using namespace quarnfc::geo;
+using quarnfc::geo::IsAt;
+using quarnfc::geo::IsNear;
+using quarnfc::geo::IsOff;
+using quarnfc::geo::kFalseEasting;
+using quarnfc::geo::kMetreTolerance;
+using quarnfc::geo::kSouthernFalseNorthing;
+using quarnfc::geo::kUtmScale;
 
 CQNProCoordinateSystem::CQNProCoordinateSystem()
     : CQNProCoordinateSystem(CQNGeoCoordinateSystem::Beijing54, 120.0, kFalseEasting, 0.0, 1.0) {}
@@ -53,10 +59,10 @@ void CQNProCoordinateSystem::set(const CQNGeoCoordinateSystem& geo, double centr
 
 bool CQNProCoordinateSystem::operator==(const CQNProCoordinateSystem& other) const {
   return geo_ == other.geo_ &&
-         IsNear(central_meridian_, other.central_meridian_, kMeridianTolerance) &&
+         IsNear(central_meridian_, other.central_meridian_, quarnfc::geo::kMeridianTolerance) &&
          IsNear(false_easting_, other.false_easting_, kMetreTolerance) &&
          IsNear(false_northing_, other.false_northing_, kMetreTolerance) &&
-         IsNear(scale_factor_, other.scale_factor_, kScaleTolerance);
+         IsNear(scale_factor_, other.scale_factor_, quarnfc::geo::kScaleTolerance);
 }
 
 bool CQNProCoordinateSystem::operator!=(const CQNProCoordinateSystem& other) const {
@@ -64,11 +70,12 @@ bool CQNProCoordinateSystem::operator!=(const CQNProCoordinateSystem& other) con
 }
 
 bool CQNProCoordinateSystem::IsUTM() const {
-  return IsNear(scale_factor_, kUtmScale, kUtmScaleTolerance);
+  return IsNear(scale_factor_, kUtmScale, quarnfc::geo::kUtmScaleTolerance);
 }
 
 bool CQNProCoordinateSystem::setByUTMCode(int code) {
-  if (code < -kLastUtmZone || code > kLastUtmZone || code == 0) return false;
+  if (code < -quarnfc::geo::kLastUtmZone || code > quarnfc::geo::kLastUtmZone || code == 0)
+    return false;
   set(CQNGeoCoordinateSystem::WGS84, std::abs(code) * 6 - 183, kFalseEasting,
       code < 0 ? kSouthernFalseNorthing : 0.0, kUtmScale);
   return true;

@@ -1,12 +1,16 @@
 // Projected systems as PROJCS texts.
+//
+// Written from one template, cut at 1023 bytes; what is read is the spheroid, the projection's name
+// and four parameters, each found by its keyword wherever it stands in the text. The notation is
+// OGC 01-009 (Coordinate Transformation Services), 7.2, as far as geo/wkt_reader.h says.
 #include <quarnfc/projected.h>
 
 #include <cmath>
 
+#include "geo/create_wkt.h"
 #include "geo/known_systems.h"
 #include "geo/messages.h"
-#include "geo/wkt_number.h"
-#include "geo/wkt_text.h"
+#include "geo/set_from_wkt.h"
 
 namespace quarnfc::geo {
 
@@ -72,18 +76,19 @@ char* CQNProCoordinateSystem::CreateWKT() const {
 
 // Each value goes straight into its field: deliberately, a failure leaves what was read before it.
 bool CQNProCoordinateSystem::SetFromWKTW(const wchar_t* wkt, wchar_t** errorMessage) {
-  using namespace quarnfc::geo;
-  using namespace quarnfc::geo::messages;
-  CWKTDef root;
+  namespace messages = quarnfc::geo::messages;
+  using quarnfc::geo::ReadParameter;
+  quarnfc::geo::CWKTDef root;
   CQNString error;
   const bool read =
-      ReadWkt(wkt, root, error) && ReadSpheroid(root, geo_, error) &&
-      CheckProjection(root, error) &&
-      ReadParameter(root, "central_meridian", kNoCentralMeridian, central_meridian_, error) &&
-      ReadParameter(root, "false_easting", kNoFalseEasting, false_easting_, error) &&
-      ReadParameter(root, "false_northing", kNoFalseNorthing, false_northing_, error) &&
-      ReadParameter(root, "scale_factor", kNoScaleFactor, scale_factor_, error);
-  return read || ReportFailure(error, errorMessage);
+      quarnfc::geo::ReadWkt(wkt, root, error) && quarnfc::geo::ReadSpheroid(root, geo_, error) &&
+      quarnfc::geo::CheckProjection(root, error) &&
+      ReadParameter(root, "central_meridian", messages::kNoCentralMeridian, central_meridian_,
+                    error) &&
+      ReadParameter(root, "false_easting", messages::kNoFalseEasting, false_easting_, error) &&
+      ReadParameter(root, "false_northing", messages::kNoFalseNorthing, false_northing_, error) &&
+      ReadParameter(root, "scale_factor", messages::kNoScaleFactor, scale_factor_, error);
+  return read || quarnfc::geo::ReportFailure(error, errorMessage);
 }
 
 bool CQNProCoordinateSystem::SetFromWKTA(const char* wkt, char** errorMessage) {

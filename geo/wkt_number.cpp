@@ -30,12 +30,4 @@ double ReadWktNumber(std::string_view text) {
   return result.ec == std::errc::result_out_of_range ? OutOfRange(text) : value;
 }
 
-CQNString WriteWktNumber(double value, int decimals) {
-  CQNString text;
-  text.Format("%.*f", decimals, value);
-  text.TrimRight('0');
-  text.TrimRight('.');
-  return text;
-}
-
 }  // namespace quarnfc::geo

@@ -1,8 +1,6 @@
-// Numbers as they stand in WKT.
+// Numbers as they are read from WKT.
 #ifndef QUARNFC_GEO_WKT_NUMBER_H_
 #define QUARNFC_GEO_WKT_NUMBER_H_
-
-#include <quarnfc/qn_string.h>
 
 #include <string_view>
 
@@ -15,10 +13,6 @@ bool IsWktNumber(std::string_view text);
 // The value of such a text, as the C library's atof gives it: what follows the longest number at
 // the start is ignored ("1.5-2" is 1.5), no number at the start is 0.
 double ReadWktNumber(std::string_view text);
-
-// A number with this count of decimals as CQNString::Format writes it, stripped of trailing zeros
-// and then of the point: 500000.000000 is "500000", 0.999600 is "0.9996".
-CQNString WriteWktNumber(double value, int decimals);
 
 }  // namespace quarnfc::geo
 

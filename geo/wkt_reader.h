@@ -1,8 +1,21 @@
 // Reads Well-Known Text into a tree of nodes and finds nodes and parameters in it.
 //
-// The notation is KEYWORD[value, value, ...], where a value is a quoted text, a number, a bare word
-// or another node. Text is 8-bit in the ANSI code page. Trees of any depth are read, searched and
-// destroyed without recursion.
+// The notation is that of OGC 01-009 (Coordinate Transformation Services), 7.2, with any keywords:
+//
+//   text   = node
+//   node   = keyword "[" [ value { "," value } ] "]"
+//   value  = node | quoted text | number | bare word
+//   number = an unquoted word of digits, points and signs
+//
+// Blanks (space, TAB, CR, LF) may stand around every token. Text is 8-bit in the ANSI code page.
+//
+// Deviations, all deliberate: only square brackets, no parentheses; no exponents; commas may be
+// repeated, and may be missing behind a closed node; a quoted text cannot hold a quote; the list of
+// the outermost node must be empty or end with a node, so UNIT["metre",1] alone is refused; nothing
+// but blanks may follow the text.
+//
+// One pass; the nodes that are open stand on a stack on the heap. Trees of any depth are read,
+// searched and destroyed without recursion.
 #ifndef QUARNFC_GEO_WKT_READER_H_
 #define QUARNFC_GEO_WKT_READER_H_
 
@@ -48,8 +61,6 @@ class CWKTDefValue {
   explicit CWKTDefValue(CWKTDef* self);
 
  private:
-  friend class CWKTDef;
-
   WktKind kind_;
   CQNString text_;
   double number_ = 0.0;
@@ -87,8 +98,13 @@ class CWKTDef : public CWKTDefValue {
   void Append(std::unique_ptr<CWKTDefValue> value);
 
  private:
+  // Removes the last node among the values, with the plain values behind it, and hands it out;
+  // null, with no value left, when there is none.
+  CWKTDef* TakeLastNode();
+
   CQNString keyword_;
   std::vector<CWKTDefValue*> values_;
+  CWKTDef* parent_ = nullptr;  // the node among whose values this one is; null for a root
 };
 
 }  // namespace quarnfc::geo

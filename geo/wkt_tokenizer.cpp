@@ -1,3 +1,12 @@
+// Tokens of Well-Known Text:
+//
+//   delimiter = "," | "[" | "]"
+//   quoted    = '"' { any byte but '"' } '"'
+//   word      = a run up to the next delimiter, blanks at both ends cut off
+//
+// A word that no delimiter follows is no token. Quotes are found byte by byte, delimiters by
+// characters of the code page, whose second bytes can look like brackets. Tokens are views of the
+// text: nothing is copied and nothing is allocated.
 #include "geo/wkt_tokenizer.h"
 
 #include "platform/platform.h"
@@ -12,10 +21,11 @@ bool IsBlank(char ch) { return kBlanks.find(ch) != std::string_view::npos; }
 
 bool IsDelimiter(char ch) { return ch == ',' || ch == '[' || ch == ']'; }
 
-// The width of the character at position. The second byte of a double-byte character can be a
-// bracket (0x5B, 0x5D) but lies above all other characters that matter here: a first byte in front
-// of a comma, a quote or a blank is a broken character of one byte.
-std::size_t CharWidth(std::string_view text, std::size_t position) {
+// How far the scan of a word moves on: the width of the character at position. The second byte of a
+// double-byte character can be a bracket (0x5B, 0x5D) but lies above all other characters that
+// matter here: a first byte in front of a comma, a quote or a blank is a broken character of one
+// byte.
+std::size_t WordStep(std::string_view text, std::size_t position) {
   constexpr unsigned char kLowestSecondByte = 0x40;
   const bool pair = position + 1 < text.size() &&
                     static_cast<unsigned char>(text[position + 1]) >= kLowestSecondByte &&
@@ -67,7 +77,7 @@ bool WktTokenizer::ReadQuoted(WktToken& token) {
 // A word runs to the next delimiter, which stays for the next call.
 bool WktTokenizer::ReadWord(WktToken& token) {
   std::size_t end = position_;
-  while (end < text_.size() && !IsDelimiter(text_[end])) end += CharWidth(text_, end);
+  while (end < text_.size() && !IsDelimiter(text_[end])) end += WordStep(text_, end);
   if (end >= text_.size()) return false;
   token.text = TrimRight(text_.substr(position_, end - position_));
   position_ = end;

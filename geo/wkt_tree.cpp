@@ -1,4 +1,8 @@
 // The tree that the WKT reader builds: ownership and search.
+//
+// A search compares keywords without regard to case, one level per component of the path, and takes
+// the first match at each level without going back: time is proportional to the values of the nodes
+// passed. Nothing recurses; destroying a tree takes no memory of its own, so that it cannot fail.
 #include <quarnfc/string_utils.h>
 
 #include "geo/wkt_reader.h"
@@ -49,30 +53,35 @@ CWKTDefValue::CWKTDefValue(CWKTDef* self) : kind_(WktKind::kNode), node_(self) {
 
 CWKTDef::CWKTDef(const CQNString& keyword) : CWKTDefValue(this), keyword_(keyword) {}
 
-// Takes the tree apart from the leaves up, without recursion and without memory of its own: on the
-// way down a node's pointer to itself serves as the way back to its parent.
+// Takes the tree apart from the leaves up: down to the last node of the last node, and back by way
+// of the parents. A node that is deleted here has no values left, so its own destructor ends at
+// once.
 CWKTDef::~CWKTDef() {
   CWKTDef* node = this;
   for (;;) {
-    if (node->values_.empty()) {
-      if (node == this) return;
-      CWKTDef* parent = node->node_;
-      delete node;
-      node = parent;
+    if (CWKTDef* child = node->TakeLastNode(); child != nullptr) {
+      node = child;
       continue;
     }
-    CWKTDefValue* value = node->values_.back();
-    node->values_.pop_back();
-    if (CWKTDef* child = value->node_; child != nullptr) {
-      child->node_ = node;
-      node = child;
-    } else {
-      delete value;
-    }
+    if (node == this) return;
+    CWKTDef* const parent = node->parent_;
+    delete node;
+    node = parent;
   }
 }
 
+CWKTDef* CWKTDef::TakeLastNode() {
+  while (!values_.empty()) {
+    CWKTDefValue* const value = values_.back();
+    values_.pop_back();
+    if (value->Node() != nullptr) return value->Node();
+    delete value;
+  }
+  return nullptr;
+}
+
 void CWKTDef::Append(std::unique_ptr<CWKTDefValue> value) {
+  if (CWKTDef* const node = value->Node(); node != nullptr) node->parent_ = this;
   values_.push_back(value.get());
   static_cast<void>(value.release());  // the node owns it now
 }

@@ -8,9 +8,9 @@
 #include "platform/cpu.h"
 #include "tests/codec/results.h"
 
+namespace quarnfc::codec {
 namespace {
 
-using namespace quarnfc::codec;
 using codec_test::Bytes;
 
 class Base64X86 : public testing::Test {
@@ -70,3 +70,4 @@ TEST_F(Base64X86, EveryByteAtEveryPlaceStopsOrDecodesLikeThePlainPath) {
 }
 
 }  // namespace
+}  // namespace quarnfc::codec

@@ -6,9 +6,8 @@
 
 #include "codec/alphabets.h"
 
+namespace quarnfc::codec {
 namespace {
-
-using namespace quarnfc::codec;
 
 constexpr std::uint64_t kLargest = 0xFFFFFFFF;
 
@@ -61,3 +60,4 @@ TEST(BitText, ResultThatCannotBeHadIsNull) {
 }
 
 }  // namespace
+}  // namespace quarnfc::codec

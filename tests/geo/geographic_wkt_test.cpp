@@ -9,7 +9,7 @@
 namespace {
 
 using namespace geo_test;
-using namespace quarnfc::geo::messages;
+namespace messages = quarnfc::geo::messages;
 
 TEST(GeographicWkt, PredefinedSystemsAreWrittenWithTheirNames) {
   const struct {
@@ -131,23 +131,23 @@ TEST(GeographicWkt, RefusedTextsGiveTheirMessageAndLeaveTheSystemAlone) {
     const char* text;
     std::string message;
   } cases[] = {
-      {nullptr, kNullText},
-      {"", kNoKey},
-      {"GEOGCS", kNoKey},
-      {"GEOGCS(\"x\")", kNoKey},
-      {"GEOGCS[\"WGS 84\"", Formatted(kNoEndMark, "WGS 84")},
-      {"GEOGCS[\"x\"]", kBracketsDoNotMatch},
-      {"GEOGCS[]", kNoSpheroid},
-      {"GEOGCS[DATUM[\"d\"]]", kNoSpheroid},
-      {"GEOGCS[SPHEROID[\"x\",6378137,298.257]]", kNoSpheroid},
-      {"GEOGCS[DATUM[SPHEROID[6378137,298.257]]]", kNoSpheroid},
-      {"GEOGCS[DATUM[SPHEROID[\"x\",\"6378137\",298.257]]]", kNoSpheroid},
-      {"GEOGCS[DATUM[SPHEROID[\"x\",6378137,\"298.257\"]]]", kNoSpheroid},
-      {"GEOGCS[DATUM[SPHEROID[\"x\",6.378137e6,298.257]]]", kNoSpheroid},
-      {"GEOGCS[DATUM[SPHEROID[\"x\",6378137,NODE[]]]]", kNoSpheroid},
-      {"GEOGCS[DATUM[SPHEROID[\"x\"],SPHEROID[\"y\",1,2]]]", kNoSpheroid},
-      {"VERTCS[DATUM[SPHEROID[\"x\",1,2]]]", kNoSpheroid},
-      {"GEOGCS[DATUM[SPHEROID[\"x\",1,2]]] more", kBracketsDoNotMatch},
+      {nullptr, messages::kNullText},
+      {"", messages::kNoKey},
+      {"GEOGCS", messages::kNoKey},
+      {"GEOGCS(\"x\")", messages::kNoKey},
+      {"GEOGCS[\"WGS 84\"", Formatted(messages::kNoEndMark, "WGS 84")},
+      {"GEOGCS[\"x\"]", messages::kBracketsDoNotMatch},
+      {"GEOGCS[]", messages::kNoSpheroid},
+      {"GEOGCS[DATUM[\"d\"]]", messages::kNoSpheroid},
+      {"GEOGCS[SPHEROID[\"x\",6378137,298.257]]", messages::kNoSpheroid},
+      {"GEOGCS[DATUM[SPHEROID[6378137,298.257]]]", messages::kNoSpheroid},
+      {"GEOGCS[DATUM[SPHEROID[\"x\",\"6378137\",298.257]]]", messages::kNoSpheroid},
+      {"GEOGCS[DATUM[SPHEROID[\"x\",6378137,\"298.257\"]]]", messages::kNoSpheroid},
+      {"GEOGCS[DATUM[SPHEROID[\"x\",6.378137e6,298.257]]]", messages::kNoSpheroid},
+      {"GEOGCS[DATUM[SPHEROID[\"x\",6378137,NODE[]]]]", messages::kNoSpheroid},
+      {"GEOGCS[DATUM[SPHEROID[\"x\"],SPHEROID[\"y\",1,2]]]", messages::kNoSpheroid},
+      {"VERTCS[DATUM[SPHEROID[\"x\",1,2]]]", messages::kNoSpheroid},
+      {"GEOGCS[DATUM[SPHEROID[\"x\",1,2]]] more", messages::kBracketsDoNotMatch},
   };
   for (const auto& c : cases) {
     Geo system(1000.0, 300.0);
@@ -164,7 +164,7 @@ TEST(GeographicWkt, NullWideTextGivesItsMessage) {
   wchar_t* message = nullptr;
   EXPECT_FALSE(system.SetFromWKTW(nullptr, &message));
   const WideText owned(message);
-  EXPECT_EQ(ToAnsi(message), kNullText);
+  EXPECT_EQ(ToAnsi(message), messages::kNullText);
 }
 
 TEST(GeographicWkt, MessageIsNotWantedWithANullArgument) {
@@ -192,7 +192,8 @@ TEST(GeographicWkt, ChineseNamesSurviveInMessages) {
   // 测绘 (surveying) in code page 936.
   const std::string name = "\xB2\xE2\xBB\xE6";
   Geo system;
-  EXPECT_EQ(ReadWkt(system, ("GEOGCS[\"" + name + "\"").c_str()), Formatted(kNoEndMark, name));
+  EXPECT_EQ(ReadWkt(system, ("GEOGCS[\"" + name + "\"").c_str()),
+            Formatted(messages::kNoEndMark, name));
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 namespace {
 
 using namespace geo_test;
-using namespace quarnfc::geo::messages;
+namespace messages = quarnfc::geo::messages;
 
 constexpr char kGeographic[] = "GEOGCS[\"g\",DATUM[\"d\",SPHEROID[\"s\",6378137,298.257]]]";
 
@@ -134,31 +134,31 @@ TEST(ProjectedWkt, RefusedTextsLeaveWhatWasReadBeforeTheFailure) {
     std::string message;
     Pro after;
   } cases[] = {
-      {"", kNoKey, before},
-      {"PROJCS[\"p\"", Formatted(kNoEndMark, "p"), before},
-      {"PROJCS[\"p\"," + kProjection + "]", kNoSpheroid, before},
-      {kGeographic, kNoProjection, Pro(Geo::WGS84, 1.0, 2.0, 3.0, 4.0)},
-      {Projected(""), kNoProjection, Pro(Geo::WGS84, 1.0, 2.0, 3.0, 4.0)},
-      {Projected(",PROJECTION[]"), kNoProjection, Pro(Geo::WGS84, 1.0, 2.0, 3.0, 4.0)},
-      {Projected(",PROJECTION[Transverse_Mercator]"), kNoProjection,
+      {"", messages::kNoKey, before},
+      {"PROJCS[\"p\"", Formatted(messages::kNoEndMark, "p"), before},
+      {"PROJCS[\"p\"," + kProjection + "]", messages::kNoSpheroid, before},
+      {kGeographic, messages::kNoProjection, Pro(Geo::WGS84, 1.0, 2.0, 3.0, 4.0)},
+      {Projected(""), messages::kNoProjection, Pro(Geo::WGS84, 1.0, 2.0, 3.0, 4.0)},
+      {Projected(",PROJECTION[]"), messages::kNoProjection, Pro(Geo::WGS84, 1.0, 2.0, 3.0, 4.0)},
+      {Projected(",PROJECTION[Transverse_Mercator]"), messages::kNoProjection,
        Pro(Geo::WGS84, 1.0, 2.0, 3.0, 4.0)},
-      {Projected(",PROJECTION[5]"), kNoProjection, Pro(Geo::WGS84, 1.0, 2.0, 3.0, 4.0)},
-      {Projected(",PROJECTION[\"Gauss_Kruger\"]"), Formatted(kWrongProjection, "Gauss_Kruger"),
+      {Projected(",PROJECTION[5]"), messages::kNoProjection, Pro(Geo::WGS84, 1.0, 2.0, 3.0, 4.0)},
+      {Projected(",PROJECTION[\"Gauss_Kruger\"]"),
+       Formatted(messages::kWrongProjection, "Gauss_Kruger"), Pro(Geo::WGS84, 1.0, 2.0, 3.0, 4.0)},
+      {Projected(",PROJECTION[\"\"]"), Formatted(messages::kWrongProjection, ""),
        Pro(Geo::WGS84, 1.0, 2.0, 3.0, 4.0)},
-      {Projected(",PROJECTION[\"\"]"), Formatted(kWrongProjection, ""),
-       Pro(Geo::WGS84, 1.0, 2.0, 3.0, 4.0)},
-      {Projected(kProjection), kNoCentralMeridian, Pro(Geo::WGS84, 1.0, 2.0, 3.0, 4.0)},
-      {Projected(kProjection + kMeridian + kScale), kNoFalseEasting,
+      {Projected(kProjection), messages::kNoCentralMeridian, Pro(Geo::WGS84, 1.0, 2.0, 3.0, 4.0)},
+      {Projected(kProjection + kMeridian + kScale), messages::kNoFalseEasting,
        Pro(Geo::WGS84, 114.0, 2.0, 3.0, 4.0)},
-      {Projected(kProjection + kMeridian + kEasting + kScale), kNoFalseNorthing,
+      {Projected(kProjection + kMeridian + kEasting + kScale), messages::kNoFalseNorthing,
        Pro(Geo::WGS84, 114.0, 38500000.0, 3.0, 4.0)},
-      {Projected(kProjection + kMeridian + kEasting + kNorthing), kNoScaleFactor,
+      {Projected(kProjection + kMeridian + kEasting + kNorthing), messages::kNoScaleFactor,
        Pro(Geo::WGS84, 114.0, 38500000.0, -10.5, 4.0)},
       {Projected(kProjection + kMeridian + kEasting + kNorthing +
                  ",PARAMETER[\"scale_factor\",\"1\"]"),
-       kNoScaleFactor, Pro(Geo::WGS84, 114.0, 38500000.0, -10.5, 4.0)},
+       messages::kNoScaleFactor, Pro(Geo::WGS84, 114.0, 38500000.0, -10.5, 4.0)},
       {Projected(kProjection + ",PARAMETER[\"central_meridian\",1e2]" + kMeridian),
-       kNoCentralMeridian, Pro(Geo::WGS84, 1.0, 2.0, 3.0, 4.0)},
+       messages::kNoCentralMeridian, Pro(Geo::WGS84, 1.0, 2.0, 3.0, 4.0)},
   };
   for (const auto& c : cases) {
     Pro by_ansi = before;
@@ -174,7 +174,7 @@ TEST(ProjectedWkt, NullTextsAndUnwantedMessages) {
   Pro system;
   char* message = nullptr;
   EXPECT_FALSE(system.SetFromWKTA(nullptr, &message));
-  EXPECT_STREQ(Text(message).get(), kNullText);
+  EXPECT_STREQ(Text(message).get(), messages::kNullText);
   EXPECT_FALSE(system.SetFromWKTA(nullptr, nullptr));
   EXPECT_FALSE(system.SetFromWKTW(nullptr, nullptr));
   EXPECT_TRUE(SameBits(system, Pro()));

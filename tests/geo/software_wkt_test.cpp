@@ -11,7 +11,7 @@
 namespace {
 
 using namespace geo_test;
-using namespace quarnfc::geo::messages;
+namespace messages = quarnfc::geo::messages;
 
 std::string Load(const std::string& name) {
   return ReadFile(std::string(QUARNFC_TEST_DATA) + "/wkt/" + name + ".wkt");
@@ -82,22 +82,22 @@ TEST(SoftwareWkt, OtherProjectedTextsAreRefusedByTheirProjection) {
     std::string message;
   } cases[] = {
       // One vendor names the same projection differently.
-      {"epsg-2327.esri", Formatted(kWrongProjection, "Gauss_Kruger")},
-      {"epsg-2362.esri", Formatted(kWrongProjection, "Gauss_Kruger")},
-      {"epsg-2414.esri", Formatted(kWrongProjection, "Gauss_Kruger")},
-      {"epsg-2432.esri", Formatted(kWrongProjection, "Gauss_Kruger")},
-      {"epsg-4526.esri", Formatted(kWrongProjection, "Gauss_Kruger")},
-      {"epsg-4547.esri", Formatted(kWrongProjection, "Gauss_Kruger")},
-      {"epsg-3395.gdal", Formatted(kWrongProjection, "Mercator_1SP")},
-      {"epsg-3395.esri", Formatted(kWrongProjection, "Mercator")},
-      {"epsg-3857.gdal", Formatted(kWrongProjection, "Mercator_1SP")},
-      {"epsg-3857.esri", Formatted(kWrongProjection, "Mercator_Auxiliary_Sphere")},
-      {"epsg-4326.gdal", kNoProjection},
-      {"epsg-4490.esri", kNoProjection},
-      {"epsg-4214.gdal", kNoProjection},
-      {"epsg-4610.esri", kNoProjection},
-      {"epsg-4807.gdal", kNoProjection},
-      {"epsg-4326.wkt2", kNoSpheroid},
+      {"epsg-2327.esri", Formatted(messages::kWrongProjection, "Gauss_Kruger")},
+      {"epsg-2362.esri", Formatted(messages::kWrongProjection, "Gauss_Kruger")},
+      {"epsg-2414.esri", Formatted(messages::kWrongProjection, "Gauss_Kruger")},
+      {"epsg-2432.esri", Formatted(messages::kWrongProjection, "Gauss_Kruger")},
+      {"epsg-4526.esri", Formatted(messages::kWrongProjection, "Gauss_Kruger")},
+      {"epsg-4547.esri", Formatted(messages::kWrongProjection, "Gauss_Kruger")},
+      {"epsg-3395.gdal", Formatted(messages::kWrongProjection, "Mercator_1SP")},
+      {"epsg-3395.esri", Formatted(messages::kWrongProjection, "Mercator")},
+      {"epsg-3857.gdal", Formatted(messages::kWrongProjection, "Mercator_1SP")},
+      {"epsg-3857.esri", Formatted(messages::kWrongProjection, "Mercator_Auxiliary_Sphere")},
+      {"epsg-4326.gdal", messages::kNoProjection},
+      {"epsg-4490.esri", messages::kNoProjection},
+      {"epsg-4214.gdal", messages::kNoProjection},
+      {"epsg-4610.esri", messages::kNoProjection},
+      {"epsg-4807.gdal", messages::kNoProjection},
+      {"epsg-4326.wkt2", messages::kNoSpheroid},
   };
   for (const auto& c : cases) {
     Pro system;
@@ -107,7 +107,7 @@ TEST(SoftwareWkt, OtherProjectedTextsAreRefusedByTheirProjection) {
 
 TEST(SoftwareWkt, NewerNotationIsRefused) {
   Geo system;
-  EXPECT_EQ(ReadWkt(system, Load("epsg-4326.wkt2").c_str()), kNoSpheroid);
+  EXPECT_EQ(ReadWkt(system, Load("epsg-4326.wkt2").c_str()), messages::kNoSpheroid);
   EXPECT_TRUE(SameBits(system, Geo()));
 }
 

@@ -8,10 +8,9 @@
 #include "geo/messages.h"
 #include "tests/geo/geo_support.h"
 
+namespace quarnfc::geo {
 namespace {
 
-using namespace quarnfc::geo;
-using namespace quarnfc::geo::messages;
 using geo_test::Formatted;
 
 // The message of a refused text, or "accepted".
@@ -155,13 +154,13 @@ TEST(WktReader, ValueHoldsItsTextAndKind) {
 
 TEST(WktReader, NullTextIsRefused) {
   CWKTDef root;
-  EXPECT_EQ(Read(nullptr, root), kNullText);
+  EXPECT_EQ(Read(nullptr, root), messages::kNullText);
 }
 
 TEST(WktReader, TextWithoutAKeywordAndABracketIsRefused) {
   for (const char* text :
        {"", " \r\n", "GEOGCS", "GEOGCS(\"x\")", "\"A\"[]", "A,[]", "A]", "\"A", "A B", ",", "]"}) {
-    EXPECT_EQ(Read(text), kNoKey) << text;
+    EXPECT_EQ(Read(text), messages::kNoKey) << text;
   }
 }
 
@@ -171,37 +170,37 @@ TEST(WktReader, BracketsMustMatch) {
            "UNIT[\"metre\",1]", "A[1]", "A[x]",  // the root's list must end with a node
            "A[[", "A[B[],[", "A[,[]]",           // a bracket without a keyword
        }) {
-    EXPECT_EQ(Read(text), kBracketsDoNotMatch) << text;
+    EXPECT_EQ(Read(text), messages::kBracketsDoNotMatch) << text;
   }
 }
 
 TEST(WktReader, NothingButBlanksMayFollowTheRoot) {
   EXPECT_EQ(Read("A[] \t\r\n"), "accepted");
   for (const char* tail : {"]", "[", ",", " word", " word,", "\"quoted\"", "\"open", "B[]", "\v"}) {
-    EXPECT_EQ(Read(std::string("A[]") + tail), kBracketsDoNotMatch) << tail;
+    EXPECT_EQ(Read(std::string("A[]") + tail), messages::kBracketsDoNotMatch) << tail;
   }
 }
 
 TEST(WktReader, ValueNeedsAnEndMark) {
-  EXPECT_EQ(Read("GEOGCS[\"WGS 84\""), Formatted(kNoEndMark, "WGS 84"));
-  EXPECT_EQ(Read("A[\"x\" "), Formatted(kNoEndMark, "x"));
-  EXPECT_EQ(Read("A[\"x\" \"y\"]"), Formatted(kNoEndMark, "x"));
-  EXPECT_EQ(Read("A[\"\" \"y\"]"), Formatted(kNoEndMark, ""));
-  EXPECT_EQ(Read("A[\"x\" word"), Formatted(kNoEndMark, "x"));
-  EXPECT_EQ(Read("A[\"x\" \"open]"), Formatted(kNoEndMark, "x"));
-  EXPECT_EQ(Read("A[B[\"%d%n\""), Formatted(kNoEndMark, "%d%n"));
+  EXPECT_EQ(Read("GEOGCS[\"WGS 84\""), Formatted(messages::kNoEndMark, "WGS 84"));
+  EXPECT_EQ(Read("A[\"x\" "), Formatted(messages::kNoEndMark, "x"));
+  EXPECT_EQ(Read("A[\"x\" \"y\"]"), Formatted(messages::kNoEndMark, "x"));
+  EXPECT_EQ(Read("A[\"\" \"y\"]"), Formatted(messages::kNoEndMark, ""));
+  EXPECT_EQ(Read("A[\"x\" word"), Formatted(messages::kNoEndMark, "x"));
+  EXPECT_EQ(Read("A[\"x\" \"open]"), Formatted(messages::kNoEndMark, "x"));
+  EXPECT_EQ(Read("A[B[\"%d%n\""), Formatted(messages::kNoEndMark, "%d%n"));
 }
 
 TEST(WktReader, EndMarkMustBeACommaOrAClosingBracket) {
-  EXPECT_EQ(Read("A[\"x\"[1]]"), Formatted(kNoValidEndMark, "x"));
-  EXPECT_EQ(Read("A[\"x\" y,1]"), Formatted(kNoValidEndMark, "x"));
-  EXPECT_EQ(Read("A[\"x\" y]"), Formatted(kNoValidEndMark, "x"));
+  EXPECT_EQ(Read("A[\"x\"[1]]"), Formatted(messages::kNoValidEndMark, "x"));
+  EXPECT_EQ(Read("A[\"x\" y,1]"), Formatted(messages::kNoValidEndMark, "x"));
+  EXPECT_EQ(Read("A[\"x\" y]"), Formatted(messages::kNoValidEndMark, "x"));
 }
 
 TEST(WktReader, TokensThatCannotBeDelimitedReadAsTheEnd) {
-  EXPECT_EQ(Read("A[word"), kBracketsDoNotMatch);
-  EXPECT_EQ(Read("A[\"open"), kBracketsDoNotMatch);
-  EXPECT_EQ(Read("A[1,\"open]]"), kBracketsDoNotMatch);
+  EXPECT_EQ(Read("A[word"), messages::kBracketsDoNotMatch);
+  EXPECT_EQ(Read("A[\"open"), messages::kBracketsDoNotMatch);
+  EXPECT_EQ(Read("A[1,\"open]]"), messages::kBracketsDoNotMatch);
 }
 
 // 乕 is 81 5B and 乚 81 5D in code page 936: their second bytes are those of the brackets.
@@ -214,7 +213,7 @@ TEST(WktReader, SecondBytesOfCharactersNeverDelimit) {
 TEST(WktReader, BrokenCharactersDoNotSwallowDelimiters) {
   EXPECT_EQ(Tree("A[x\x81,B[]]"), "A[x\x81,B[]]");
   EXPECT_EQ(Tree("A[\"x\x81\",B[]]"), "A[\"x\x81\",B[]]");
-  EXPECT_EQ(Read("A[x\x81"), kBracketsDoNotMatch);
+  EXPECT_EQ(Read("A[x\x81"), messages::kBracketsDoNotMatch);
 }
 
 TEST(WktReader, ControlBytesAreOrdinaryText) {
@@ -278,7 +277,7 @@ std::string Repeat(const std::string& piece, int count) {
 
 TEST(WktReader, DeepNestingIsReadAndDestroyedWithoutRecursion) {
   EXPECT_EQ(Read(Repeat("A[", kMany) + Repeat("]", kMany)), "accepted");
-  EXPECT_EQ(Read(Repeat("A[\"x\",", kMany)), kBracketsDoNotMatch);
+  EXPECT_EQ(Read(Repeat("A[\"x\",", kMany)), messages::kBracketsDoNotMatch);
   CWKTDef root;
   ASSERT_EQ(Read((Repeat("A[", kMany) + Repeat("]", kMany)).c_str(), root), "accepted");
   EXPECT_NE(root.Find("A\\A\\A\\A"), nullptr);
@@ -292,13 +291,14 @@ TEST(WktReader, LongListsAreRead) {
 
 TEST(WktReader, MegabytesInOneTokenAreReadAndQuotedInMessages) {
   const std::string long_text(8'000'000, 'x');
-  EXPECT_EQ(Read("A[\"" + long_text + "\""), Formatted(kNoEndMark, long_text));
-  EXPECT_EQ(Read("A[\"" + long_text + "\" y]"), Formatted(kNoValidEndMark, long_text));
+  EXPECT_EQ(Read("A[\"" + long_text + "\""), Formatted(messages::kNoEndMark, long_text));
+  EXPECT_EQ(Read("A[\"" + long_text + "\" y]"), Formatted(messages::kNoValidEndMark, long_text));
   EXPECT_EQ(Read("A[" + long_text + ",B[" + long_text + "]]"), "accepted");
   EXPECT_EQ(Read("A[" + std::string(8'000'000, '7') + ",B[]]"), "accepted");
-  EXPECT_EQ(Read(long_text), kNoKey);
-  EXPECT_EQ(Read("A[" + Repeat("\"", 1'000'001)), Formatted(kNoEndMark, ""));
+  EXPECT_EQ(Read(long_text), messages::kNoKey);
+  EXPECT_EQ(Read("A[" + Repeat("\"", 1'000'001)), Formatted(messages::kNoEndMark, ""));
   EXPECT_EQ(Read("A[]" + std::string(8'000'000, ' ')), "accepted");
 }
 
 }  // namespace
+}  // namespace quarnfc::geo

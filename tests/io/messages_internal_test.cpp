@@ -4,9 +4,8 @@
 
 #include "tests/io/csv_rows.h"
 
+namespace quarnfc::io {
 namespace {
-
-using namespace quarnfc::io;
 
 TEST(CsvMessages, DecodeToTheirTexts) {
   const struct {
@@ -20,3 +19,4 @@ TEST(CsvMessages, DecodeToTheirTexts) {
 }
 
 }  // namespace
+}  // namespace quarnfc::io
