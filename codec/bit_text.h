@@ -1,5 +1,13 @@
 // Text that spells bytes with an alphabet of 2^n characters, n bits a character, the most
-// significant bits first: what Base64 (n = 6) and Base32 (n = 5) have in common.
+// significant bits first: what Base64 (n = 6) and Base32 (n = 5) have in common (RFC 4648, sections
+// 4 and 6, for the order of bits and the padding).
+//
+// Encoding takes whole groups of bytes and fills the last one up with zero bits. Decoding takes
+// whole groups of characters as long as none is "=" or foreign, then single characters to the end,
+// the first "=" or a foreign one. One pass over the data and one allocation; no stack beyond a few
+// words. Deviations from the RFC, all deliberate: decoding stops at the first "=" wherever it
+// stands and asks for no padding; left-over bits need not be zero; blanks and line breaks are
+// foreign.
 //
 // An alphabet is a type with
 //   kBits         bits per character
@@ -137,7 +145,7 @@ inline std::uint64_t LengthOf(const wchar_t* text) { return WideLength(text); }
 
 // The count of characters to decode: 0 asks for all up to the terminator.
 template <class Char>
-std::uint64_t TextLength(const Char* text, unsigned int length) {
+std::uint64_t CountToDecode(const Char* text, unsigned int length) {
   if (text == nullptr) return 0;
   return length != 0 ? length : LengthOf(text);
 }
@@ -215,7 +223,7 @@ template <class Alphabet, class Char>
 int DecodeBits(const Char* text, unsigned int length, unsigned char** data) noexcept {
   if (data == nullptr) return 0;
   *data = nullptr;
-  const std::uint64_t characters = TextLength(text, length);
+  const std::uint64_t characters = CountToDecode(text, length);
   const std::uint64_t capacity = DecodedCapacity<Alphabet>(characters);
   auto* const buffer = TryAllocResult<unsigned char>(capacity);
   if (buffer == nullptr) return 0;

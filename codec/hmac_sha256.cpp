@@ -1,3 +1,9 @@
+// HMAC (RFC 2104) with SHA-256, whose blocks have 64 bytes:
+//
+//   H((key ^ 0x5C...) H((key ^ 0x36...) data))
+//
+// A key longer than a block is replaced by its digest. Nothing is allocated; two digest states of
+// about a hundred bytes, one after the other, on the stack.
 #include "quarnfc/hmac_sha256.h"
 
 #include <algorithm>
@@ -46,7 +52,7 @@ Sha256::Digest KeyedDigest(BlockKey key, unsigned char pad, const void* data, st
 
 namespace QNHMACSHA {
 
-using namespace quarnfc::codec;
+using quarnfc::codec::KeyedDigest;
 
 void qnHMAC_SHA256(const char* key, int keySize, const void* data, int dataSize, char* digest,
                    int* length) {
@@ -54,9 +60,9 @@ void qnHMAC_SHA256(const char* key, int keySize, const void* data, int dataSize,
   const std::size_t key_size = key == nullptr || keySize < 0 ? 0 : keySize;
   const std::size_t data_size = data == nullptr ? 0 : static_cast<unsigned int>(dataSize);
 
-  const BlockKey block_key = MakeBlockKey(key, key_size);
-  const Sha256::Digest inner = KeyedDigest(block_key, kInnerPad, data, data_size);
-  const Sha256::Digest outer = KeyedDigest(block_key, kOuterPad, inner.data(), inner.size());
+  const auto block_key = quarnfc::codec::MakeBlockKey(key, key_size);
+  const auto inner = KeyedDigest(block_key, quarnfc::codec::kInnerPad, data, data_size);
+  const auto outer = KeyedDigest(block_key, quarnfc::codec::kOuterPad, inner.data(), inner.size());
 
   *length = std::min(*length, static_cast<int>(outer.size()));
   if (*length > 0) std::memcpy(digest, outer.data(), *length);

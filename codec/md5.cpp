@@ -1,3 +1,9 @@
+// MD5 (RFC 1321): 64 steps over each block of 64 bytes, the message filled up with one set bit,
+// zeros and its length in bits.
+//
+// Deviations, both deliberate and part of the data format: bytes are packed into words as signed
+// values (PackWord), and the length counts modulo 2^32 bits only. Blocks are digested where they
+// lie; one block on the stack, no allocation.
 #include "quarnfc/md5.h"
 
 #include <array>
@@ -132,11 +138,13 @@ void Md5Text(const void* data, unsigned int size, const char* digits, Char* text
 
 namespace QNMD5 {
 
-using namespace quarnfc::codec;
+using quarnfc::codec::kLowerHexDigits;
+using quarnfc::codec::kUpperHexDigits;
+using quarnfc::codec::Md5Text;
 
 void qnGetMD5Data(const void* data, unsigned int size, unsigned int* words) {
   if (words == nullptr) return;
-  const State state = Md5(data, size);
+  const auto state = quarnfc::codec::Md5(data, size);
   std::memcpy(words, state.data(), sizeof(state));
 }
 
