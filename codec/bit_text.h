@@ -82,7 +82,8 @@ void ForEach(const Action& action) {
 }
 
 // A faster way for the start of the data or text. Each function returns how many whole groups it
-// has done, which may be none; the plain loop goes on from there. Specialised where there is one.
+// has done, which may be none; the plain loop goes on from there and, for texts, comes back after
+// the next group. Specialised where there is one.
 template <class Alphabet, class Char>
 struct FastPath {
   static std::uint64_t Encode(const unsigned char*, std::uint64_t, Char*) { return 0; }
@@ -150,17 +151,16 @@ std::uint64_t CountToDecode(const Char* text, unsigned int length) {
   return length != 0 ? length : LengthOf(text);
 }
 
-// Decodes one group; false, with nothing stored, when it holds a pad or foreign character.
+// Decodes one group; false, with nothing stored, when it holds a pad or foreign character. Reads
+// nothing behind the first of them: the count may be larger than the text.
 template <class Alphabet, class Char>
 bool DecodeGroup(const Char* text, unsigned char* data) {
   std::uint64_t group = 0;
-  unsigned all = 0;
-  ForEach<Alphabet::kGroupChars>([&](auto k) {
+  for (int k = 0; k < Alphabet::kGroupChars; ++k) {
     const unsigned value = ValueOf<Alphabet>(text[k]);
-    all |= value;
+    if ((value & kForeign) != 0) return false;
     group = group << Alphabet::kBits | value;
-  });
-  if ((all & kForeign) != 0) return false;
+  }
   ForEach<Alphabet::kGroupBytes>([&](auto i) {
     data[i] = static_cast<unsigned char>(group >> 8 * (Alphabet::kGroupBytes - 1 - i));
   });
@@ -172,13 +172,17 @@ bool DecodeGroup(const Char* text, unsigned char* data) {
 template <class Alphabet, class Char>
 std::uint64_t DecodeGroups(const Char* text, std::uint64_t length, unsigned char* data) {
   const std::uint64_t groups = length / Alphabet::kGroupChars;
-  const std::uint64_t done = FastPath<Alphabet, Char>::Decode(text, length, data);
-  text += done * Alphabet::kGroupChars;
-  data += done * Alphabet::kGroupBytes;
-  for (std::uint64_t i = done; i < groups; ++i) {
-    if (!DecodeGroup<Alphabet>(text, data)) return i;
-    text += Alphabet::kGroupChars;
-    data += Alphabet::kGroupBytes;
+  for (std::uint64_t done = 0; done < groups; ++done) {
+    const Char* rest = text + done * Alphabet::kGroupChars;
+    const std::uint64_t rest_length = length - done * Alphabet::kGroupChars;
+    const std::uint64_t fast =
+        FastPath<Alphabet, Char>::Decode(rest, rest_length, data + done * Alphabet::kGroupBytes);
+    done += fast;
+    if (done == groups) break;
+    if (!DecodeGroup<Alphabet>(rest + fast * Alphabet::kGroupChars,
+                               data + done * Alphabet::kGroupBytes)) {
+      return done;
+    }
   }
   return groups;
 }

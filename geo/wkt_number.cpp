@@ -9,11 +9,11 @@ namespace quarnfc::geo {
 namespace {
 
 // A number that no double holds is infinite when it has a digit above 0 in front of the point,
-// otherwise it vanishes.
+// otherwise it vanishes. Either way it keeps its sign.
 double OutOfRange(std::string_view text) {
-  if (text.find_first_of("123456789") >= text.find('.')) return 0.0;
-  const double infinity = std::numeric_limits<double>::infinity();
-  return text.front() == '-' ? -infinity : infinity;
+  const bool is_large = text.find_first_of("123456789") < text.find('.');
+  const double magnitude = is_large ? std::numeric_limits<double>::infinity() : 0.0;
+  return text.front() == '-' ? -magnitude : magnitude;
 }
 
 }  // namespace

@@ -15,16 +15,14 @@
 
 #include <algorithm>
 #include <climits>
-#include <cmath>
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
-#include <new>
 #include <string_view>
 
 #include <quarnfc/qn_string.h>
 
 #include "core/text/characters.h"
+#include "core/text/format_number.h"
 #include "core/text/format_spec.h"
 #include "core/text/string_buffer.h"
 
@@ -74,12 +72,9 @@ class Formatter {
   void AppendUnsigned();
   void AppendPointer();
   void AppendFloat();
-  void AppendNotFinite(double value);
   void AppendNullText();
   void AppendPadded(std::string_view text) { AppendPadded(text, text.size()); }
   void AppendPadded(std::string_view text, std::size_t columns);
-  template <class Value>
-  void Print(const char* size, Value value, char conversion);
 
   long long NextSigned();
   unsigned long long NextUnsigned();
@@ -241,53 +236,23 @@ unsigned long long Formatter::NextUnsigned() {
   }
 }
 
-// Appends a number as the C library prints it with the flags of the specification.
-template <class Value>
-void Formatter::Print(const char* size, Value value, char conversion) {
-  char format[16];
-  char* p = format;
-  *p++ = '%';
-  if (spec_.left) *p++ = '-';
-  if (spec_.plus) *p++ = '+';
-  if (spec_.blank) *p++ = ' ';
-  if (spec_.alternates > 0) *p++ = '#';
-  if (spec_.zero) *p++ = '0';
-  std::snprintf(p, static_cast<std::size_t>(format + sizeof(format) - p), "*.*%s%c", size,
-                conversion);
-
-  // A negative precision counts as none.
-  char room[128];
-  const int length = std::snprintf(room, sizeof(room), format, spec_.width, spec_.precision, value);
-  if (length < 0) throw std::bad_alloc();
-  const std::size_t count = static_cast<std::size_t>(length);
-  if (count < sizeof(room)) {
-    result_.text.append(room, count);
-    return;
-  }
-  const std::size_t begin = result_.text.size();
-  result_.text.resize(begin + count + 1);
-  std::snprintf(&result_.text[begin], count + 1, format, spec_.width, spec_.precision, value);
-  result_.text.resize(begin + count);
-}
-
 void Formatter::AppendSigned() {
   CountNumber(std::max<long long>(WidthAndPrecision(), 32));
-  Print("ll", NextSigned(), 'd');
+  quarnfc::AppendSigned(result_.text, spec_, NextSigned());
 }
 
 void Formatter::AppendUnsigned() {
   CountNumber(std::max<long long>(WidthAndPrecision(), 32));
-  Print("ll", NextUnsigned(), spec_.conversion);
+  quarnfc::AppendUnsigned(result_.text, spec_, NextUnsigned());
 }
 
 // A pointer is sixteen upper-case hexadecimal digits, as Windows prints it.
 void Formatter::AppendPointer() {
   CountNumber(std::max<long long>(WidthAndPrecision(), 32));
   spec_.precision = 16;
-  Print("ll",
-        static_cast<unsigned long long>(
-            reinterpret_cast<std::uintptr_t>(va_arg(arguments_.list, void*))),
-        'X');
+  spec_.conversion = 'X';
+  quarnfc::AppendUnsigned(result_.text, spec_,
+                          reinterpret_cast<std::uintptr_t>(va_arg(arguments_.list, void*)));
 }
 
 void Formatter::AppendFloat() {
@@ -296,27 +261,7 @@ void Formatter::AppendFloat() {
   } else if (spec_.conversion != 'E') {
     CountNumber(std::max<long long>(WidthAndPrecision(), 128));
   }
-  const double value = va_arg(arguments_.list, double);
-  if (std::isfinite(value)) {
-    Print("", value, spec_.conversion);
-  } else {
-    AppendNotFinite(value);
-  }
-}
-
-// Infinities and what is not a number, as Windows spells them; C libraries differ.
-void Formatter::AppendNotFinite(double value) {
-  const bool is_upper = spec_.conversion < 'a';
-  std::string text = std::signbit(value) ? "-" : spec_.plus ? "+" : spec_.blank ? " " : "";
-  if (std::isinf(value)) {
-    text += is_upper ? "INF" : "inf";
-  } else {
-    text += is_upper ? "NAN" : "nan";
-    // The value that invalid operations give.
-    if (std::signbit(value)) text += is_upper ? "(IND)" : "(ind)";
-  }
-  spec_.zero = false;
-  AppendPadded(text);
+  quarnfc::AppendFloat(result_.text, spec_, va_arg(arguments_.list, double));
 }
 
 }  // namespace

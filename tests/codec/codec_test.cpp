@@ -1,7 +1,10 @@
 // What holds for both codecs. The decoders are held against the plain rule of codec_reference.h.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/codec/codec_reference.h"
+#include "tests/support/page_end.h"
 
 namespace {
 
@@ -135,6 +138,56 @@ TYPED_TEST(Codecs, ForeignCharactersStoreNull) {
 
 TYPED_TEST(Codecs, ZeroWithinTheCountIsForeign) {
   EXPECT_TRUE(DecodeA<TypeParam>(std::string("aaa\0aaaa", 8)).refused);
+}
+
+// The text ends at the end of a page, and the page behind it cannot be read.
+TYPED_TEST(Codecs, NothingIsReadBehindTheFirstCharacterThatIsNotDecoded) {
+  for (const char* end : {"=", "!", "\x80"}) {
+    for (std::size_t length = 0; length <= 70; ++length) {
+      const std::string text = std::string(length, 'b') + end;
+      const test_support::PageEnd page(text.data(), text.size());
+      const Decoded expected = DecodeA<TypeParam>(text);
+      for (const unsigned more : {1u, 7u, 16u, 100u, 4096u}) {
+        const auto count = static_cast<unsigned>(text.size()) + more;
+        unsigned char* data = nullptr;
+        const int bytes = TypeParam::DecodeA(page.As<char>(), count, &data);
+        const Owned<unsigned char> owned(data);
+        EXPECT_EQ(bytes, expected.count) << text;
+        EXPECT_EQ(data == nullptr, expected.refused) << text;
+      }
+    }
+  }
+}
+
+TYPED_TEST(Codecs, NothingIsReadBehindTheTerminatorWhateverTheCount) {
+  for (std::size_t length = 0; length <= 70; ++length) {
+    const std::string text(length, 'b');
+    const test_support::PageEnd page(text.c_str(), length + 1);
+    const std::vector<wchar_t> wide = Widen(text);
+    const test_support::PageEnd wide_page(wide.data(), wide.size() * sizeof(wchar_t));
+    for (const unsigned more : {1u, 2u, 16u, 100u}) {
+      unsigned char* data = nullptr;
+      const auto count = static_cast<unsigned>(length) + more;
+      EXPECT_EQ(TypeParam::DecodeA(page.As<char>(), count, &data), 0);
+      EXPECT_EQ(data, nullptr) << "a zero within the count is foreign";
+      EXPECT_EQ(TypeParam::DecodeW(wide_page.As<wchar_t>(), count, &data), 0);
+      EXPECT_EQ(data, nullptr);
+    }
+  }
+}
+
+// Longer than a page, so that the fast path meets its end and goes on behind it.
+TYPED_TEST(Codecs, TextsOfSeveralPagesDecodeFromEveryAddress) {
+  const Bytes data = RandomBytes(9000);
+  const std::string text = EncodeA<TypeParam>(data);
+  for (std::size_t shift = 0; shift < 40; ++shift) {
+    const std::string moved = std::string(shift, ' ') + text;
+    unsigned char* decoded = nullptr;
+    const int count = TypeParam::DecodeA(moved.c_str() + shift, 0, &decoded);
+    const Owned<unsigned char> owned(decoded);
+    ASSERT_EQ(count, 9000);
+    EXPECT_TRUE(std::equal(data.begin(), data.end(), decoded));
+  }
 }
 
 TYPED_TEST(Codecs, IncompleteGroupsKeepTheirLeftOverBitsBehindTheCountedBytes) {

@@ -127,7 +127,8 @@ TEST(WktReader, NumbersBeyondTheRangeOfDoubleAreInfiniteOrZero) {
   const std::string digits(400, '9');
   EXPECT_EQ(Tree("A[" + digits + ",-" + digits + ",+" + digits + ",B[]]"),
             "A[#inf,#-inf,#inf,B[]]");
-  EXPECT_EQ(Tree("A[0." + std::string(400, '0') + "1,B[]]"), "A[#0,B[]]");
+  const std::string tiny = "0." + std::string(400, '0') + "1";
+  EXPECT_EQ(Tree("A[" + tiny + ",-" + tiny + ",+" + tiny + ",B[]]"), "A[#0,#-0,#0,B[]]");
 }
 
 TEST(WktReader, AxisHasAQuotedTextAndABareWord) {

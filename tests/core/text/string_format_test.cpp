@@ -12,6 +12,7 @@
 #include <string>
 
 #include "tests/core/text/text.h"
+#include "tests/support/small_stack.h"
 
 namespace {
 
@@ -275,6 +276,51 @@ TEST(StringFormat, LongNumbersNeverOverrun) {
   EXPECT_EQ(Formatted("%700f", 0.5), std::string(692, ' ') + "0.500000");
   EXPECT_EQ(Formatted("%.700d", 5), std::string(699, '0') + "5");
   EXPECT_EQ(Formatted("%700E", 1.0), std::string(688, ' ') + "1.000000E+00");
+}
+
+// Every decimal that a double has stands; beyond them are zeros.
+TEST(StringFormat, PrecisionsBeyondTheDecimalsOfADoubleAreFilledWithZeros) {
+  const double least = 4.9406564584124654e-324;
+  const std::string all = Formatted("%.1074f", least);
+  EXPECT_EQ(all.size(), 1076u);
+  EXPECT_EQ(all.back(), '5');
+  EXPECT_EQ(Formatted("%.1100f", least), all + std::string(26, '0'));
+  EXPECT_EQ(Formatted("%.2000f", -0.25), "-0.25" + std::string(1998, '0'));
+  EXPECT_EQ(Formatted("%.2000e", 0.25), "2.5" + std::string(1999, '0') + "e-01");
+  EXPECT_EQ(Formatted("%.2000E", 1e300).substr(2001), "0E+300");
+  EXPECT_EQ(Formatted("%.2000g", 0.25), "0.25");
+  EXPECT_EQ(Formatted("%#.2000g", 0.25), "0.25" + std::string(1998, '0'));
+  EXPECT_EQ(Formatted("%#.2000G", 2.5e-10).substr(1999), "00E-10");
+  EXPECT_EQ(Formatted("%02010.2000f", -0.25), "-00000000.25" + std::string(1998, '0'));
+}
+
+// Whatever the width and precision, the stack is the same.
+TEST(StringFormat, HugeWidthsAndPrecisionsNeedNoStack) {
+  constexpr int kHuge = 3000000;
+  const std::size_t size = kHuge;
+  std::string width, zeros, left, hex, pointer, text, precision, fixed, exponent, general;
+  test_support::RunOnSmallStack([&] {
+    width = Formatted("%*d", kHuge, 5);
+    zeros = Formatted("%0*lld", kHuge, -5LL);
+    left = Formatted("%-3000000u", 5u);
+    hex = Formatted("%#.*x", kHuge, 0xABu);
+    pointer = Formatted("%*p", kHuge, static_cast<void*>(nullptr));
+    text = Formatted("%*s", kHuge, "a");
+    precision = Formatted("%.3000000d", 5);
+    fixed = Formatted("%*.*f", kHuge + 4, kHuge, 0.5);
+    exponent = Formatted("%.*e", kHuge, 0.5);
+    general = Formatted("%#.*g", kHuge, 0.5);
+  });
+  EXPECT_EQ(width, std::string(size - 1, ' ') + "5");
+  EXPECT_EQ(zeros, "-" + std::string(size - 2, '0') + "5");
+  EXPECT_EQ(left, "5" + std::string(size - 1, ' '));
+  EXPECT_EQ(hex, "0x" + std::string(size - 2, '0') + "ab");
+  EXPECT_EQ(pointer, std::string(size - 16, ' ') + std::string(16, '0'));
+  EXPECT_EQ(text, std::string(size - 1, ' ') + "a");
+  EXPECT_EQ(precision, std::string(size - 1, '0') + "5");
+  EXPECT_EQ(fixed, "  0.5" + std::string(size - 1, '0'));
+  EXPECT_EQ(exponent, "5." + std::string(size, '0') + "e-01");
+  EXPECT_EQ(general, "0.5" + std::string(size - 1, '0'));
 }
 
 // --- text and characters ----------------------------------------------------------------------
