@@ -31,6 +31,7 @@
 #include <quarnfc/string_utils.h>
 #include <quarnfc/time_utils.h>
 #include <quarnfc/url.h>
+#include <quarnfc/version.h>
 #include <quarnfc/web_mercator.h>
 
 #endif  // QUARNFC_QUARNFC_H_

@@ -11,7 +11,7 @@ constexpr const char* kPlainNames[] = {
     "qnGetErrorA",     "qnGetErrorW",     "qnCloseHandle",  "qnFreeMem",      "qnUnionPath",
     "qnUnionPathEx",   "qnSplitStr",      "qnFreeStrArr",   "_TempData64B",   "_TempData128B",
     "_TempData256B",   "_TempData512B",   "_TempData1024B", "_TempDataStr64", "_TempDataStr128",
-    "_TempDataStr256", "_TempDataStr512",
+    "_TempDataStr256", "_TempDataStr512", "qnGetVersion",
 };
 
 bool Contains(const std::string& text, const char* part) {

@@ -1,0 +1,3 @@
+#include <quarnfc/version.h>
+
+unsigned int qnGetVersion() { return QUARNFC_VERSION_NUMBER; }
