@@ -12,6 +12,8 @@ packages=(
   # Tests: their framework, a web server, and independent implementations to compare with.
   # (clang prints the layouts of classes under the Microsoft C++ ABI.)
   googletest clang-14 nginx-light openssl libssl-dev libgeographiclib-dev
+  # Packages, and the tests of what is installed.
+  dpkg-dev pkg-config unzip
 )
 
 missing_packages() {

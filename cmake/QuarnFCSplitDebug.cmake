@@ -1,0 +1,34 @@
+# With QUARNFC_SPLIT_DEBUG: release binaries with their debug information in files of their own, and
+# the same bytes wherever and whenever they are built.
+
+# quarnfc_split_debug(<target>): NAME.debug beside the binary NAME, found by debuggers through a
+# link in the binary.
+function(quarnfc_split_debug target)
+  if(NOT QUARNFC_SPLIT_DEBUG)
+    return()
+  endif()
+  set(keep --strip-unneeded)
+  if(WIN32)
+    set(keep --strip-all)
+    target_link_options(${target} PRIVATE -Wl,--no-insert-timestamp)
+  endif()
+  add_custom_command(
+    TARGET ${target}
+    POST_BUILD
+    COMMAND "${CMAKE_OBJCOPY}" --only-keep-debug "$<TARGET_FILE:${target}>"
+            "$<TARGET_FILE:${target}>.debug"
+    COMMAND "${CMAKE_OBJCOPY}" ${keep} "--add-gnu-debuglink=$<TARGET_FILE:${target}>.debug"
+            "$<TARGET_FILE:${target}>"
+    COMMENT "Moving the debug information of ${target} into a file of its own"
+    VERBATIM)
+endfunction()
+
+if(QUARNFC_SPLIT_DEBUG)
+  # Paths of the build are in no binary; debuggers are told that the sources are in this folder. Of
+  # the options that fit a path the last one decides.
+  set(folder "/usr/src/quarnfc-${PROJECT_VERSION}")
+  set(maps "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=${folder}"
+           "-ffile-prefix-map=${PROJECT_BINARY_DIR}=${folder}/build")
+  add_compile_options(${maps})
+  add_link_options(${maps})
+endif()

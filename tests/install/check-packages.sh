@@ -1,0 +1,82 @@
+#!/usr/bin/env bash
+# Unpacks the packages of a folder, each kind into an empty folder, and builds and runs hosts
+# against what they hold.
+# Usage: check-packages.sh windows|linux FOLDER
+set -euo pipefail
+source "$(dirname "$0")/lib.sh"
+
+target=$1
+packages=$(cd "$2" && pwd)
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+[ "$target" != windows ] || export WINEPREFIX="${WINEPREFIX:-$source/build/package-windows/wine}"
+
+# one PATTERN: the only package of that name.
+one() {
+  local found
+  mapfile -t found < <(find "$packages" -name "$1")
+  [ "${#found[@]}" -eq 1 ] || fail "not one package: $1"
+  printf '%s\n' "${found[0]}"
+}
+
+# The sums hold, and every file of a package is in its list.
+check_lists() {
+  local sum
+  for sum in "$packages"/*.sha256; do
+    (cd "$packages" && quiet sha256sum --check --strict "$sum")
+    grep -q '^FileName: ' "${sum%.sha256}.spdx" || fail "no file is listed in ${sum%.sha256}.spdx"
+  done
+}
+
+# check_debug BINARY: its debug information is beside it and is its own.
+check_debug() {
+  local objdump=objdump
+  [ "$target" != windows ] || objdump=x86_64-w64-mingw32-objdump
+  [ -f "$1.debug" ] || fail "no debug information beside $1"
+  "$objdump" -h "$1" | grep -q '\.gnu_debuglink' || fail "no link to the debug information in $1"
+  ! "$objdump" -h "$1" | grep -q '\.debug_info' || fail "$1 still has its debug information"
+}
+
+check_zip() {
+  local archive debug
+  archive=$(one 'quarnfc-*-windows-x64-mingw.zip')
+  debug=$(one 'quarnfc-*-windows-x64-mingw-debug.zip')
+  unzip -q "$archive" -d "$work/zip"
+  unzip -q "$debug" -d "$work/zip"
+  forgets_paths -a "$work/zip"
+  "$here/check-prefix.sh" windows "$work/zip"/*/
+  check_debug "$work"/zip/*/bin/QuarnFC.dll
+}
+
+check_tgz() {
+  mkdir "$work/tgz"
+  tar -xzf "$(one 'quarnfc-*-linux-x64.tar.gz')" -C "$work/tgz"
+  tar -xzf "$(one 'quarnfc-*-linux-x64-debug.tar.gz')" -C "$work/tgz"
+  forgets_paths -a "$work/tgz"
+  "$here/check-prefix.sh" linux "$work/tgz"/*/
+  check_debug "$(readlink -f "$work"/tgz/*/lib/libQuarnFC.so)"
+}
+
+check_deb() {
+  local package
+  for package in "$packages"/*.deb; do dpkg-deb -x "$package" "$work/deb"; done
+  forgets_paths -a "$work/deb"
+  "$here/check-prefix.sh" linux "$work/deb/usr"
+  check_debug "$(readlink -f "$work/deb/usr/lib/libQuarnFC.so")"
+}
+
+# The library as part of a host's own build: what it needs to start is beside the program.
+check_subdirectory() {
+  configure "$target" "$here/subdirectory" "$work/subdirectory" "-DQUARNFC_SOURCE=$source"
+  quiet cmake --build "$work/subdirectory"
+  run "$target" "$work/subdirectory/host"
+}
+
+check_lists
+check_subdirectory
+if [ "$target" = windows ]; then
+  check_zip
+else
+  check_tgz
+  check_deb
+fi
