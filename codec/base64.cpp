@@ -18,7 +18,7 @@ struct FastPath<Base64Alphabet, char> {
   }
 
   static bool Available() {
-    static const bool available = CpuHasSsse3();
+    static const bool available = platform::CpuHasSsse3();
     return available;
   }
 };

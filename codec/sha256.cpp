@@ -19,7 +19,7 @@ constexpr Sha256::State kInitialState = {0x6a09e667, 0xbb67ae85, 0x3c6ef372, 0xa
 
 // Takes count blocks into the state, in the fastest way this processor knows.
 void Compress(Sha256::State& state, const unsigned char* blocks, std::size_t count) {
-  static const auto compress = CpuHasSha() ? Sha256CompressX86 : Sha256CompressPlain;
+  static const auto compress = platform::CpuHasSha() ? Sha256CompressX86 : Sha256CompressPlain;
   compress(state.data(), blocks, count);
 }
 

@@ -9,7 +9,7 @@
 // text: nothing is copied and nothing is allocated.
 #include "geo/wkt_tokenizer.h"
 
-#include "platform/platform.h"
+#include "platform/code_page.h"
 
 namespace quarnfc::geo {
 
@@ -29,7 +29,7 @@ std::size_t WordStep(std::string_view text, std::size_t position) {
   constexpr unsigned char kLowestSecondByte = 0x40;
   const bool pair = position + 1 < text.size() &&
                     static_cast<unsigned char>(text[position + 1]) >= kLowestSecondByte &&
-                    _ismbblead(static_cast<unsigned char>(text[position])) != 0;
+                    platform::IsLeadByte(static_cast<unsigned char>(text[position]));
   return pair ? 2 : 1;
 }
 

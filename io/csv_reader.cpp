@@ -5,13 +5,13 @@
 #include "io/csv_row.h"
 #include "io/line_source.h"
 #include "io/messages.h"
-#include "platform/platform.h"
 
 // What all copies of a reader share.
 struct CQNCSVFileReaderImp {
   bool ReadRow(std::vector<CQNString>& row);
 
   quarnfc::io::LineSource lines;
+  CQNString path;
   CQNString last_error;
   std::vector<CQNString> header;
   int readers = 1;
@@ -27,6 +27,10 @@ bool CQNCSVFileReaderImp::ReadRow(std::vector<CQNString>& row) {
   const quarnfc::io::LineStatus status = lines.Next(line);
   if (status == quarnfc::io::LineStatus::kTooLong) {
     last_error.Format(quarnfc::io::kCsvLineTooLong, lines.BufferSize());
+  }
+  if (status == quarnfc::io::LineStatus::kReadFailed) {
+    last_error.Format(quarnfc::io::kCsvReadFailed, static_cast<const char*>(path),
+                      static_cast<int>(lines.ReadError()));
   }
   if (status != quarnfc::io::LineStatus::kLine) return false;
   quarnfc::io::SplitCsvLine(line, lines.IsUtf8(), row);
@@ -52,9 +56,9 @@ CQNCSVFileReader& CQNCSVFileReader::operator=(const CQNCSVFileReader& other) {
 bool CQNCSVFileReader::Open(const char* path) {
   if (path == nullptr) path = "";
   imp_->header.clear();
-  if (!imp_->lines.Open(path)) {
-    const auto error = static_cast<int>(::GetLastError());
-    imp_->last_error.Format(quarnfc::io::kCsvOpenFailed, path, error);
+  imp_->path = path;
+  if (const auto error = imp_->lines.Open(path)) {
+    imp_->last_error.Format(quarnfc::io::kCsvOpenFailed, path, static_cast<int>(error));
     return false;
   }
   return GoToFirstRow();

@@ -10,14 +10,13 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 #include <utility>
 
-#include "platform/crt.h"
+#include "core/text/utf8_mark.h"
 
 namespace quarnfc::io {
 namespace {
-
-constexpr unsigned char kUtf8Mark[3] = {0xEF, 0xBB, 0xBF};
 
 // A whole small file with a terminating zero, or the largest buffer. A size that is not known
 // counts as 0.
@@ -26,43 +25,45 @@ int BufferSizeFor(std::int64_t file_size) {
   return static_cast<int>(std::max<std::int64_t>(file_size, 0)) + 1;
 }
 
-std::int64_t FileSize(std::FILE* file) {
-  return _fseeki64(file, 0, SEEK_END) == 0 ? _ftelli64(file) : 0;
-}
-
-bool StartsWithUtf8Mark(std::FILE* file) {
-  unsigned char start[sizeof(kUtf8Mark)];
-  return std::fread(start, 1, sizeof(start), file) == sizeof(start) &&
-         std::memcmp(start, kUtf8Mark, sizeof(start)) == 0;
+bool StartsWithUtf8Mark(platform::File& file) {
+  char start[kUtf8Mark.size()];
+  const platform::Transferred read = file.Read(start, sizeof start);
+  return std::string_view(start, read.count) == kUtf8Mark;
 }
 
 }  // namespace
 
-bool LineSource::Open(const char* path) {
+platform::SystemError LineSource::Open(const char* path) {
   Close();
-  File file(_fsopen(path, "rb", _SH_DENYNO));
-  if (file == nullptr) return false;
-  const int size = BufferSizeFor(FileSize(file.get()));
+  platform::File file;
+  if (const platform::SystemError error = file.Open(path, platform::FileMode::kRead)) return error;
+  Open(std::move(file));
+  return platform::kNoError;
+}
+
+void LineSource::Open(platform::File file) {
+  Close();
+  const int size = BufferSizeFor(file.Size());
   buffer_ = std::make_unique<char[]>(size);  // a failure leaves no file open
   size_ = size;
-  _fseeki64(file.get(), 0, SEEK_SET);
-  utf8_ = StartsWithUtf8Mark(file.get());
+  utf8_ = StartsWithUtf8Mark(file);
   file_ = std::move(file);
-  return true;
 }
 
 void LineSource::Close() { *this = LineSource(); }
 
 void LineSource::Rewind() {
-  _fseeki64(file_.get(), utf8_ ? sizeof(kUtf8Mark) : 0, SEEK_SET);
+  read_error_ = file_.Seek(utf8_ ? kUtf8Mark.size() : 0);
   std::memset(buffer_.get(), 0, size_);
   position_ = 0;
+  end_ = size_;
 }
 
 LineStatus LineSource::Next(Line& line) {
   for (;;) {
     SkipBlanks();
     const int end = FindLineEnd();
+    if (IsCutOff(end)) return LineStatus::kReadFailed;
     if (end < size_) {
       buffer_[end] = '\0';
       line = {buffer_.get() + position_, static_cast<std::size_t>(end - position_)};
@@ -70,7 +71,8 @@ LineStatus LineSource::Next(Line& line) {
       return LineStatus::kLine;
     }
     if (position_ == 0) return LineStatus::kTooLong;
-    if (!Refill()) return LineStatus::kEnd;
+    if (!Refill())
+      return read_error_ == platform::kNoError ? LineStatus::kEnd : LineStatus::kReadFailed;
   }
 }
 
@@ -96,6 +98,11 @@ int LineSource::FindLineEnd() const {
   return size_;
 }
 
+// Whether a read error stands where the line ends.
+bool LineSource::IsCutOff(int line_end) const {
+  return read_error_ != platform::kNoError && line_end >= end_;
+}
+
 // Moves the unread bytes to the start of the buffer and fills the rest from the file, with zeros
 // behind the end of the file. False when the file delivers nothing.
 bool LineSource::Refill() {
@@ -103,10 +110,11 @@ bool LineSource::Refill() {
   std::memmove(buffer_.get(), buffer_.get() + position_, kept);
   position_ = 0;
   char* const rest = buffer_.get() + kept;
-  const std::size_t rest_size = size_ - kept;
-  const std::size_t count = std::fread(rest, 1, rest_size, file_.get());
-  std::memset(rest + count, 0, rest_size - count);
-  return count > 0;
+  const platform::Transferred read = file_.Read(rest, size_ - kept);
+  std::memset(rest + read.count, 0, size_ - kept - read.count);
+  end_ = kept + static_cast<int>(read.count);
+  read_error_ = read.error;
+  return read.count > 0;
 }
 
 }  // namespace quarnfc::io

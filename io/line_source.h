@@ -3,8 +3,9 @@
 #define QUARNFC_IO_LINE_SOURCE_H_
 
 #include <cstddef>
-#include <cstdio>
 #include <memory>
+
+#include "platform/file.h"
 
 namespace quarnfc::io {
 
@@ -15,7 +16,7 @@ struct Line {
   std::size_t length = 0;
 };
 
-enum class LineStatus { kLine, kEnd, kTooLong };
+enum class LineStatus { kLine, kEnd, kTooLong, kReadFailed };
 
 class LineSource {
  public:
@@ -23,11 +24,12 @@ class LineSource {
   // line plus one.
   static constexpr int kMaxBufferSize = 409600;
 
-  // Opens a file in place of the one before; false leaves none open, with the platform's last
-  // error set. Rewind comes next.
-  bool Open(const char* path);
+  // Opens a file in place of the one before; an error leaves none open. Rewind comes next.
+  platform::SystemError Open(const char* path);
+  // The same with an open file, which stands at its start.
+  void Open(platform::File file);
   void Close();
-  bool IsOpen() const { return file_ != nullptr; }
+  bool IsOpen() const { return file_.IsOpen(); }
 
   // Goes to the start of the data, behind the UTF-8 mark if there is one.
   void Rewind();
@@ -35,26 +37,30 @@ class LineSource {
   // Supplies the next line that is not blank, without its leading blanks. A zero byte ends a line
   // like a line feed; carriage returns are kept. At the end and for a line that does not fit the
   // state is such that the next call goes on from there.
+  //
+  // The lines in front of a read error are supplied; the one that it cuts off is not, since half a
+  // line may look like a whole one. From there on every call fails, until Rewind.
   LineStatus Next(Line& line);
 
   bool IsUtf8() const { return utf8_; }
   int BufferSize() const { return size_; }
 
- private:
-  struct FileCloser {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
-  using File = std::unique_ptr<std::FILE, FileCloser>;
+  // Why the file cannot be read, after kReadFailed.
+  platform::SystemError ReadError() const { return read_error_; }
 
+ private:
   void SkipBlanks();
   int FindLineEnd() const;
+  bool IsCutOff(int line_end) const;
   bool Refill();
 
-  File file_;
+  platform::File file_;
   bool utf8_ = false;
   std::unique_ptr<char[]> buffer_;
   int size_ = 0;
   int position_ = 0;  // of the first unread byte in the buffer
+  int end_ = 0;       // of the bytes read from the file; zeros follow
+  platform::SystemError read_error_ = platform::kNoError;
 };
 
 }  // namespace quarnfc::io

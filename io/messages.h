@@ -9,6 +9,10 @@ namespace quarnfc::io {
 constexpr char kCsvOpenFailed[] =
     "\xB4\xF2\xBF\xAA %s \xCA\xA7\xB0\xDC\xA3\xAC\xB4\xED\xCE\xF3\xC2\xEB: %d";
 
+// "读取 %s 失败，错误码: %d": reading %s failed, error code: %d. The path; the system's error.
+constexpr char kCsvReadFailed[] =
+    "\xB6\xC1\xC8\xA1 %s \xCA\xA7\xB0\xDC\xA3\xAC\xB4\xED\xCE\xF3\xC2\xEB: %d";
+
 // "未打开文件!": no file opened!
 constexpr char kCsvNotOpen[] = "\xCE\xB4\xB4\xF2\xBF\xAA\xCE\xC4\xBC\xFE!";
 

@@ -13,7 +13,7 @@
 #include <cstdlib>
 #include <ctime>
 
-#include "platform/crt.h"
+#include "platform/clock.h"
 
 namespace quarnfc::io {
 namespace {
@@ -76,13 +76,12 @@ bool ReadLocalTime(const CQNString& text, std::tm& time) {
 
 namespace QNTimeUtils {
 
-unsigned int GetCurTime() { return static_cast<unsigned int>(_time64(nullptr)); }
+unsigned int GetCurTime() { return static_cast<unsigned int>(quarnfc::platform::CurrentTime()); }
 
 CQNString FormatTime(unsigned int time) {
   CQNString text;
-  const __time64_t seconds = time;
   std::tm local{};
-  if (_localtime64_s(&local, &seconds) != 0) return text;
+  if (!quarnfc::platform::ToLocalTime(time, local)) return text;
   text.Format("%d-%02d-%02d %02d:%02d:%02d", local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
               local.tm_hour, local.tm_min, local.tm_sec);
   return text;
@@ -94,7 +93,7 @@ unsigned int GetTimeFromStr(const char* text) {
   std::tm local{};
   local.tm_isdst = -1;  // the platform decides
   if (!quarnfc::io::ReadLocalTime(text, local)) return quarnfc::io::kNotATime;
-  return static_cast<unsigned int>(_mktime64(&local));
+  return static_cast<unsigned int>(quarnfc::platform::FromLocalTime(local));
 }
 
 }  // namespace QNTimeUtils

@@ -2,39 +2,30 @@
 #include <quarnfc/json_files.h>
 #include <quarnfc/string_utils.h>
 
-#include <cstdio>
-#include <cstring>
+#include <cstdint>
+#include <initializer_list>
 #include <memory>
+#include <string_view>
+#include <utility>
 
 #include "core/memory/memory.h"
+#include "core/text/utf8_mark.h"
 #include "json/messages.h"
-#include "platform/crt.h"
-#include "platform/platform.h"
+#include "platform/debug_output.h"
+#include "platform/file.h"
 
 namespace {
 
+using quarnfc::kUtf8Mark;
+using quarnfc::platform::File;
+using quarnfc::platform::FileMode;
+using quarnfc::platform::SystemError;
 using EErrorStatus = CQNObject::EErrorStatus;
 
-constexpr long long kSmallestFile = 11;
-constexpr long long kLargestFile = 52428800;  // 50 MiB
+constexpr std::int64_t kSmallestFile = 11;
+constexpr std::int64_t kLargestFile = 52428800;  // 50 MiB
 
-constexpr char kUtf8Mark[] = "\xEF\xBB\xBF";
-constexpr std::size_t kUtf8MarkLength = 3;
-
-struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
-using OwnedFile = std::unique_ptr<std::FILE, CloseFile>;
 using FileText = std::unique_ptr<char[]>;
-
-OwnedFile OpenFile(const char* path, const char* mode) {
-  if (path == nullptr) {
-    SetLastError(ERROR_INVALID_PARAMETER);
-    return nullptr;
-  }
-  return OwnedFile(_fsopen(path, mode, _SH_DENYNO));
-}
 
 void StoreError(unsigned __int64* error, EErrorStatus code, const char* message) {
   if (error != nullptr) *error = QNErrorUtils::CreateError(code, message);
@@ -42,20 +33,19 @@ void StoreError(unsigned __int64* error, EErrorStatus code, const char* message)
 
 // For failures around the file itself, which are also shown in a debugger.
 void ReportError(unsigned __int64* error, EErrorStatus code, const CQNString& message) {
-  OutputDebugStringA(message);
+  quarnfc::platform::WriteDebugOutput(message);
   StoreError(error, code, message);
 }
 
-void ReportCannotOpen(const char* path, unsigned __int64* error) {
-  const unsigned int system_error = GetLastError();
-  const bool missing = system_error == ERROR_FILE_NOT_FOUND || system_error == ERROR_PATH_NOT_FOUND;
+void ReportCannotOpen(const char* path, SystemError system_error, unsigned __int64* error) {
+  const bool missing = system_error == quarnfc::platform::kFileNotFound ||
+                       system_error == quarnfc::platform::kPathNotFound;
   CQNString message;
   message.Format(quarnfc::json::kCannotOpen, path, system_error);
   ReportError(error, missing ? CQNObject::eErrNotFound : CQNObject::eErrFileIO, message);
 }
 
-void ReportCannotSave(const char* path, unsigned __int64* error) {
-  const unsigned int system_error = GetLastError();
+void ReportCannotSave(const char* path, SystemError system_error, unsigned __int64* error) {
   CQNString message;
   message.Format(quarnfc::json::kCannotSave, path, system_error);
   ReportError(error, CQNObject::eErrFileIO, message);
@@ -67,16 +57,11 @@ void ReportInvalidLength(const char* path, unsigned __int64* error) {
   ReportError(error, CQNObject::eErrInvalidData, message);
 }
 
-long long LengthOf(std::FILE* file) {
-  return _fseeki64(file, 0, SEEK_END) == 0 ? _ftelli64(file) : -1;
-}
-
-// The file with a terminating zero. What cannot be read stays zero.
-FileText ReadAll(std::FILE* file, std::size_t length) {
+// The file with a terminating zero. What cannot be read stays zero: however little arrives, the
+// buffer holds a terminated text.
+FileText ReadAll(File& file, std::size_t length) {
   auto text = std::make_unique<char[]>(length + 1);
-  _fseeki64(file, 0, SEEK_SET);
-  // However little arrives, the buffer holds a terminated text.
-  [[maybe_unused]] const std::size_t read = std::fread(text.get(), 1, length, file);
+  file.Read(text.get(), length);
   return text;
 }
 
@@ -99,34 +84,37 @@ FileText FromUtf8(const char* utf8) {
 // The text of a JSON file in the ANSI code page; null, with the error reported, when the file
 // cannot be opened or its length is refused.
 FileText ReadText(const char* path, unsigned __int64* error) {
-  const OwnedFile file = OpenFile(path, "rb");
-  if (file == nullptr) {
-    ReportCannotOpen(path, error);
+  File file;
+  if (const SystemError system_error = file.Open(path, FileMode::kRead)) {
+    ReportCannotOpen(path, system_error, error);
     return nullptr;
   }
-  const long long length = LengthOf(file.get());
+  const std::int64_t length = file.Size();
   if (length < kSmallestFile || length > kLargestFile) {
     ReportInvalidLength(path, error);
     return nullptr;
   }
-  FileText text = ReadAll(file.get(), static_cast<std::size_t>(length));
-  const bool utf8 = std::memcmp(text.get(), kUtf8Mark, kUtf8MarkLength) == 0;
-  return utf8 ? FromUtf8(text.get() + kUtf8MarkLength) : std::move(text);
+  const auto size = static_cast<std::size_t>(length);
+  FileText text = ReadAll(file, size);
+  const bool utf8 = std::string_view(text.get(), size).starts_with(kUtf8Mark);
+  return utf8 ? FromUtf8(text.get() + kUtf8Mark.size()) : std::move(text);
 }
 
-// A failure to write is not reported.
-void WriteText(std::FILE* file, const char* text, std::size_t length) {
-  [[maybe_unused]] const std::size_t written = std::fwrite(text, 1, length, file);
+// Replaces the file by the pieces, in order; a failure to write them is not reported.
+bool WriteFile(const char* path, std::initializer_list<std::string_view> pieces,
+               unsigned __int64* error) {
+  File file;
+  if (const SystemError system_error = file.Open(path, FileMode::kReplace)) {
+    ReportCannotSave(path, system_error, error);
+    return false;
+  }
+  for (const std::string_view piece : pieces) file.Write(piece.data(), piece.size());
+  return true;
 }
 
-void WriteAnsi(std::FILE* file, const CQNString& text) {
-  WriteText(file, text, static_cast<std::size_t>(text.GetLength()));
-}
-
-void WriteUtf8(std::FILE* file, const CMyJsonValue& value) {
-  const quarnfc::OwnedText text(value.CreateUTF8Json(true));
-  WriteText(file, kUtf8Mark, kUtf8MarkLength);
-  WriteText(file, text.get(), std::strlen(text.get()));
+bool WriteAnsi(const char* path, const CQNString& text, unsigned __int64* error) {
+  const auto length = static_cast<std::size_t>(text.GetLength());
+  return WriteFile(path, {std::string_view(text, length)}, error);
 }
 
 }  // namespace
@@ -150,29 +138,16 @@ bool QNJsonUtils::ReadJsonFileEx(const char* path, CMyJsonValue& value, unsigned
   return loaded;
 }
 
+// Both savers have the whole text before they open the file and so empty it: memory that runs out
+// leaves the old file as it was.
+
 bool QNJsonUtils::SaveJsonFile(const char* path, const CMyJsonObj& obj, unsigned __int64* error) {
-  // Before the file is opened, and so truncated.
-  const CQNString text = obj.CreateJson(true);
-  const OwnedFile file = OpenFile(path, "wb");
-  if (file == nullptr) {
-    ReportCannotSave(path, error);
-    return false;
-  }
-  WriteAnsi(file.get(), text);
-  return true;
+  return WriteAnsi(path, obj.CreateJson(true), error);
 }
 
 bool QNJsonUtils::SaveJsonFileEx(const char* path, const CMyJsonValue& value, bool utf8,
                                  unsigned __int64* error) {
-  const OwnedFile file = OpenFile(path, "wb");
-  if (file == nullptr) {
-    ReportCannotSave(path, error);
-    return false;
-  }
-  if (utf8) {
-    WriteUtf8(file.get(), value);
-  } else {
-    WriteAnsi(file.get(), value.CreateJson(true));
-  }
-  return true;
+  if (!utf8) return WriteAnsi(path, value.CreateJson(true), error);
+  const quarnfc::OwnedText text(value.CreateUTF8Json(true));
+  return WriteFile(path, {kUtf8Mark, text.get()}, error);
 }

@@ -7,7 +7,6 @@
 #include <limits>
 
 #include "core/text/multibyte.h"
-#include "platform/platform.h"
 
 namespace quarnfc::json {
 namespace {

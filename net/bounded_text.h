@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "platform/platform.h"
+#include "platform/code_page.h"
 
 namespace quarnfc::net {
 
@@ -14,7 +14,7 @@ inline void CopyBounded(char* target, unsigned int maximum, const char* source) 
   if (target == nullptr || maximum == 0) return;
   unsigned int length = 0;
   while (source[length] != '\0') {
-    const bool lead = _ismbblead(static_cast<unsigned char>(source[length])) != 0;
+    const bool lead = platform::IsLeadByte(static_cast<unsigned char>(source[length]));
     const unsigned int size = lead && source[length + 1] != '\0' ? 2 : 1;
     if (size > maximum - 1 - length) break;
     length += size;

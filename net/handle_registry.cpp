@@ -10,45 +10,30 @@ namespace {
 
 HandleRegistry g_registry;
 
-unsigned __int64 KeyOf(HINTERNET handle) { return reinterpret_cast<std::uintptr_t>(handle); }
+std::uintptr_t KeyOf(HINTERNET handle) { return reinterpret_cast<std::uintptr_t>(handle); }
 
 }  // namespace
 
-class HandleRegistry::Guard {
- public:
-  explicit Guard(CRITICAL_SECTION& section) : section_(section) { EnterCriticalSection(&section_); }
-  ~Guard() { LeaveCriticalSection(&section_); }
-  Guard(const Guard&) = delete;
-  Guard& operator=(const Guard&) = delete;
-
- private:
-  CRITICAL_SECTION& section_;
-};
-
-HandleRegistry::HandleRegistry() { InitializeCriticalSection(&section_); }
-
-HandleRegistry::~HandleRegistry() { DeleteCriticalSection(&section_); }
-
 void HandleRegistry::Add(HINTERNET handle, CQNInternetSession* session) {
   if (handle == nullptr || session == nullptr) return;
-  Guard guard(section_);
+  platform::LockGuard guard(lock_);
   sessions_[KeyOf(handle)] = session;
 }
 
 CQNInternetSession* HandleRegistry::Find(HINTERNET handle) {
-  Guard guard(section_);
+  platform::LockGuard guard(lock_);
   const auto entry = sessions_.find(KeyOf(handle));
   return entry == sessions_.end() ? nullptr : entry->second;
 }
 
 void HandleRegistry::Remove(HINTERNET handle, const CQNInternetSession* session) {
-  Guard guard(section_);
+  platform::LockGuard guard(lock_);
   const auto entry = sessions_.find(KeyOf(handle));
   if (entry != sessions_.end() && entry->second == session) sessions_.erase(entry);
 }
 
 void HandleRegistry::RemoveSession(const CQNInternetSession* session) {
-  Guard guard(section_);
+  platform::LockGuard guard(lock_);
   std::erase_if(sessions_, [session](const auto& entry) { return entry.second == session; });
 }
 

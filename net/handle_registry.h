@@ -5,9 +5,10 @@
 
 #include <quarnfc/platform_types.h>
 
+#include <cstdint>
 #include <map>
 
-#include "platform/platform.h"
+#include "platform/lock.h"
 
 class CQNInternetSession;
 
@@ -16,8 +17,7 @@ namespace quarnfc::net {
 // Every member holds the one lock for its whole duration and calls nothing outside while it does.
 class HandleRegistry {
  public:
-  HandleRegistry();
-  ~HandleRegistry();
+  HandleRegistry() = default;
   HandleRegistry(const HandleRegistry&) = delete;
   HandleRegistry& operator=(const HandleRegistry&) = delete;
 
@@ -35,10 +35,8 @@ class HandleRegistry {
   void RemoveSession(const CQNInternetSession* session);
 
  private:
-  class Guard;
-
-  CRITICAL_SECTION section_;
-  std::map<unsigned __int64, CQNInternetSession*> sessions_;
+  platform::Lock lock_;
+  std::map<std::uintptr_t, CQNInternetSession*> sessions_;
 };
 
 HandleRegistry& Registry();

@@ -6,7 +6,7 @@
 #include <cpuid.h>
 #endif
 
-namespace quarnfc {
+namespace quarnfc::platform {
 namespace {
 
 struct Registers {
@@ -40,4 +40,4 @@ bool CpuHasSha() {
   return CpuHasSsse3() && sse41 && HasBit(CpuId(7).b, 29);
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::platform

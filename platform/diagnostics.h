@@ -10,7 +10,7 @@
 
 #include <cstddef>
 
-namespace quarnfc {
+namespace quarnfc::platform {
 
 // The character between a folder and what is in it.
 extern const char kFolderSeparator;
@@ -28,6 +28,6 @@ void WriteDumpFile(_EXCEPTION_POINTERS* info, const char* path, const char* noIn
 // Adds an entry to the system's event log.
 void WriteEventLogEntry(const char* source, unsigned short type, const char* text);
 
-}  // namespace quarnfc
+}  // namespace quarnfc::platform
 
 #endif  // QUARNFC_PLATFORM_DIAGNOSTICS_H_

@@ -3,10 +3,13 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <new>
 
 #include "core/diagnostics/crash_dump_name.h"
-#include "platform/crt.h"
+#include "core/text/character.h"
+#include "platform/clock.h"
 #include "platform/diagnostics.h"
+#include "platform/lock.h"
 
 namespace {
 
@@ -17,6 +20,27 @@ constexpr std::size_t kModulePathCapacity = 260;
 constexpr std::size_t kDumpPathCapacity = kModulePathCapacity + 256 + sizeof "log\\";
 
 constexpr char kNoInfoText[] = "_EXCEPTION_POINTERS is null";
+
+// Dumps are written one at a time: the system's debug-help functions take one thread. The lock is
+// made when the library is loaded and never destroyed, since a process may crash after that.
+alignas(quarnfc::platform::Lock) unsigned char g_dump_lock_storage[sizeof(quarnfc::platform::Lock)];
+auto& g_dump_lock = *new (g_dump_lock_storage) quarnfc::platform::Lock;
+
+bool LeadsElsewhere(unsigned char byte) {
+  return byte < ' ' || byte == 0x7F || byte == '/' || byte == '\\' || byte == ':';
+}
+
+// By characters: the second byte of a double-byte character may be a backslash.
+void KeepInFolder(unsigned char* name) {
+  while (*name != '\0') {
+    if (quarnfc::IsPair(name) && quarnfc::platform::IsCharacter(name[0], name[1])) {
+      name += 2;
+    } else {
+      if (LeadsElsewhere(*name)) *name = '_';
+      ++name;
+    }
+  }
+}
 
 }  // namespace
 
@@ -33,7 +57,9 @@ bool FormatDumpName(const std::tm* time, const char* prefix, const void* info, c
                            time->tm_mday, time->tm_hour, time->tm_min, time->tm_sec,
                            static_cast<unsigned int>(reinterpret_cast<std::uintptr_t>(info)));
   }
-  return length >= 0 && static_cast<std::size_t>(length) < capacity;
+  if (length < 0 || static_cast<std::size_t>(length) >= capacity) return false;
+  KeepInFolder(Bytes(name));
+  return true;
 }
 
 }  // namespace quarnfc
@@ -42,15 +68,14 @@ namespace QNErrorUtils {
 
 void DbgDumpErrorFileEx(_EXCEPTION_POINTERS* info, const char* prefix) {
   char path[kDumpPathCapacity];
-  if (!quarnfc::FindLibraryFolder(path, kModulePathCapacity)) return;
+  if (!quarnfc::platform::FindLibraryFolder(path, kModulePathCapacity)) return;
   std::strcat(path, "log");
-  quarnfc::MakeFolder(path);
+  quarnfc::platform::MakeFolder(path);
 
-  const __time64_t now = _time64(nullptr);
   std::tm time{};
-  const bool has_time = _localtime64_s(&time, &now) == 0;
+  const bool has_time = quarnfc::platform::ToLocalTime(quarnfc::platform::CurrentTime(), time);
   char* name = path + std::strlen(path);
-  *name++ = quarnfc::kFolderSeparator;
+  *name++ = quarnfc::platform::kFolderSeparator;
   const std::size_t room = static_cast<std::size_t>(path + sizeof path - name);
   if (quarnfc::FormatDumpName(has_time ? &time : nullptr, prefix != nullptr ? prefix : "", info,
                               name, room)) {
@@ -59,7 +84,9 @@ void DbgDumpErrorFileEx(_EXCEPTION_POINTERS* info, const char* prefix) {
 }
 
 void DbgDumpErrorFile(_EXCEPTION_POINTERS* info, const char* path) {
-  if (path != nullptr) quarnfc::WriteDumpFile(info, path, kNoInfoText);
+  if (path == nullptr) return;
+  const quarnfc::platform::LockGuard guard(g_dump_lock);
+  quarnfc::platform::WriteDumpFile(info, path, kNoInfoText);
 }
 
 }  // namespace QNErrorUtils

@@ -5,7 +5,7 @@
 namespace QNErrorUtils {
 
 void WriteWindowsLog(unsigned short type, const char* text) {
-  quarnfc::WriteEventLogEntry("Quarn", type, text != nullptr ? text : "");
+  quarnfc::platform::WriteEventLogEntry("Quarn", type, text != nullptr ? text : "");
 }
 
 }  // namespace QNErrorUtils

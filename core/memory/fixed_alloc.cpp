@@ -5,26 +5,14 @@
 #include <cstring>
 #include <new>
 
-#include "platform/platform.h"
+#include "platform/lock.h"
 
 namespace {
 
-CRITICAL_SECTION* SectionIn(unsigned char* storage) {
-  return std::launder(reinterpret_cast<CRITICAL_SECTION*>(storage));
-}
+using quarnfc::platform::Lock;
+using quarnfc::platform::LockGuard;
 
-class Guard {
- public:
-  explicit Guard(unsigned char* storage) : section_(SectionIn(storage)) {
-    EnterCriticalSection(section_);
-  }
-  ~Guard() { LeaveCriticalSection(section_); }
-  Guard(const Guard&) = delete;
-  Guard& operator=(const Guard&) = delete;
-
- private:
-  CRITICAL_SECTION* section_;
-};
+Lock& LockIn(unsigned char* storage) { return *std::launder(reinterpret_cast<Lock*>(storage)); }
 
 constexpr std::size_t kLinkSize = sizeof(void*);
 
@@ -46,29 +34,29 @@ void* Pop(void*& list) {
 CQNFixedAlloc::CQNFixedAlloc(unsigned int blockSize, unsigned int blocksPerChunk)
     : block_size_(std::max(blockSize, static_cast<unsigned int>(kLinkSize))),
       blocks_per_chunk_(std::max(blocksPerChunk, 1u)) {
-  static_assert(sizeof(CRITICAL_SECTION) <= sizeof(lock_));
-  InitializeCriticalSection(new (lock_) CRITICAL_SECTION);
+  static_assert(sizeof(Lock) == sizeof(lock_));
+  new (lock_) Lock;
 }
 
 CQNFixedAlloc::~CQNFixedAlloc() {
   FreeAll();
-  DeleteCriticalSection(SectionIn(lock_));
+  LockIn(lock_).~Lock();
 }
 
 void* CQNFixedAlloc::Alloc() {
-  Guard guard(lock_);
+  LockGuard guard(LockIn(lock_));
   if (free_ == nullptr) PushNewChunk();
   return Pop(free_);
 }
 
 void CQNFixedAlloc::Free(void* block) {
   if (block == nullptr) return;
-  Guard guard(lock_);
+  LockGuard guard(LockIn(lock_));
   Push(free_, block);
 }
 
 void CQNFixedAlloc::FreeAll() {
-  Guard guard(lock_);
+  LockGuard guard(LockIn(lock_));
   while (chunks_ != nullptr) ::operator delete[](Pop(chunks_));
   free_ = nullptr;
 }

@@ -2,9 +2,12 @@
 
 #include <climits>
 
-#include "platform/platform.h"
+#include "platform/code_page.h"
 
 namespace {
+
+using quarnfc::platform::Encoding;
+using quarnfc::platform::kTerminated;
 
 // The convention all four converters share. convert(destination, capacity) converts the whole
 // zero-terminated source, or asks for the needed count when both are zero.
@@ -24,32 +27,32 @@ int ConvertText(const void* source, Char* destination, int capacity, Convert con
   return capacity + 1;
 }
 
-int ToWide(UINT code_page, const char* source, wchar_t* destination, int capacity) {
+int ToWide(Encoding encoding, const char* source, wchar_t* destination, int capacity) {
   return ConvertText(source, destination, capacity, [=](wchar_t* to, int size) {
-    return MultiByteToWideChar(code_page, 0, source, -1, to, size);
+    return quarnfc::platform::ToUtf16(encoding, source, kTerminated, to, size);
   });
 }
 
-int FromWide(UINT code_page, const wchar_t* source, char* destination, int capacity) {
+int FromWide(Encoding encoding, const wchar_t* source, char* destination, int capacity) {
   return ConvertText(source, destination, capacity, [=](char* to, int size) {
-    return WideCharToMultiByte(code_page, 0, source, -1, to, size, nullptr, nullptr);
+    return quarnfc::platform::FromUtf16(encoding, source, kTerminated, to, size);
   });
 }
 
 }  // namespace
 
 int QNStringUtils::Ansi2Unicode(const char* source, wchar_t* destination, int capacity) {
-  return ToWide(CP_ACP, source, destination, capacity);
+  return ToWide(Encoding::kAnsi, source, destination, capacity);
 }
 
 int QNStringUtils::Unicode2Ansi(const wchar_t* source, char* destination, int capacity) {
-  return FromWide(CP_ACP, source, destination, capacity);
+  return FromWide(Encoding::kAnsi, source, destination, capacity);
 }
 
 int QNStringUtils::UTF82Unicode(const char* source, wchar_t* destination, int capacity) {
-  return ToWide(CP_UTF8, source, destination, capacity);
+  return ToWide(Encoding::kUtf8, source, destination, capacity);
 }
 
 int QNStringUtils::Unicode2UTF8(const wchar_t* source, char* destination, int capacity) {
-  return FromWide(CP_UTF8, source, destination, capacity);
+  return FromWide(Encoding::kUtf8, source, destination, capacity);
 }

@@ -21,7 +21,7 @@
 
 #include <quarnfc/qn_string.h>
 
-#include "core/text/characters.h"
+#include "core/text/character.h"
 #include "core/text/format_number.h"
 #include "core/text/format_spec.h"
 #include "core/text/string_buffer.h"
@@ -43,10 +43,9 @@ class Formatter {
   Formatter& operator=(const Formatter&) = delete;
 
   FormattedText Run() {
-    const char* end = format_ + std::strlen(format_);
     while (*format_ != '\0') {
       if (*format_ != '%') {
-        AppendCharacter(CharWidth(format_, end));
+        AppendCharacter(CharWidth(format_));
       } else if (format_[1] == '%') {
         ++format_;
         AppendCharacter(1);

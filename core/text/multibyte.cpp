@@ -1,4 +1,4 @@
-// Characters are cut from the left, one at a time, by the rule of multibyte_character.h: whether a
+// Characters are cut from the left, one at a time, by the rule of character.h: whether a
 // byte is a lead byte depends on the bytes in front of it, so nothing here starts in the middle of
 // a text or reads backwards. Searches compare at every character (time at most the product of the
 // lengths); nothing is allocated and nothing recurses.
@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "core/text/multibyte_character.h"
+#include "core/text/character.h"
 
 namespace quarnfc {
 

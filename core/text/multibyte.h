@@ -6,8 +6,8 @@
 // Texts are zero-terminated and in the process ANSI code page. A character code is a byte, or
 // lead << 8 | trail. An incomplete character is found by no search, ends its text in a comparison
 // and is left alone otherwise.
-#ifndef QUARNFC_PLATFORM_MULTIBYTE_H_
-#define QUARNFC_PLATFORM_MULTIBYTE_H_
+#ifndef QUARNFC_CORE_TEXT_MULTIBYTE_H_
+#define QUARNFC_CORE_TEXT_MULTIBYTE_H_
 
 #include <cstddef>
 
@@ -40,4 +40,4 @@ unsigned char* MbsRev(unsigned char* text);
 
 }  // namespace quarnfc
 
-#endif  // QUARNFC_PLATFORM_MULTIBYTE_H_
+#endif  // QUARNFC_CORE_TEXT_MULTIBYTE_H_

@@ -5,9 +5,10 @@
 #include <utility>
 
 #include "core/memory/memory.h"
-#include "core/text/characters.h"
+#include "core/text/character.h"
+#include "core/text/collation.h"
+#include "core/text/multibyte.h"
 #include "core/text/string_buffer.h"
-#include "platform/platform.h"
 
 using quarnfc::AllocStringBuffer;
 using quarnfc::AppendBytes;
@@ -155,11 +156,11 @@ int CQNString::CompareNoCase(const char* text) const {
 }
 
 int CQNString::Collate(const char* text) const {
-  return _mbscoll(quarnfc::Bytes(Text()), quarnfc::Bytes(text));
+  return quarnfc::Collate(quarnfc::Bytes(Text()), quarnfc::Bytes(text), false);
 }
 
 int CQNString::CollateNoCase(const char* text) const {
-  return _mbsicoll(quarnfc::Bytes(Text()), quarnfc::Bytes(text));
+  return quarnfc::Collate(quarnfc::Bytes(Text()), quarnfc::Bytes(text), true);
 }
 
 // --- buffer access ------------------------------------------------------------------------------

@@ -7,7 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "core/text/characters.h"
+#include "core/text/character.h"
+#include "core/text/multibyte.h"
 #include "core/text/string_buffer.h"
 
 using quarnfc::Bytes;
@@ -134,7 +135,7 @@ int CQNString::Replace(char oldChar, char newChar) {
   int count = 0;
   char* end = Text() + GetLength();
   for (char* p = Text(); p < end;) {
-    const int width = CharWidth(p, end);
+    const int width = CharWidth(p);
     if (*p == oldChar) {
       *p = newChar;
       ++count;
@@ -177,10 +178,10 @@ int CQNString::Remove(char ch) {
   const char* end = source + GetLength();
   char* destination = Text();
   while (source < end) {
-    const int width = CharWidth(source, end);
+    const int width = CharWidth(source);
     if (*source != ch) {
       *destination = *source;
-      destination += CharWidth(destination, end);
+      destination += CharWidth(destination);
     }
     source += width;
   }
@@ -213,11 +214,11 @@ void CQNString::MakeReverse() {
 void CQNString::CharToOemA() {
   if (GetLength() == 0) return;
   quarnfc::Unshare(Text());
-  ::CharToOemA(Text(), Text());
+  quarnfc::platform::ConvertAnsiToOem(Text());
 }
 
 void CQNString::OemToCharA() {
   if (GetLength() == 0) return;
   quarnfc::Unshare(Text());
-  ::OemToCharA(Text(), Text());
+  quarnfc::platform::ConvertOemToAnsi(Text());
 }

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "core/text/characters.h"
+#include "core/text/character.h"
+#include "core/text/multibyte.h"
 #include "core/text/string_buffer.h"
 
 using quarnfc::Bytes;

@@ -1,6 +1,7 @@
 #include <quarnfc/qn_string.h>
 
-#include "core/text/characters.h"
+#include "core/text/character.h"
+#include "core/text/multibyte.h"
 #include "core/text/string_buffer.h"
 
 using quarnfc::CharWidth;
@@ -9,7 +10,7 @@ namespace {
 
 bool IsSpace(const char* p, int /*width*/) {
   // By the first byte alone, taken as a signed char.
-  return _ismbcspace(static_cast<unsigned int>(static_cast<signed char>(*p))) != 0;
+  return quarnfc::platform::IsSpace(static_cast<unsigned int>(static_cast<signed char>(*p)));
 }
 
 struct StartsWith {
@@ -19,9 +20,9 @@ struct StartsWith {
 
 struct IsInSet {
   const char* set;
-  bool operator()(const char* p, int width) const {
-    return *p != '\0' &&
-           quarnfc::MbsChr(quarnfc::Bytes(set), quarnfc::CharCode(p, width)) != nullptr;
+  bool operator()(const char* p, int /*width*/) const {
+    const unsigned int value = quarnfc::CharacterAt(quarnfc::Bytes(p)).value;
+    return value != 0 && quarnfc::MbsChr(quarnfc::Bytes(set), value) != nullptr;
   }
 };
 
@@ -32,7 +33,7 @@ int LeadingRun(const CQNString& string, Match match) {
   const char* end = text + string.GetLength();
   const char* p = text;
   while (p < end) {
-    const int width = CharWidth(p, end);
+    const int width = CharWidth(p);
     if (!match(p, width)) break;
     p += width;
   }
@@ -46,7 +47,7 @@ int TrailingRunStart(const CQNString& string, Match match) {
   const char* end = text + string.GetLength();
   const char* start = text;
   for (const char* p = text; p < end;) {
-    const int width = CharWidth(p, end);
+    const int width = CharWidth(p);
     if (!match(p, width)) start = p + width;
     p += width;
   }

@@ -8,9 +8,13 @@
 
 #include "core/memory/memory.h"
 #include "core/text/string_buffer.h"
-#include "platform/platform.h"
+#include "platform/code_page.h"
+#include "platform/system_string.h"
 
 using quarnfc::CheckedLength;
+using quarnfc::platform::Encoding;
+using quarnfc::platform::FromUtf16;
+using quarnfc::platform::ToUtf16;
 
 namespace {
 
@@ -24,13 +28,12 @@ int ByteCapacity(std::size_t wide_length) { return CheckedLength(2 * wide_length
 int Convert(const wchar_t* source, int source_length, char*& text, int capacity) {
   // Text of a given length brings no terminator: the byte behind the capacity is not its own.
   const int room = source_length < 0 ? capacity + 1 : capacity;
-  int count = WideCharToMultiByte(CP_ACP, 0, source, source_length, text, room, nullptr, nullptr);
+  int count = FromUtf16(Encoding::kAnsi, source, source_length, text, room);
   if (count == 0 && source_length != 0) {
-    const int needed =
-        WideCharToMultiByte(CP_ACP, 0, source, source_length, nullptr, 0, nullptr, nullptr);
+    const int needed = FromUtf16(Encoding::kAnsi, source, source_length, nullptr, 0);
     if (needed > capacity) {
       quarnfc::Reserve(text, needed);
-      count = WideCharToMultiByte(CP_ACP, 0, source, source_length, text, needed, nullptr, nullptr);
+      count = FromUtf16(Encoding::kAnsi, source, source_length, text, needed);
     }
   }
   return count;
@@ -49,7 +52,7 @@ void AssignWide(char*& text, const wchar_t* source) {
 }
 
 int WideCount(const char* text, int length) {
-  return MultiByteToWideChar(CP_ACP, 0, text, length, nullptr, 0);
+  return ToUtf16(Encoding::kAnsi, text, length, nullptr, 0);
 }
 
 // The texts are thrown as char*, so they are not constants.
@@ -74,17 +77,19 @@ const CQNString& CQNString::operator=(const wchar_t* text) {
 
 BSTR CQNString::AllocSysString() const {
   const int count = WideCount(Text(), GetLength());
-  BSTR system_string = SysAllocStringLen(nullptr, static_cast<UINT>(count));
+  BSTR system_string =
+      quarnfc::platform::AllocSystemString(nullptr, static_cast<unsigned int>(count));
   if (system_string == nullptr) throw static_cast<char*>(g_alloc_failed);
-  if (count > 0) MultiByteToWideChar(CP_ACP, 0, Text(), GetLength(), system_string, count);
+  if (count > 0) ToUtf16(Encoding::kAnsi, Text(), GetLength(), system_string, count);
   return system_string;
 }
 
 BSTR CQNString::SetSysString(BSTR* target) const {
   const int count = WideCount(Text(), GetLength());
-  if (target == nullptr || !SysReAllocStringLen(target, nullptr, static_cast<UINT>(count))) {
+  if (target == nullptr ||
+      !quarnfc::platform::ReallocSystemString(*target, nullptr, static_cast<unsigned int>(count))) {
     throw static_cast<char*>(g_realloc_failed);
   }
-  if (count > 0) MultiByteToWideChar(CP_ACP, 0, Text(), GetLength(), *target, count);
+  if (count > 0) ToUtf16(Encoding::kAnsi, Text(), GetLength(), *target, count);
   return *target;
 }

@@ -14,7 +14,7 @@
 #include <span>
 #include <vector>
 
-#include "platform/platform.h"
+#include "platform/code_page.h"
 
 namespace {
 
@@ -29,7 +29,7 @@ std::vector<wchar_t> ToWide(const char* text, bool upper_case) {
   std::vector<wchar_t> wide(static_cast<std::size_t>(count) + 1);
   QNStringUtils::Ansi2Unicode(text, wide.data(), count);
   wide.resize(static_cast<std::size_t>(count > 0 ? count - 1 : 0));
-  if (upper_case && !wide.empty()) CharUpperBuffW(wide.data(), static_cast<DWORD>(wide.size()));
+  if (upper_case && !wide.empty()) quarnfc::platform::ToUpperCase(wide.data(), wide.size());
   return wide;
 }
 

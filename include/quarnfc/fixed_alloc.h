@@ -11,6 +11,7 @@
 #define QUARNFC_FIXED_ALLOC_H_
 
 #include <quarnfc/export.h>
+#include <quarnfc/platform_types.h>
 
 // A pool of equal blocks. Memory is returned to the heap only by FreeAll and by the destructor.
 class QN_API CQNFixedAlloc {
@@ -47,9 +48,9 @@ class QN_API CQNFixedAlloc {
 
   unsigned int block_size_;
   unsigned int blocks_per_chunk_;
-  void* chunks_ = nullptr;             // each begins with a pointer to the one made before it
-  void* free_ = nullptr;               // each begins with a pointer to the next free block
-  alignas(8) unsigned char lock_[40];  // the platform's critical section
+  void* chunks_ = nullptr;  // each begins with a pointer to the one made before it
+  void* free_ = nullptr;    // each begins with a pointer to the next free block
+  alignas(8) unsigned char lock_[quarnfc::kLockSize];
 };
 
 // The pools of the module. Each function returns a pool that lives as long as the module is

@@ -23,6 +23,15 @@ typedef void* HINTERNET;  // a handle of the platform's internet API
 typedef struct _SYSTEMTIME SYSTEMTIME;
 typedef struct _INTERNET_BUFFERSA INTERNET_BUFFERSA;
 
+namespace quarnfc {
+// The room of a lock of the platform in objects that hold one, in bytes.
+#if defined(_WIN32) || defined(__x86_64__)
+inline constexpr unsigned int kLockSize = 40;
+#else
+inline constexpr unsigned int kLockSize = 48;
+#endif
+}  // namespace quarnfc
+
 #if !defined(_WIN32)
 // What a host does with a system string; on Windows these are the platform's own.
 

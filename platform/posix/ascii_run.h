@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <cstring>
 
-namespace quarnfc {
+namespace quarnfc::platform {
 
 // Unit is the type of one code unit, 8 or 16 bits wide.
 template <typename Unit>
@@ -29,6 +29,6 @@ std::size_t AsciiRunLength(const Unit* begin, const Unit* end) {
   return static_cast<std::size_t>(position - begin);
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::platform
 
 #endif  // QUARNFC_PLATFORM_POSIX_ASCII_RUN_H_

@@ -6,11 +6,10 @@
 
 #include "platform/posix/code_page_936_data.h"
 
-namespace quarnfc {
+namespace quarnfc::platform {
 
 namespace {
 
-constexpr char16_t kDefaultUnit = u'?';
 constexpr std::uint16_t kDefaultCode = '?';
 constexpr unsigned int kFirstTrail = 0x40;
 
@@ -114,4 +113,4 @@ void CodePage936::AddBestFit() {
   }
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::platform

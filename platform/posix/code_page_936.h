@@ -9,7 +9,7 @@
 
 #include "platform/posix/ascii_run.h"
 
-namespace quarnfc {
+namespace quarnfc::platform {
 
 class CodePage936 {
  public:
@@ -18,6 +18,11 @@ class CodePage936 {
   static const CodePage936& Instance();
 
   static constexpr bool IsLead(unsigned char byte) { return byte >= 0x81 && byte <= 0xFE; }
+
+  // Whether the two bytes, of which the first is a lead byte, are a character.
+  bool Has(unsigned char lead, unsigned char trail) const {
+    return double_[PairIndex(lead, trail)] != kDefaultUnit;
+  }
 
   // Converts to UTF-16; false when the output is full. A pair without a character is one question
   // mark; so is a lead byte at the end or in front of a zero byte.
@@ -30,6 +35,7 @@ class CodePage936 {
   bool Encode(const wchar_t* source, const wchar_t* end, Output& output) const;
 
  private:
+  static constexpr char16_t kDefaultUnit = u'?';  // for what is no character
   static constexpr unsigned int kFirstLead = 0x81;
   static constexpr unsigned int kLastLead = 0xFE;
 
@@ -91,6 +97,6 @@ bool CodePage936::Encode(const wchar_t* source, const wchar_t* end, Output& outp
   return true;
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::platform
 
 #endif  // QUARNFC_PLATFORM_POSIX_CODE_PAGE_936_H_

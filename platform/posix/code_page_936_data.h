@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-namespace quarnfc {
+namespace quarnfc::platform {
 
 // User-defined characters with one lead byte and units that follow each other.
 struct UserDefinedRun {
@@ -127,6 +127,6 @@ constexpr BestFit kBestFits[] = {
 
 // clang-format on
 
-}  // namespace quarnfc
+}  // namespace quarnfc::platform
 
 #endif  // QUARNFC_PLATFORM_POSIX_CODE_PAGE_936_DATA_H_

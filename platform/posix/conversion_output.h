@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <initializer_list>
 
-namespace quarnfc {
+namespace quarnfc::platform {
 
 // Counts the units a conversion would write.
 class CountingOutput {
@@ -79,6 +79,6 @@ class BufferOutput {
   Unit* end_;
 };
 
-}  // namespace quarnfc
+}  // namespace quarnfc::platform
 
 #endif  // QUARNFC_PLATFORM_POSIX_CONVERSION_OUTPUT_H_

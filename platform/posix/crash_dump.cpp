@@ -11,9 +11,9 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#include "platform/crt.h"
+#include "platform/clock.h"
 
-namespace quarnfc {
+namespace quarnfc::platform {
 
 namespace {
 
@@ -23,10 +23,9 @@ void WriteText(int file, const char* text, std::size_t length) {
 }
 
 void WriteHeading(int file, const _EXCEPTION_POINTERS* info) {
-  const __time64_t now = _time64(nullptr);
   std::tm time{};
   char date[32] = "unknown";
-  if (_localtime64_s(&time, &now) == 0) {
+  if (ToLocalTime(CurrentTime(), time)) {
     std::strftime(date, sizeof date, "%Y-%m-%d %H:%M:%S", &time);
   }
   char text[256];
@@ -73,4 +72,4 @@ void WriteDumpFile(_EXCEPTION_POINTERS* info, const char* path, const char* noIn
   close(file);
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::platform

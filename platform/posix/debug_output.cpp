@@ -1,4 +1,4 @@
-#include "platform/posix/debug_output.h"
+#include "platform/debug_output.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -9,11 +9,13 @@
 #include <cstring>
 #include <string_view>
 
-#include "platform/posix/platform.h"
+#include "platform/posix/debug_output_observer.h"
+
+namespace quarnfc::platform {
 
 namespace {
 
-std::atomic<quarnfc::DebugOutputObserver> g_observer{nullptr};
+std::atomic<DebugOutputObserver> g_observer{nullptr};
 
 // True while a debugger traces this process.
 bool IsDebuggerPresent() {
@@ -43,23 +45,21 @@ void WriteToStandardError(const char* text) {
 
 }  // namespace
 
-namespace quarnfc {
-
 DebugOutputObserver SetDebugOutputObserver(DebugOutputObserver observer) {
   return g_observer.exchange(observer);
 }
 
-}  // namespace quarnfc
-
-void OutputDebugStringA(LPCSTR text) {
+void WriteDebugOutput(const char* text) {
   if (text == nullptr) {
     return;
   }
   const int saved_errno = errno;
-  if (const quarnfc::DebugOutputObserver observer = g_observer.load()) {
+  if (const DebugOutputObserver observer = g_observer.load()) {
     observer(text);
   } else if (IsDebuggerPresent()) {
     WriteToStandardError(text);
   }
   errno = saved_errno;
 }
+
+}  // namespace quarnfc::platform

@@ -1,14 +1,14 @@
 #include <syslog.h>
 
-#include "platform/diagnostics.h"
-#include "platform/platform.h"
+#include <memory>
+#include <new>
 
-namespace quarnfc {
+#include "platform/code_page.h"
+#include "platform/diagnostics.h"
+
+namespace quarnfc::platform {
 
 namespace {
-
-// The longest text, in UTF-16 units, that is converted; longer ones go out as they are.
-constexpr int kLongestText = 1024;
 
 // The priority for an event type of Windows.
 int ToPriority(unsigned short type) {
@@ -26,14 +26,44 @@ int ToPriority(unsigned short type) {
   }
 }
 
-// The text in UTF-8, which readers of the system log expect; empty when it cannot be converted.
-struct Utf8Text {
-  explicit Utf8Text(const char* text) {
-    wchar_t wide[kLongestText];
-    if (MultiByteToWideChar(CP_ACP, 0, text, -1, wide, kLongestText) == 0) return;
-    WideCharToMultiByte(CP_UTF8, 0, wide, -1, bytes, sizeof bytes, nullptr, nullptr);
+// Units for a conversion: on the stack as a rule, because a crash may have left no usable heap.
+template <typename Unit>
+class Scratch {
+ public:
+  // Null when memory is exhausted.
+  Unit* Take(int count) {
+    if (count <= kOnStack) return units_;
+    more_.reset(new (std::nothrow) Unit[static_cast<std::size_t>(count)]);
+    return more_.get();
   }
-  char bytes[3 * kLongestText] = "";
+
+ private:
+  static constexpr int kOnStack = 2048;
+  Unit units_[kOnStack];
+  std::unique_ptr<Unit[]> more_;
+};
+
+// A text in UTF-8, which readers of the system log expect; null when it cannot be converted.
+class Utf8Text {
+ public:
+  explicit Utf8Text(const char* text) {
+    const int wide_count = ToUtf16(Encoding::kAnsi, text, kTerminated, nullptr, 0);
+    wchar_t* wide = wide_.Take(wide_count);
+    if (wide == nullptr) return;
+    ToUtf16(Encoding::kAnsi, text, kTerminated, wide, wide_count);
+    const int count = FromUtf16(Encoding::kUtf8, wide, wide_count, nullptr, 0);
+    char* bytes = bytes_.Take(count);
+    if (bytes != nullptr && FromUtf16(Encoding::kUtf8, wide, wide_count, bytes, count) > 0) {
+      utf8_ = bytes;
+    }
+  }
+
+  const char* get() const { return utf8_; }
+
+ private:
+  Scratch<wchar_t> wide_;
+  Scratch<char> bytes_;
+  const char* utf8_ = nullptr;
 };
 
 }  // namespace
@@ -41,7 +71,7 @@ struct Utf8Text {
 void WriteEventLogEntry(const char* source, unsigned short type, const char* text) {
   // Without openlog: its settings belong to the host.
   const Utf8Text utf8(text);
-  syslog(LOG_USER | ToPriority(type), "%s: %s", source, utf8.bytes[0] != '\0' ? utf8.bytes : text);
+  if (utf8.get() != nullptr) syslog(LOG_USER | ToPriority(type), "%s: %s", source, utf8.get());
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::platform

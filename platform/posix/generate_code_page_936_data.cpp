@@ -97,7 +97,7 @@ int main() {
       "#ifndef QUARNFC_PLATFORM_POSIX_CODE_PAGE_936_DATA_H_\n"
       "#define QUARNFC_PLATFORM_POSIX_CODE_PAGE_936_DATA_H_\n\n"
       "#include <cstdint>\n\n"
-      "namespace quarnfc {\n\n"
+      "namespace quarnfc::platform {\n\n"
       "// User-defined characters with one lead byte and units that follow each other.\n"
       "struct UserDefinedRun {\n"
       "  std::uint16_t first_code;\n"

@@ -1,12 +1,14 @@
 // System strings: UTF-16 text behind a byte count. The count makes embedded zeros possible and
 // stands in the four bytes before the text, where every reader of such strings looks for it.
+#include "platform/system_string.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 
-#include "platform/posix/platform.h"
+namespace quarnfc::platform {
 
 namespace {
 
@@ -15,17 +17,17 @@ struct Header {
   std::uint32_t byte_count;
 };
 
-constexpr UINT kMaxLength = (UINT32_MAX - sizeof(Header)) / sizeof(OLECHAR) - 1;
+constexpr unsigned int kMaxLength = (UINT32_MAX - sizeof(Header)) / sizeof(wchar_t) - 1;
 
 Header* HeaderOf(BSTR string) { return reinterpret_cast<Header*>(string) - 1; }
 
 // An uninitialised string of length units and its terminator; null when memory is exhausted.
-BSTR Allocate(UINT length) {
+BSTR Allocate(unsigned int length) {
   if (length > kMaxLength) {
     return nullptr;
   }
-  const std::size_t byte_count = std::size_t{length} * sizeof(OLECHAR);
-  auto* header = static_cast<Header*>(std::malloc(sizeof(Header) + byte_count + sizeof(OLECHAR)));
+  const std::size_t byte_count = std::size_t{length} * sizeof(wchar_t);
+  auto* header = static_cast<Header*>(std::malloc(sizeof(Header) + byte_count + sizeof(wchar_t)));
   if (header == nullptr) {
     return nullptr;
   }
@@ -38,38 +40,36 @@ BSTR Allocate(UINT length) {
 
 }  // namespace
 
-BSTR SysAllocStringLen(const OLECHAR* source, UINT length) {
+BSTR AllocSystemString(const wchar_t* source, unsigned int length) {
   BSTR string = Allocate(length);
   if (string != nullptr && source != nullptr) {
-    std::memcpy(string, source, std::size_t{length} * sizeof(OLECHAR));
+    std::memcpy(string, source, std::size_t{length} * sizeof(wchar_t));
   }
   return string;
 }
 
-// A null source keeps the old text as far as it fits. The source may be part of the old string.
-int SysReAllocStringLen(BSTR* string, const OLECHAR* source, UINT length) {
-  if (string == nullptr) {
-    return 0;
-  }
-  BSTR fresh = SysAllocStringLen(source, length);
+bool ReallocSystemString(BSTR& string, const wchar_t* source, unsigned int length) {
+  BSTR fresh = AllocSystemString(source, length);
   if (fresh == nullptr) {
-    return 0;
+    return false;
   }
-  if (source == nullptr && *string != nullptr) {
-    const UINT kept = std::min(length, SysStringLen(*string));
-    std::memcpy(fresh, *string, std::size_t{kept} * sizeof(OLECHAR));
+  if (source == nullptr && string != nullptr) {
+    const unsigned int kept = std::min(length, SysStringLen(string));
+    std::memcpy(fresh, string, std::size_t{kept} * sizeof(wchar_t));
   }
-  SysFreeString(*string);
-  *string = fresh;
-  return 1;
+  SysFreeString(string);
+  string = fresh;
+  return true;
 }
 
-UINT SysStringLen(BSTR string) {
-  return string == nullptr ? 0 : HeaderOf(string)->byte_count / sizeof(OLECHAR);
+}  // namespace quarnfc::platform
+
+unsigned int SysStringLen(BSTR string) {
+  return string == nullptr ? 0 : quarnfc::platform::HeaderOf(string)->byte_count / sizeof(wchar_t);
 }
 
 void SysFreeString(BSTR string) {
   if (string != nullptr) {
-    std::free(HeaderOf(string));
+    std::free(quarnfc::platform::HeaderOf(string));
   }
 }

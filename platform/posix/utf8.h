@@ -6,7 +6,7 @@
 
 #include "platform/posix/ascii_run.h"
 
-namespace quarnfc {
+namespace quarnfc::platform {
 
 constexpr char32_t kReplacementCharacter = 0xFFFD;
 
@@ -124,6 +124,6 @@ bool EncodeUtf8(const wchar_t* source, const wchar_t* end, Output& output) {
   return true;
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::platform
 
 #endif  // QUARNFC_PLATFORM_POSIX_UTF8_H_

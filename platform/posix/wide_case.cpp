@@ -1,7 +1,10 @@
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 
-#include "platform/posix/platform.h"
+#include "platform/code_page.h"
+
+namespace quarnfc::platform {
 
 namespace {
 
@@ -51,7 +54,8 @@ wchar_t UpperCase(wchar_t ch) {
 
 }  // namespace
 
-DWORD CharUpperBuffW(LPWSTR text, DWORD length) {
+void ToUpperCase(wchar_t* text, std::size_t length) {
   std::transform(text, text + length, text, UpperCase);
-  return length;
 }
+
+}  // namespace quarnfc::platform

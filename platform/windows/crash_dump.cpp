@@ -2,14 +2,14 @@
 
 #include <cstring>
 
-#include "core/text/multibyte.h"
-#include "platform/module.h"
-#include "platform/platform.h"
+#include "platform/windows/module.h"
+#include "platform/windows/platform.h"
 
 #include <dbghelp.h>
 #include <direct.h>
+#include <mbstring.h>
 
-namespace quarnfc {
+namespace quarnfc::platform {
 
 namespace {
 
@@ -18,7 +18,8 @@ class DebugHelp {
  public:
   using WriteDump = decltype(&MiniDumpWriteDump);
 
-  DebugHelp() : library_(LoadLibraryA("DBGHELP.DLL")) {
+  // From the system's folder alone: a file of that name beside the program is somebody else's.
+  DebugHelp() : library_(LoadLibraryExA("DBGHELP.DLL", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32)) {
     if (library_ == nullptr) return;
     const FARPROC entry = GetProcAddress(library_, "MiniDumpWriteDump");
     write_dump_ = reinterpret_cast<WriteDump>(reinterpret_cast<void*>(entry));
@@ -59,8 +60,7 @@ bool FindLibraryFolder(char* folder, std::size_t capacity) {
   const DWORD length = GetModuleFileNameA(static_cast<HMODULE>(ModuleHandle()), folder, size);
   if (length == 0 || length >= size) return false;
   // By characters: the second byte of a double-byte character may be a backslash.
-  unsigned char* separator =
-      quarnfc::MbsRChr(reinterpret_cast<unsigned char*>(folder), kFolderSeparator);
+  unsigned char* separator = _mbsrchr(reinterpret_cast<unsigned char*>(folder), kFolderSeparator);
   if (separator == nullptr) return false;
   separator[1] = '\0';
   return true;
@@ -82,4 +82,4 @@ void WriteDumpFile(_EXCEPTION_POINTERS* info, const char* path, const char* noIn
   CloseHandle(file);
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::platform

@@ -1,7 +1,8 @@
+#include "platform/code_page.h"
 #include "platform/diagnostics.h"
-#include "platform/platform.h"
+#include "platform/windows/platform.h"
 
-namespace quarnfc {
+namespace quarnfc::platform {
 
 namespace {
 
@@ -10,7 +11,7 @@ namespace {
 constexpr int kLongestText = 31839;
 
 bool IsTooLong(const char* text) {
-  return MultiByteToWideChar(CP_ACP, 0, text, -1, nullptr, 0) - 1 > kLongestText;
+  return ToUtf16(Encoding::kAnsi, text, kTerminated, nullptr, 0) - 1 > kLongestText;
 }
 
 }  // namespace
@@ -23,4 +24,4 @@ void WriteEventLogEntry(const char* source, unsigned short type, const char* tex
   DeregisterEventSource(log);
 }
 
-}  // namespace quarnfc
+}  // namespace quarnfc::platform

@@ -1,6 +1,6 @@
-#include "platform/module.h"
+#include "platform/windows/module.h"
 
-#include "platform/platform.h"
+#include "platform/windows/platform.h"
 
 namespace {
 
@@ -8,7 +8,7 @@ HINSTANCE g_module = nullptr;
 
 }  // namespace
 
-void* quarnfc::ModuleHandle() { return g_module; }
+void* quarnfc::platform::ModuleHandle() { return g_module; }
 
 // The module's entry routine.
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID /*reserved*/) {

@@ -1,4 +1,4 @@
-// The Windows headers the library uses.
+// <windows.h>, for the files of this folder.
 #ifndef QUARNFC_PLATFORM_WINDOWS_PLATFORM_H_
 #define QUARNFC_PLATFORM_WINDOWS_PLATFORM_H_
 
@@ -9,15 +9,5 @@
 #define NOMINMAX
 #endif
 #include <windows.h>
-
-#include <mbctype.h>
-#include <mbstring.h>
-#include <oleauto.h>
-
-// <mbctype.h> defines short names that the C++ library uses as identifiers.
-#undef _MS
-#undef _MP
-#undef _M1
-#undef _M2
 
 #endif  // QUARNFC_PLATFORM_WINDOWS_PLATFORM_H_

@@ -15,7 +15,7 @@ using codec_test::Bytes;
 
 class Base64X86 : public testing::Test {
   void SetUp() override {
-    if (!quarnfc::CpuHasSsse3()) GTEST_SKIP() << "the processor has no SSSE3";
+    if (!quarnfc::platform::CpuHasSsse3()) GTEST_SKIP() << "the processor has no SSSE3";
   }
 };
 

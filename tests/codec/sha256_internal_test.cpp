@@ -50,7 +50,7 @@ TEST(Sha256, PiecesOfAnySizeGiveTheDigestOfTheWhole) {
 }
 
 TEST(Sha256, PlainCodeAndShaExtensionsAgree) {
-  if (!quarnfc::CpuHasSha()) GTEST_SKIP() << "the processor has no SHA extensions";
+  if (!quarnfc::platform::CpuHasSha()) GTEST_SKIP() << "the processor has no SHA extensions";
   for (unsigned blocks = 0; blocks <= 20; ++blocks) {
     const codec_test::Bytes data = codec_test::RandomBytes(blocks * Sha256::kBlockBytes, blocks);
     Sha256::State plain = {1, 2, 3, 4, 5, 6, 7, 0xFFFFFFFF};

@@ -12,6 +12,7 @@ TEST(CsvMessages, DecodeToTheirTexts) {
     const char* message;
     const char16_t* text;
   } kCases[] = {{kCsvOpenFailed, u"打开 %s 失败，错误码: %d"},
+                {kCsvReadFailed, u"读取 %s 失败，错误码: %d"},
                 {kCsvNotOpen, u"未打开文件!"},
                 {kCsvNoHeader, u"CSV数据为空或格式无效!"},
                 {kCsvLineTooLong, u"文件中数据的行长度超过缓存长度(%d字节)，处理失败!"}};

@@ -1,4 +1,4 @@
-#include "platform/posix/debug_output.h"
+#include "platform/posix/debug_output_observer.h"
 #include "tests/json/captured_debug_output.h"
 
 namespace {
@@ -11,9 +11,9 @@ void Keep(const char* text) { g_texts.push_back(text); }
 
 CapturedDebugOutput::CapturedDebugOutput() {
   g_texts.clear();
-  quarnfc::SetDebugOutputObserver(Keep);
+  quarnfc::platform::SetDebugOutputObserver(Keep);
 }
 
-CapturedDebugOutput::~CapturedDebugOutput() { quarnfc::SetDebugOutputObserver(nullptr); }
+CapturedDebugOutput::~CapturedDebugOutput() { quarnfc::platform::SetDebugOutputObserver(nullptr); }
 
 const std::vector<std::string>& CapturedDebugOutput::Texts() const { return g_texts; }

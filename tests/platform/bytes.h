@@ -7,9 +7,11 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/platform.h"
+#include "platform/code_page.h"
 
 namespace quarnfc_test {
+
+using quarnfc::platform::Encoding;
 
 inline const unsigned char* Bytes(const char* text) {
   return reinterpret_cast<const unsigned char*>(text);
@@ -20,11 +22,11 @@ using Units = std::vector<unsigned int>;
 
 inline Units UnitsOf(std::u16string_view text) { return Units(text.begin(), text.end()); }
 
-// The result of MultiByteToWideChar; the size is asked for first and must agree.
-Units Decode(UINT code_page, std::string_view text);
+// The result of ToUtf16; the size is asked for first and must agree.
+Units Decode(Encoding encoding, std::string_view text);
 
-// The result of WideCharToMultiByte; the size is asked for first and must agree.
-std::string Encode(UINT code_page, std::u16string_view text);
+// The result of FromUtf16; the size is asked for first and must agree.
+std::string Encode(Encoding encoding, std::u16string_view text);
 
 // FNV-1a over 64 bits, to compare tables that are too long to be listed.
 class Digest {

@@ -6,7 +6,6 @@
 #include <thread>
 #include <vector>
 
-#include "platform/platform.h"
 #include "tests/platform/bytes.h"
 #include "tests/platform/conversion_cases.h"
 
@@ -16,12 +15,13 @@ using quarnfc_test::ConversionCase;
 using quarnfc_test::Decode;
 using quarnfc_test::Digest;
 using quarnfc_test::Encode;
+using quarnfc_test::Encoding;
 using quarnfc_test::ExpectDecodes;
 using quarnfc_test::ExpectEncodes;
 using namespace std::string_view_literals;
 
-// The digests were taken from MultiByteToWideChar and WideCharToMultiByte of code page 936 with
-// Windows' own table, so that a target with another table fails here.
+// The digests were taken from the converters of Windows for code page 936 with its own table, so
+// that a target with another table fails here.
 constexpr std::uint64_t kDecodeDigest = 17968584947530918881u;
 constexpr std::uint64_t kEncodeDigest = 765017316916208196u;
 
@@ -30,7 +30,8 @@ TEST(CodePage936, EveryPairOfBytesDecodesAsOnWindows) {
   for (unsigned int pair = 0; pair <= 0xFFFF; ++pair) {
     const char bytes[] = {static_cast<char>(pair >> 8), static_cast<char>(pair)};
     wchar_t units[2] = {};
-    digest.Add(static_cast<unsigned int>(MultiByteToWideChar(CP_ACP, 0, bytes, 2, units, 2)));
+    digest.Add(
+        static_cast<unsigned int>(quarnfc::platform::ToUtf16(Encoding::kAnsi, bytes, 2, units, 2)));
     digest.Add(units[0]);
     digest.Add(units[1]);
   }
@@ -42,8 +43,8 @@ TEST(CodePage936, EveryUnitEncodesAsOnWindows) {
   for (unsigned int unit = 0; unit <= 0xFFFF; ++unit) {
     const auto source = static_cast<wchar_t>(unit);
     unsigned char bytes[2] = {};
-    digest.Add(static_cast<unsigned int>(WideCharToMultiByte(
-        CP_ACP, 0, &source, 1, reinterpret_cast<char*>(bytes), 2, nullptr, nullptr)));
+    digest.Add(static_cast<unsigned int>(quarnfc::platform::FromUtf16(
+        Encoding::kAnsi, &source, 1, reinterpret_cast<char*>(bytes), 2)));
     digest.Add(bytes[0]);
     digest.Add(bytes[1]);
   }
@@ -68,8 +69,8 @@ constexpr ConversionCase kBothWays[] = {
 };
 
 TEST(CodePage936, CharactersSurviveBothWays) {
-  ExpectDecodes(CP_ACP, kBothWays);
-  ExpectEncodes(CP_ACP, kBothWays);
+  ExpectDecodes(Encoding::kAnsi, kBothWays);
+  ExpectEncodes(Encoding::kAnsi, kBothWays);
 }
 
 constexpr ConversionCase kDecodeOnly[] = {
@@ -82,7 +83,9 @@ constexpr ConversionCase kDecodeOnly[] = {
     {"two lead bytes at the end", "\xB0\xB0\xB0", u"\u978D?"},
 };
 
-TEST(CodePage936, MalformedTextDecodesToQuestionMarks) { ExpectDecodes(CP_ACP, kDecodeOnly); }
+TEST(CodePage936, MalformedTextDecodesToQuestionMarks) {
+  ExpectDecodes(Encoding::kAnsi, kDecodeOnly);
+}
 
 constexpr ConversionCase kEncodeOnly[] = {
     {"currency signs", "\xA1\xE9\xA1\xEA\xA3\xA4", u"\u00A2\u00A3\u00A5"},
@@ -96,7 +99,7 @@ constexpr ConversionCase kEncodeOnly[] = {
 };
 
 TEST(CodePage936, TextWithoutACodeEncodesToTheBestFitOrAQuestionMark) {
-  ExpectEncodes(CP_ACP, kEncodeOnly);
+  ExpectEncodes(Encoding::kAnsi, kEncodeOnly);
 }
 
 TEST(CodePage936, LongTextSurvivesBothWays) {
@@ -105,10 +108,10 @@ TEST(CodePage936, LongTextSurvivesBothWays) {
     bytes.append(bytes.size() % 37, 'x').append("\xD6\xD0\xCE\xC4");
   }
   std::u16string text;
-  for (const unsigned int unit : Decode(CP_ACP, bytes)) {
+  for (const unsigned int unit : Decode(Encoding::kAnsi, bytes)) {
     text.push_back(static_cast<char16_t>(unit));
   }
-  EXPECT_EQ(bytes, Encode(CP_ACP, text));
+  EXPECT_EQ(bytes, Encode(Encoding::kAnsi, text));
 }
 
 TEST(CodePage936, MayBeUsedFirstBySeveralThreadsAtOnce) {
@@ -117,7 +120,7 @@ TEST(CodePage936, MayBeUsedFirstBySeveralThreadsAtOnce) {
   for (unsigned int& unit : units) {
     threads.emplace_back([&unit] {
       wchar_t result = 0;
-      MultiByteToWideChar(CP_ACP, 0, "\xD6\xD0", 2, &result, 1);
+      quarnfc::platform::ToUtf16(Encoding::kAnsi, "\xD6\xD0", 2, &result, 1);
       unit = result;
     });
   }

@@ -18,18 +18,18 @@ struct ConversionCase {
 };
 
 // Every case's bytes decode to its text.
-inline void ExpectDecodes(UINT code_page, std::span<const ConversionCase> cases) {
+inline void ExpectDecodes(Encoding encoding, std::span<const ConversionCase> cases) {
   for (const ConversionCase& c : cases) {
     SCOPED_TRACE(c.name);
-    EXPECT_EQ(UnitsOf(c.text), Decode(code_page, c.bytes));
+    EXPECT_EQ(UnitsOf(c.text), Decode(encoding, c.bytes));
   }
 }
 
 // Every case's text encodes to its bytes.
-inline void ExpectEncodes(UINT code_page, std::span<const ConversionCase> cases) {
+inline void ExpectEncodes(Encoding encoding, std::span<const ConversionCase> cases) {
   for (const ConversionCase& c : cases) {
     SCOPED_TRACE(c.name);
-    EXPECT_EQ(c.bytes, Encode(code_page, c.text));
+    EXPECT_EQ(c.bytes, Encode(encoding, c.text));
   }
 }
 

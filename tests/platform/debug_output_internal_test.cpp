@@ -1,13 +1,15 @@
-#include "platform/posix/debug_output.h"
+#include "platform/debug_output.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
 #include <string>
 
-#include "platform/platform.h"
+#include "platform/posix/debug_output_observer.h"
 
 namespace {
+
+using namespace quarnfc::platform;
 
 std::string* g_seen = nullptr;
 
@@ -19,19 +21,19 @@ void Observe(const char* text) {
 TEST(DebugOutput, GoesToTheObserverWhileThereIsOne) {
   std::string seen;
   g_seen = &seen;
-  EXPECT_EQ(nullptr, quarnfc::SetDebugOutputObserver(Observe));
-  OutputDebugStringA("one,");
-  OutputDebugStringA(nullptr);
-  OutputDebugStringA("two");
-  EXPECT_EQ(Observe, quarnfc::SetDebugOutputObserver(nullptr));
-  OutputDebugStringA("");
+  EXPECT_EQ(nullptr, SetDebugOutputObserver(Observe));
+  WriteDebugOutput("one,");
+  WriteDebugOutput(nullptr);
+  WriteDebugOutput("two");
+  EXPECT_EQ(Observe, SetDebugOutputObserver(nullptr));
+  WriteDebugOutput("");
   EXPECT_EQ("one,two", seen);
 }
 
-TEST(DebugOutput, LeavesTheLastErrorAlone) {
-  SetLastError(ERROR_FILE_NOT_FOUND);
-  OutputDebugStringA("");
-  EXPECT_EQ(ERROR_FILE_NOT_FOUND, GetLastError());
+TEST(DebugOutput, LeavesErrnoAlone) {
+  errno = ENOENT;
+  WriteDebugOutput("");
+  EXPECT_EQ(ENOENT, errno);
 }
 
 }  // namespace

@@ -1,43 +1,37 @@
-// Off Windows GetLastError translates errno.
 #include <gtest/gtest.h>
 
 #include <cerrno>
 
-#include "platform/platform.h"
+#include "platform/posix/errno.h"
 
 namespace {
 
+using namespace quarnfc::platform;
+
 struct Case {
   int errno_value;
-  DWORD error;
+  SystemError error;
 };
 
-TEST(Errno, IsReportedAsTheWindowsError) {
+TEST(Errno, IsGivenAsTheWindowsError) {
   constexpr Case kCases[] = {
-      {0, 0},
-      {ENOENT, ERROR_FILE_NOT_FOUND},
-      {ENOTDIR, ERROR_PATH_NOT_FOUND},
-      {EMFILE, ERROR_TOO_MANY_OPEN_FILES},
-      {EACCES, ERROR_ACCESS_DENIED},
-      {EPERM, ERROR_ACCESS_DENIED},
-      {EISDIR, ERROR_ACCESS_DENIED},
-      {ENOMEM, ERROR_NOT_ENOUGH_MEMORY},
-      {EEXIST, ERROR_FILE_EXISTS},
-      {EINVAL, ERROR_INVALID_PARAMETER},
-      {ENOSPC, ERROR_DISK_FULL},
-      {ENAMETOOLONG, ERROR_FILENAME_EXCED_RANGE},
-      {EXDEV, ERROR_GEN_FAILURE},  // one of those without an equal
+      {0, kNoError},
+      {ENOENT, kFileNotFound},
+      {ENOTDIR, kPathNotFound},
+      {EMFILE, kTooManyOpenFiles},
+      {EACCES, kAccessDenied},
+      {EPERM, kAccessDenied},
+      {EISDIR, kAccessDenied},
+      {EBADF, 6},
+      {ENOMEM, 8},
+      {EEXIST, 80},
+      {EINVAL, kInvalidParameter},
+      {ENOSPC, 112},
+      {ENAMETOOLONG, 206},
+      {EIO, 1117},
+      {EXDEV, kGeneralFailure},  // one of those without an equal
   };
-  for (const Case& c : kCases) {
-    errno = c.errno_value;
-    EXPECT_EQ(c.error, GetLastError()) << c.errno_value;
-  }
-}
-
-TEST(Errno, LaterFailureReplacesAnErrorThatWasSet) {
-  SetLastError(ERROR_INSUFFICIENT_BUFFER);
-  errno = ENOENT;
-  EXPECT_EQ(ERROR_FILE_NOT_FOUND, GetLastError());
+  for (const Case& c : kCases) EXPECT_EQ(c.error, SystemErrorOf(c.errno_value)) << c.errno_value;
 }
 
 }  // namespace

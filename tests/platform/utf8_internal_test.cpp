@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "platform/platform.h"
 #include "tests/platform/bytes.h"
 #include "tests/platform/conversion_cases.h"
 #include "tests/platform/wine.h"
@@ -16,6 +15,7 @@ using quarnfc_test::ConversionCase;
 using quarnfc_test::Decode;
 using quarnfc_test::Digest;
 using quarnfc_test::Encode;
+using quarnfc_test::Encoding;
 using quarnfc_test::ExpectDecodes;
 using quarnfc_test::ExpectEncodes;
 using namespace std::string_view_literals;
@@ -32,8 +32,8 @@ constexpr ConversionCase kBothWays[] = {
 };
 
 TEST(Utf8, CharactersSurviveBothWays) {
-  ExpectDecodes(CP_UTF8, kBothWays);
-  ExpectEncodes(CP_UTF8, kBothWays);
+  ExpectDecodes(Encoding::kUtf8, kBothWays);
+  ExpectEncodes(Encoding::kUtf8, kBothWays);
 }
 
 // Behind each text stand four more bytes, so that none is truncated.
@@ -51,7 +51,9 @@ constexpr ConversionCase kMalformed[] = {
     {"cut off by a character", "\xE4\xE4\xB8\xAD....", u"\uFFFD\u4E2D...."},
 };
 
-TEST(Utf8, MalformedTextDecodesToReplacementCharacters) { ExpectDecodes(CP_UTF8, kMalformed); }
+TEST(Utf8, MalformedTextDecodesToReplacementCharacters) {
+  ExpectDecodes(Encoding::kUtf8, kMalformed);
+}
 
 constexpr ConversionCase kTruncated[] = {
     {"one of two", "a\xC3", u"a\uFFFD"},
@@ -61,7 +63,7 @@ constexpr ConversionCase kTruncated[] = {
 };
 
 TEST(Utf8, TruncatedCharacterDecodesToOneReplacementCharacter) {
-  ExpectDecodes(CP_UTF8, kTruncated);
+  ExpectDecodes(Encoding::kUtf8, kTruncated);
 }
 
 constexpr ConversionCase kTruncatedBeforeOthers[] = {
@@ -74,12 +76,12 @@ TEST(Utf8, BytesBehindATruncatedCharacterAreKept) {
   if (quarnfc_test::RunsUnderWine()) {
     GTEST_SKIP() << "Wine drops what follows a lead byte that asks for more bytes than are left";
   }
-  ExpectDecodes(CP_UTF8, kTruncatedBeforeOthers);
+  ExpectDecodes(Encoding::kUtf8, kTruncatedBeforeOthers);
 }
 
 TEST(Utf8, SurrogateAloneEncodesToTheReplacementCharacter) {
   EXPECT_EQ("\xEF\xBF\xBDz\xEF\xBF\xBD\xF0\x9F\x98\x80\xEF\xBF\xBD",
-            Encode(CP_UTF8, u"\xD800z\xDC00\xD83D\xDE00\xD83D"));
+            Encode(Encoding::kUtf8, u"\xD800z\xDC00\xD83D\xDE00\xD83D"));
 }
 
 // Bytes that mean something in UTF-8 more often than by chance. Four others end each text, so that
@@ -100,7 +102,7 @@ TEST(Utf8, RandomTextsDecodeAsOnWindows) {
   std::mt19937 random;
   Digest digest;
   for (int i = 0; i < 50'000; ++i) {
-    for (const unsigned int unit : Decode(CP_UTF8, RandomText(random))) {
+    for (const unsigned int unit : Decode(Encoding::kUtf8, RandomText(random))) {
       digest.Add(unit);
     }
   }
@@ -116,7 +118,7 @@ TEST(Utf8, EveryPairOfSurrogateCandidatesEncodesAsOnWindows) {
   for (const char16_t first : kUnits) {
     for (const char16_t second : kUnits) {
       for (const char16_t third : kUnits) {
-        for (const char byte : Encode(CP_UTF8, std::u16string{first, second, third})) {
+        for (const char byte : Encode(Encoding::kUtf8, std::u16string{first, second, third})) {
           digest.Add(static_cast<unsigned char>(byte));
         }
       }

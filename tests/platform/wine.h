@@ -3,7 +3,9 @@
 #ifndef QUARNFC_TESTS_PLATFORM_WINE_H_
 #define QUARNFC_TESTS_PLATFORM_WINE_H_
 
-#include "platform/platform.h"
+#if defined(_WIN32)
+#include <windows.h>
+#endif
 
 namespace quarnfc_test {
 

@@ -40,6 +40,31 @@ TEST(CrashDumpName, HasNoPaddingAndNoYear) {
   }
 }
 
+TEST(CrashDumpName, StaysInItsFolder) {
+  const struct {
+    const char* prefix;
+    const char* expected;
+  } cases[] = {
+      {"../x", ".._x1_1_0_0_0(0x0).dmp"},
+      {"..\\x", ".._x1_1_0_0_0(0x0).dmp"},
+      {"/etc/x", "_etc_x1_1_0_0_0(0x0).dmp"},
+      {"c:x", "c_x1_1_0_0_0(0x0).dmp"},
+      {"a\r\n\t\x01\x7F", "a_____1_1_0_0_0(0x0).dmp"},
+      {"\x95\x5Cx", "\x95\x5Cx1_1_0_0_0(0x0).dmp"},  // a character that ends in a backslash
+      {"\xD6\xD0",
+       "\xD6\xD0"
+       "1_1_0_0_0(0x0).dmp"},                        // two bytes, one character
+      {"\xB0/../x", "\xB0_.._x1_1_0_0_0(0x0).dmp"},  // half a character hides no slash
+      {"\xB0\x1Fx", "\xB0_x1_1_0_0_0(0x0).dmp"},
+  };
+  const std::tm time = Time(1, 1, 0, 0, 0);
+  for (const auto& c : cases) {
+    char name[64];
+    EXPECT_TRUE(quarnfc::FormatDumpName(&time, c.prefix, nullptr, name, sizeof name));
+    EXPECT_STREQ(name, c.expected);
+  }
+}
+
 TEST(CrashDumpName, WithoutATimeIsFixed) {
   char name[64];
   EXPECT_TRUE(quarnfc::FormatDumpName(nullptr, "App", Address(1), name, sizeof name));

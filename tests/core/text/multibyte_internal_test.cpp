@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <string>
 
+#include "core/text/character.h"
 #include "core/text/multibyte.h"
-#include "platform/platform.h"
 #include "tests/platform/bytes.h"
 
 namespace {
@@ -17,25 +17,6 @@ constexpr std::ptrdiff_t kNotFound = -1;
 
 std::ptrdiff_t IndexOf(const char* text, const unsigned char* hit) {
   return hit == nullptr ? kNotFound : hit - Bytes(text);
-}
-
-TEST(Multibyte, LeadBytesAre81ToFE) {
-  for (unsigned int byte = 0; byte <= 0xFF; ++byte) {
-    EXPECT_EQ(byte >= 0x81 && byte <= 0xFE, _ismbblead(byte) != 0) << byte;
-  }
-}
-
-TEST(Multibyte, WhiteSpaceIsAsciiOrIdeographic) {
-  for (unsigned int code = 0; code <= 0xFFFF; ++code) {
-    const bool is_space = (code >= 0x09 && code <= 0x0D) || code == 0x20 || code == 0xA1A1;
-    EXPECT_EQ(is_space, _ismbcspace(code) != 0) << code;
-  }
-}
-
-TEST(Multibyte, SignExtendedBytesAreNoWhiteSpace) {
-  for (int byte = -128; byte < 0; ++byte) {
-    EXPECT_EQ(0, _ismbcspace(static_cast<unsigned int>(byte))) << byte;
-  }
 }
 
 struct CharacterCase {

@@ -2,10 +2,15 @@
 #include <quarnfc/qn_string.h>
 
 #include <gtest/gtest.h>
+#if defined(_WIN32)
+#include <windows.h>
+
+#include <oleauto.h>
+#endif
 
 #include <string>
 
-#include "platform/platform.h"
+#include "platform/system_string.h"
 #include "tests/core/text/text.h"
 
 namespace {
@@ -49,7 +54,7 @@ TEST(StringSystem, SystemStringsAreTerminated) {
 }
 
 TEST(StringSystem, SetSysStringReplacesTheTarget) {
-  BSTR target = SysAllocStringLen(nullptr, 0);
+  BSTR target = quarnfc::platform::AllocSystemString(nullptr, 0);
   BSTR result = CQNString("x" ZHONG).SetSysString(&target);
   EXPECT_EQ(result, target);
   EXPECT_EQ(Units(target), u"x\u4E2D");

@@ -1,4 +1,6 @@
-#include "core/text/code_page_936_case.h"
+// Upper and lower case of characters: by a table for code page 936, where run-time libraries
+// disagree, and by the platform for others.
+#include "core/text/character.h"
 
 namespace quarnfc {
 
@@ -17,8 +19,6 @@ constexpr LetterRange kDoubleByteLetters[] = {
     {0xA6A1, 0xA6B8, 0xA6C1u - 0xA6A1u},  // Greek
     {0xA7A1, 0xA7C1, 0xA7D1u - 0xA7A1u},  // Cyrillic
 };
-
-}  // namespace
 
 unsigned int ToLowerIn936(unsigned int value) {
   if (value <= 0xFF) {
@@ -43,6 +43,16 @@ unsigned int ToUpperIn936(unsigned int value) {
     }
   }
   return value;
+}
+
+}  // namespace
+
+unsigned int ToLowerCharacter(unsigned int value) {
+  return platform::AnsiIsCodePage936() ? ToLowerIn936(value) : platform::ToLowerCase(value);
+}
+
+unsigned int ToUpperCharacter(unsigned int value) {
+  return platform::AnsiIsCodePage936() ? ToUpperIn936(value) : platform::ToUpperCase(value);
 }
 
 }  // namespace quarnfc

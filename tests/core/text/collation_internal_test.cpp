@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/platform.h"
+#include "core/text/collation.h"
 #include "tests/platform/bytes.h"
 #include "tests/platform/wine.h"
 
@@ -22,10 +22,10 @@ struct CollateCase {
 
 void ExpectOrder(const CollateCase& c) {
   SCOPED_TRACE(std::string(c.left) + " " + c.right);
-  EXPECT_EQ(c.exact, Sign(_mbscoll(Bytes(c.left), Bytes(c.right))));
-  EXPECT_EQ(-c.exact, Sign(_mbscoll(Bytes(c.right), Bytes(c.left))));
-  EXPECT_EQ(c.ignoring_case, Sign(_mbsicoll(Bytes(c.left), Bytes(c.right))));
-  EXPECT_EQ(-c.ignoring_case, Sign(_mbsicoll(Bytes(c.right), Bytes(c.left))));
+  EXPECT_EQ(c.exact, Sign(quarnfc::Collate(Bytes(c.left), Bytes(c.right), false)));
+  EXPECT_EQ(-c.exact, Sign(quarnfc::Collate(Bytes(c.right), Bytes(c.left), false)));
+  EXPECT_EQ(c.ignoring_case, Sign(quarnfc::Collate(Bytes(c.left), Bytes(c.right), true)));
+  EXPECT_EQ(-c.ignoring_case, Sign(quarnfc::Collate(Bytes(c.right), Bytes(c.left), true)));
 }
 
 TEST(Collation, OrdersByTheLocale) {

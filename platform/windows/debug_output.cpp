@@ -1,0 +1,5 @@
+#include "platform/debug_output.h"
+
+#include "platform/windows/platform.h"
+
+void quarnfc::platform::WriteDebugOutput(const char* text) { OutputDebugStringA(text); }

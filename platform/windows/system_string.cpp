@@ -1,0 +1,17 @@
+#include "platform/system_string.h"
+
+#include "platform/windows/platform.h"
+
+#include <oleauto.h>
+
+namespace quarnfc::platform {
+
+BSTR AllocSystemString(const wchar_t* source, unsigned int length) {
+  return SysAllocStringLen(source, length);
+}
+
+bool ReallocSystemString(BSTR& string, const wchar_t* source, unsigned int length) {
+  return SysReAllocStringLen(&string, source, length) != 0;
+}
+
+}  // namespace quarnfc::platform
