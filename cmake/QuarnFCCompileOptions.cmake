@@ -6,7 +6,10 @@ if(QUARNFC_LTO)
   check_ipo_supported(RESULT QUARNFC_IPO_SUPPORTED LANGUAGES CXX)
 endif()
 
-# quarnfc_compile_options(<target>): C++20, warnings as errors, hidden symbols.
+# Off where the compiler is somebody else's choice: a warning that a newer one has must not stop them.
+option(QUARNFC_WERROR "Treat warnings as errors" OFF)
+
+# quarnfc_compile_options(<target>): C++20, warnings, hidden symbols.
 function(quarnfc_compile_options target)
   target_compile_features(${target} PRIVATE cxx_std_20)
   set_target_properties(
@@ -16,16 +19,26 @@ function(quarnfc_compile_options target)
                C_VISIBILITY_PRESET hidden
                VISIBILITY_INLINES_HIDDEN ON)
   if(MSVC)
-    target_compile_options(${target} PRIVATE /W4 /WX /utf-8 /permissive- /EHsc)
+    target_compile_options(${target} PRIVATE /W4 /utf-8 /permissive- /EHsc
+                                             $<$<BOOL:${QUARNFC_WERROR}>:/WX>)
   else()
     target_compile_options(
-      ${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Werror
-                        $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor
-                        -Wno-delete-non-virtual-dtor>)
+      ${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow
+                        $<$<BOOL:${QUARNFC_WERROR}>:-Werror>
+                        # Sessions and their like have no virtual destructor, by their stated layout.
+                        $<$<COMPILE_LANGUAGE:CXX>:-Wno-delete-non-virtual-dtor>)
     if(NOT WIN32)
       # The library's wide text is UTF-16 on every target.
       target_compile_options(${target} PRIVATE -fshort-wchar)
     endif()
+  endif()
+endfunction()
+
+# quarnfc_library_options(<target>): what the library's own sources are checked for beyond that.
+function(quarnfc_library_options target)
+  quarnfc_compile_options(${target})
+  if(NOT MSVC)
+    target_compile_options(${target} PRIVATE -Wnon-virtual-dtor)
   endif()
 endfunction()
 
@@ -35,13 +48,6 @@ function(quarnfc_host_options target)
   target_include_directories(
     ${target} INTERFACE "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>"
                         "$<INSTALL_INTERFACE:include>")
-  if(NOT MSVC)
-    # Hosts delete sessions, connections and exceptions and derive from them; the stated layout of
-    # their virtual tables has no destructor.
-    target_compile_options(
-      ${target} INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wno-non-virtual-dtor
-                          -Wno-delete-non-virtual-dtor>)
-  endif()
   if(NOT WIN32)
     target_compile_options(${target} INTERFACE -fshort-wchar)
   endif()

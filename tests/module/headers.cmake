@@ -27,6 +27,7 @@ foreach(header IN LISTS headers)
   list(APPEND umbrella "#if !defined(QUARNFC_${guard}_H_)" "#error \"${header} is missing\"" "#endif")
 endforeach()
 header_unit(units17 umbrella.cpp ${umbrella} ${platform_headers})
+list(APPEND units17 "${CMAKE_CURRENT_SOURCE_DIR}/careful_host.cpp")
 foreach(name plain version)
   header_unit(units_c ${name}.c "#include <quarnfc/${name}.h>" "#include <quarnfc/${name}.h>")
 endforeach()
@@ -42,10 +43,25 @@ set_target_properties(quarnfc_headers_c PROPERTIES C_STANDARD 99 C_EXTENSIONS OF
 foreach(target quarnfc_headers_cxx17 quarnfc_headers_cxx20 quarnfc_headers_c)
   target_link_libraries(${target} PRIVATE QuarnFC::QuarnFC)
   if(NOT MSVC)
-    target_compile_options(${target} PRIVATE -O0 -Wall -Wextra -Wpedantic -Wshadow -Werror)
+    target_compile_options(${target} PRIVATE -O0 -Wall -Wextra -Wpedantic -Wshadow
+                                             -Wnon-virtual-dtor -Wdelete-non-virtual-dtor
+                                             $<$<BOOL:${QUARNFC_WERROR}>:-Werror>)
   endif()
 endforeach()
 if(WIN32)
   # Included first in every unit, and read only once.
   target_precompile_headers(quarnfc_headers_cxx20 PRIVATE <windows.h> <wininet.h>)
+endif()
+
+# Linking the library switches off no warning in a host's own code: one that deserves them gets them.
+if(NOT MSVC)
+  add_library(quarnfc_careless_host OBJECT EXCLUDE_FROM_ALL careless_host.cpp)
+  target_link_libraries(quarnfc_careless_host PRIVATE QuarnFC::QuarnFC)
+  target_compile_options(quarnfc_careless_host PRIVATE -Wnon-virtual-dtor -Wdelete-non-virtual-dtor
+                                                       -Werror)
+  quarnfc_check(hosts_keep_their_warnings ${CMAKE_COMMAND} --build "${PROJECT_BINARY_DIR}" --target
+                quarnfc_careless_host)
+  set_tests_properties(
+    hosts_keep_their_warnings
+    PROPERTIES PASS_REGULAR_EXPRESSION "=non-virtual-dtor.*=delete-non-virtual-dtor")
 endif()

@@ -1,0 +1,20 @@
+// A host whose use of the library draws no warning, whatever it asks its compiler for. It is
+// compiled only.
+#include <quarnfc/quarnfc.h>
+
+#include <memory>
+
+namespace {
+
+void Download(const char* url) {
+  const auto session = std::make_unique<CQNInternetSession>();
+  try {
+    const std::unique_ptr<CQNInternetFile> file(session->OpenURL(url));
+  } catch (CQNInternetException* exception) {
+    const std::unique_ptr<CQNInternetException> caught(exception);
+  }
+}
+
+}  // namespace
+
+void (*const kDownload)(const char*) = Download;
