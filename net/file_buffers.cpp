@@ -1,7 +1,10 @@
+// First, because MinGW exports the type information of a class that is defined after an exported
+// one.
+#include <new>
+
 #include <quarnfc/internet_file.h>
 
 #include <cstring>
-#include <new>
 
 #include "core/memory/memory.h"
 

@@ -1,28 +1,11 @@
+// First, because MinGW exports the type information of a class that is defined after an exported
+// one.
+#include "core/objects/object_record.h"
+
 #include <quarnfc/object.h>
 #include <quarnfc/string_utils.h>
 
-#include <cstddef>
 #include <utility>
-
-#include "core/memory/memory.h"
-
-// The private record of an object.
-struct CQNObjectImp {
-  virtual ~CQNObjectImp() {
-    quarnfc::FreeBuffer(message);
-    quarnfc::FreeBuffer(wide_message);
-  }
-
-  static void* operator new(std::size_t size) { return quarnfc::AllocNode(size); }
-  static void operator delete(void* record) noexcept {
-    quarnfc::FreeNode(record, sizeof(CQNObjectImp));
-  }
-
-  int references = 1;
-  CQNObject::EErrorStatus code = CQNObject::eErrNone;  // hosts must not rely on it before setting
-  char* message = nullptr;
-  wchar_t* wide_message = nullptr;
-};
 
 namespace {
 
@@ -55,7 +38,9 @@ void CQNObject::Release() {
 
 void CQNObject::SetErrorCode(EErrorStatus code) const { imp_->code = code; }
 
-CQNObject::EErrorStatus CQNObject::GetErrorCode() const { return imp_->code; }
+CQNObject::EErrorStatus CQNObject::GetErrorCode() const {
+  return static_cast<EErrorStatus>(imp_->code);
+}
 
 void CQNObject::SetErrorMsg(const char* text) const {
   if (text == nullptr) text = "";
