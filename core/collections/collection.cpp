@@ -30,6 +30,15 @@ bool IsInside(const Array& array, int index) {
   return index >= 0 && static_cast<std::size_t>(index) < array.size();
 }
 
+// The item at an index that is inside.
+template <class Items>
+auto& At(Items& array, int index) {
+  return array[static_cast<std::size_t>(index)];
+}
+
+// A count or position of a host, which takes a negative one for none.
+std::size_t NotNegative(int count) { return static_cast<std::size_t>(std::max(count, 0)); }
+
 }  // namespace
 
 CQNCollection::CQNCollection() : items_(new CQNCollectionItems) {}
@@ -57,7 +66,7 @@ void CQNCollection::Append(const CQNCollection& other) {
   const int count = other.Count();
   for (int i = 0; i < count; ++i) {
     // This collection's own item, deliberately: see the header.
-    const unsigned __int64 item = IsInside(items_->array, i) ? items_->array[i] : 0;
+    const unsigned __int64 item = IsInside(items_->array, i) ? At(items_->array, i) : 0;
     Add(other.OnCloneItem(item));
   }
 }
@@ -73,7 +82,7 @@ int CQNCollection::Count() const { return static_cast<int>(items_->array.size())
 void CQNCollection::RemoveAt(int index) {
   Array& array = items_->array;
   if (!IsInside(array, index)) return;
-  OnRemoveItem(array[index]);
+  OnRemoveItem(At(array, index));
   // The hook is a host's and may have removed items itself.
   if (IsInside(array, index)) array.erase(array.begin() + index);
 }
@@ -95,7 +104,7 @@ int CQNCollection::LogicalLength() const { return Count(); }
 
 void CQNCollection::SetLogicalLength(int count) {
   CallOnRemoveItem(count);
-  const std::size_t length = std::max(count, 0);
+  const std::size_t length = NotNegative(count);
   EnsureRoom(items_->array, length);
   items_->array.resize(length);
 }
@@ -105,12 +114,12 @@ int CQNCollection::PhysicalLength() const { return static_cast<int>(items_->arra
 void CQNCollection::SetPhysicalLength(int capacity) {
   // The items stay although they have been released, deliberately: see the header.
   CallOnRemoveItem(capacity);
-  items_->array.reserve(std::max(capacity, 0));
+  items_->array.reserve(NotNegative(capacity));
 }
 
 int CQNCollection::Find(unsigned __int64 item, int start) const {
   const Array& array = items_->array;
-  for (std::size_t i = std::max(start, 0); i < array.size(); ++i) {
+  for (std::size_t i = NotNegative(start); i < array.size(); ++i) {
     if (array[i] == item) return static_cast<int>(i);
   }
   return -1;
@@ -122,11 +131,11 @@ bool CQNCollection::Contains(unsigned __int64 item, int start) const {
 
 const unsigned __int64& CQNCollection::Item(int index) const {
   static constexpr unsigned __int64 kOutside = 0;
-  return IsInside(items_->array, index) ? items_->array[index] : kOutside;
+  return IsInside(items_->array, index) ? At(items_->array, index) : kOutside;
 }
 
 unsigned __int64& CQNCollection::Item(int index) {
-  if (IsInside(items_->array, index)) return items_->array[index];
+  if (IsInside(items_->array, index)) return At(items_->array, index);
   items_->outside = 0;
   return items_->outside;
 }
@@ -141,5 +150,6 @@ const unsigned __int64* CQNCollection::constDataPtr() const { return items_->arr
 
 void CQNCollection::CallOnRemoveItem(int first) {
   // By index: the hook is a host's and may add or remove items.
-  for (int i = std::max(first, 0); IsInside(items_->array, i); ++i) OnRemoveItem(items_->array[i]);
+  for (int i = std::max(first, 0); IsInside(items_->array, i); ++i)
+    OnRemoveItem(At(items_->array, i));
 }
