@@ -77,6 +77,7 @@ TEST(Crc64, UnalignedDataEqualsTheBitwiseRemainder) {
 TEST(Crc64, FirstCallsOnSeveralThreadsAgree) {
   std::vector<std::string> results(4);
   std::vector<std::thread> threads;
+  threads.reserve(results.size());
   for (std::string& result : results) {
     threads.emplace_back([&result] { result = NarrowCrc(ToBytes("123456789")); });
   }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <string>
 #include <vector>
@@ -42,7 +43,8 @@ std::string ConvertFromWide(FromWide convert, const std::u16string& text) {
   EXPECT_EQ(convert(Wide(text), buffer.data(), needed), needed);
   EXPECT_EQ(buffer[static_cast<std::size_t>(needed) - 1], '\0');
   EXPECT_EQ(buffer[static_cast<std::size_t>(needed)], '#');
-  return buffer.c_str();
+  buffer.resize(std::strlen(buffer.c_str()));
+  return buffer;
 }
 
 struct TextPair {
