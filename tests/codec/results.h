@@ -3,23 +3,18 @@
 #ifndef QUARNFC_TESTS_CODEC_RESULTS_H_
 #define QUARNFC_TESTS_CODEC_RESULTS_H_
 
-#include <quarnfc/plain.h>
-
-#include <memory>
 #include <random>
 #include <string>
 #include <vector>
+
+#include "tests/support/caller_buffer.h"
 
 namespace codec_test {
 
 using Bytes = std::vector<unsigned char>;
 
-struct Release {
-  void operator()(void* buffer) const { qnFreeMem(buffer); }
-};
-
 template <class T>
-using Owned = std::unique_ptr<T, Release>;
+using Owned = quarnfc_test::CallerBuffer<T>;
 
 // The text of a result buffer, which is released; "(null)" when there is none. Wide text must
 // hold ASCII only, other characters show as "?".

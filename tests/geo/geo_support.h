@@ -8,20 +8,18 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <string>
 #include <vector>
+
+#include "tests/support/caller_buffer.h"
 
 namespace geo_test {
 
 using Geo = CQNGeoCoordinateSystem;
 using Pro = CQNProCoordinateSystem;
 
-struct LibraryDeleter {
-  void operator()(void* buffer) const { qnFreeMem(buffer); }
-};
-using Text = std::unique_ptr<char, LibraryDeleter>;
-using WideText = std::unique_ptr<wchar_t, LibraryDeleter>;
+using Text = quarnfc_test::CallerBuffer<char>;
+using WideText = quarnfc_test::CallerBuffer<wchar_t>;
 
 // The fields of a system by position, as a host that copies it bit for bit sees them.
 inline std::array<double, 16> Fields(const Geo& system) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "tests/io/temp_file.h"
+#include "tests/support/string_bytes.h"
 
 namespace io_test {
 
@@ -16,9 +17,7 @@ using Row = std::vector<std::string>;
 
 inline Row ToRow(const std::vector<CQNString>& fields) {
   Row row;
-  for (const CQNString& field : fields) {
-    row.emplace_back(static_cast<const char*>(field), field.GetLength());
-  }
+  for (const CQNString& field : fields) row.push_back(quarnfc_test::Bytes(field));
   return row;
 }
 

@@ -9,7 +9,7 @@ namespace {
 
 using json_test::Compact;
 using json_test::ObjectPtr;
-using json_test::TakeBytes;
+using json_test::TakeText;
 
 constexpr CQNObject::EErrorStatus kNone = CQNObject::eErrNone;
 constexpr CQNObject::EErrorStatus kInvalidData = CQNObject::eErrInvalidData;
@@ -51,29 +51,29 @@ TEST(ErrorJson, HandleIsConsumedByOneReference) {
   EXPECT_STREQ(error->GetErrorMsg(), "kept");
   error->AddRef();
   EXPECT_EQ(
-      TakeBytes(QNErrorUtils::CreateErrorUTF8JsonByHandle(reinterpret_cast<std::size_t>(error))),
+      TakeText(QNErrorUtils::CreateErrorUTF8JsonByHandle(reinterpret_cast<std::size_t>(error))),
       Document("kept", 5));
   EXPECT_STREQ(error->GetErrorMsg(), "kept");
   error->Release();
 }
 
 TEST(ErrorJson, UTF8TextIsIndented) {
-  EXPECT_EQ(TakeBytes(QNErrorUtils::CreateErrorUTF8Json(kInvalidData, "bad")), Document("bad", 5));
-  EXPECT_EQ(TakeBytes(QNErrorUtils::CreateErrorUTF8Json(kInvalidData, nullptr)), Document("", 5));
-  EXPECT_EQ(TakeBytes(QNErrorUtils::CreateErrorUTF8Json(kNone, "ignored")), kDocumentOfCodeNone);
+  EXPECT_EQ(TakeText(QNErrorUtils::CreateErrorUTF8Json(kInvalidData, "bad")), Document("bad", 5));
+  EXPECT_EQ(TakeText(QNErrorUtils::CreateErrorUTF8Json(kInvalidData, nullptr)), Document("", 5));
+  EXPECT_EQ(TakeText(QNErrorUtils::CreateErrorUTF8Json(kNone, "ignored")), kDocumentOfCodeNone);
 }
 
 TEST(ErrorJson, MessageInTheCodePageBecomesUTF8) {
-  EXPECT_EQ(TakeBytes(QNErrorUtils::CreateErrorUTF8Json(kInvalidData, "\xD6\xD0\"\n")),
+  EXPECT_EQ(TakeText(QNErrorUtils::CreateErrorUTF8Json(kInvalidData, "\xD6\xD0\"\n")),
             Document("\xE4\xB8\xAD\\\"\\n", 5));
 }
 
 TEST(ErrorJson, TextByHandleIsNullWithoutAHandle) {
   EXPECT_EQ(QNErrorUtils::CreateErrorUTF8JsonByHandle(0), nullptr);
-  EXPECT_EQ(TakeBytes(QNErrorUtils::CreateErrorUTF8JsonByHandle(
+  EXPECT_EQ(TakeText(QNErrorUtils::CreateErrorUTF8JsonByHandle(
                 QNErrorUtils::CreateError(kInvalidData, "bad"))),
             Document("bad", 5));
-  EXPECT_EQ(TakeBytes(QNErrorUtils::CreateErrorUTF8JsonByHandle(
+  EXPECT_EQ(TakeText(QNErrorUtils::CreateErrorUTF8JsonByHandle(
                 QNErrorUtils::CreateError(kNone, "ignored"))),
             kDocumentOfCodeNone);
 }
@@ -81,9 +81,9 @@ TEST(ErrorJson, TextByHandleIsNullWithoutAHandle) {
 TEST(ErrorJson, TextByObjectJoinsThePrefixWithoutABlank) {
   CQNObject object;
   object.SetError(kInvalidData, "failed");
-  EXPECT_EQ(TakeBytes(QNErrorUtils::CreateErrorUTF8JsonByObj(&object, "Load:")),
+  EXPECT_EQ(TakeText(QNErrorUtils::CreateErrorUTF8JsonByObj(&object, "Load:")),
             Document("Load:failed", 5));
-  EXPECT_EQ(TakeBytes(QNErrorUtils::CreateErrorUTF8JsonByObj(&object, nullptr)),
+  EXPECT_EQ(TakeText(QNErrorUtils::CreateErrorUTF8JsonByObj(&object, nullptr)),
             Document("failed", 5));
   EXPECT_STREQ(object.GetErrorMsg(), "failed");
   EXPECT_EQ(object.GetErrorCode(), kInvalidData);
@@ -92,15 +92,15 @@ TEST(ErrorJson, TextByObjectJoinsThePrefixWithoutABlank) {
 TEST(ErrorJson, ObjectWithoutAMessageReadsAsTheEmptyText) {
   CQNObject object;
   object.SetErrorCode(kInvalidData);
-  EXPECT_EQ(TakeBytes(QNErrorUtils::CreateErrorUTF8JsonByObj(&object, nullptr)), Document("", 5));
-  EXPECT_EQ(TakeBytes(QNErrorUtils::CreateErrorUTF8JsonByObj(&object, "Load:")),
+  EXPECT_EQ(TakeText(QNErrorUtils::CreateErrorUTF8JsonByObj(&object, nullptr)), Document("", 5));
+  EXPECT_EQ(TakeText(QNErrorUtils::CreateErrorUTF8JsonByObj(&object, "Load:")),
             Document("Load:", 5));
   EXPECT_EQ(QNErrorUtils::CreateErrorUTF8JsonByObj(nullptr, "Load:"), nullptr);
 }
 
 TEST(ErrorJson, CodeOfTheHostIsCarried) {
   const auto code = static_cast<CQNObject::EErrorStatus>(-7);
-  EXPECT_EQ(TakeBytes(QNErrorUtils::CreateErrorUTF8Json(code, "host")), Document("host", -7));
+  EXPECT_EQ(TakeText(QNErrorUtils::CreateErrorUTF8Json(code, "host")), Document("host", -7));
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ std::string MessageOfMissing(const std::string& path) {
   unsigned __int64 error = 0;
   CMyJsonObj object;
   QNJsonUtils::ReadJsonFile(path.c_str(), object, &error);
-  const std::string message = json_test::TakeBytes(qnGetErrorA(error, nullptr));
+  const std::string message = json_test::TakeText(qnGetErrorA(error, nullptr));
   qnCloseHandle(error);
   return message;
 }

@@ -90,7 +90,7 @@ Error Fail(const Function& function, const char* path) {
     return {};
   }
   Error error;
-  error.message = json_test::TakeBytes(qnGetErrorA(handle, &error.code));
+  error.message = json_test::TakeText(qnGetErrorA(handle, &error.code));
   qnCloseHandle(handle);
   return error;
 }

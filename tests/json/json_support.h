@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 #include <quarnfc/json_object.h>
 #include <quarnfc/json_value.h>
-#include <quarnfc/plain.h>
 
 #include <bit>
 #include <cstdint>
@@ -16,22 +15,16 @@
 #include <utility>
 #include <vector>
 
+#include "tests/support/caller_buffer.h"
+#include "tests/support/string_bytes.h"
+
 namespace json_test {
 
 using ValuePtr = std::unique_ptr<CMyJsonValue>;
 using ObjectPtr = std::unique_ptr<CMyJsonObj>;
 
-// The bytes of a string, so that failures print and compare byte for byte.
-inline std::string Bytes(const CQNString& text) {
-  return std::string(static_cast<const char*>(text), static_cast<std::size_t>(text.GetLength()));
-}
-
-// The bytes of a buffer that is released with qnFreeMem, and releases it.
-inline std::string TakeBytes(char* text) {
-  std::string bytes(text);
-  qnFreeMem(text);
-  return bytes;
-}
+using quarnfc_test::Bytes;
+using quarnfc_test::TakeText;
 
 template <class Document>
 std::string Compact(const Document& document) {

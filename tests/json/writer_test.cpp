@@ -14,7 +14,7 @@ using json_test::Compact;
 using json_test::Indented;
 using json_test::Read;
 using json_test::Repeat;
-using json_test::TakeBytes;
+using json_test::TakeText;
 using json_test::ValuePtr;
 
 // --- scalars ------------------------------------------------------------------------------------
@@ -227,14 +227,14 @@ TEST(JsonWriter, UTF8TextIsTheSameTextConverted) {
   object.AddItem("\xD6\xD0", "\xCE\xC4 \x80");  // Chinese characters and the euro sign
   EXPECT_EQ(Compact(object), "{\"\xD6\xD0\":\"\xCE\xC4 \x80\"}");
   const std::string compact = "{\"\xE4\xB8\xAD\":\"\xE6\x96\x87 \xE2\x82\xAC\"}";
-  EXPECT_EQ(TakeBytes(object.CreateUTF8Json(false)), compact);
-  EXPECT_EQ(TakeBytes(CMyJsonValue(object.Clone()).CreateUTF8Json(false)), compact);
-  EXPECT_EQ(TakeBytes(object.CreateUTF8Json(true)),
+  EXPECT_EQ(TakeText(object.CreateUTF8Json(false)), compact);
+  EXPECT_EQ(TakeText(CMyJsonValue(object.Clone()).CreateUTF8Json(false)), compact);
+  EXPECT_EQ(TakeText(object.CreateUTF8Json(true)),
             "{\r\n\t\"\xE4\xB8\xAD\":\"\xE6\x96\x87 \xE2\x82\xAC\"\r\n}");
 }
 
 TEST(JsonWriter, UTF8TextOfAnEmptyValueIsEmpty) {
-  EXPECT_EQ(TakeBytes(CMyJsonValue().CreateUTF8Json(true)), "");
+  EXPECT_EQ(TakeText(CMyJsonValue().CreateUTF8Json(true)), "");
 }
 
 TEST(JsonWriter, UTF8ConversionHasNoLengthAtWhichItFails) {
@@ -242,7 +242,7 @@ TEST(JsonWriter, UTF8ConversionHasNoLengthAtWhichItFails) {
   for (const int limit : {64, 128, 256, 512, 5000}) {
     for (int count = limit - 5; count <= limit + 3; ++count) {
       const auto length = static_cast<std::size_t>(count);
-      EXPECT_EQ(TakeBytes(CMyJsonValue(Repeat("\xD6\xD0", length).c_str()).CreateUTF8Json(false)),
+      EXPECT_EQ(TakeText(CMyJsonValue(Repeat("\xD6\xD0", length).c_str()).CreateUTF8Json(false)),
                 "\"" + Repeat("\xE4\xB8\xAD", length) + "\"");
     }
   }

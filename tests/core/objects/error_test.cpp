@@ -24,7 +24,7 @@ struct ErrorRead {
 
 ErrorRead Read(Handle handle) {
   ErrorRead read;
-  read.message = text_test::CallerText(qnGetErrorA(handle, &read.code)).Bytes();
+  read.message = text_test::TakeText(qnGetErrorA(handle, &read.code));
   unsigned code = kUntouched;
   wchar_t* wide = qnGetErrorW(handle, &code);
   EXPECT_EQ(code, read.code);
@@ -78,7 +78,7 @@ TEST(ErrorHandle, IsTheAddressOfAnObjectWithOneReference) {
 TEST(ErrorHandle, HandlesArePassedAsObjectsToo) {
   auto* object = reinterpret_cast<CQNObject*>(CreateError(CQNObject::eErrNotFound, "gone"));
   unsigned code = kUntouched;
-  EXPECT_EQ(text_test::CallerText(qnGetErrorA(object, &code)).Bytes(), "gone");
+  EXPECT_EQ(text_test::TakeText(qnGetErrorA(object, &code)), "gone");
   EXPECT_EQ(code, 2u);
   qnCloseHandle(object);
 }
@@ -142,7 +142,7 @@ TEST(ErrorHandle, AnObjectWithoutAMessageReadsAsTheEmptyText) {
   auto* object = new CQNObject;
   object->SetErrorCode(CQNObject::eErrNotFound);
   unsigned code = kUntouched;
-  EXPECT_EQ(text_test::CallerText(qnGetErrorA(object, &code)).Bytes(), "");
+  EXPECT_EQ(text_test::TakeText(qnGetErrorA(object, &code)), "");
   EXPECT_EQ(code, 2u);
   object->Release();
 }

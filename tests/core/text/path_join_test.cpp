@@ -11,7 +11,7 @@ namespace {
 using text_test::Bytes;
 
 std::string Joined(const char* base, const char* path) {
-  return text_test::CallerText(qnUnionPath(base, path)).Bytes();
+  return text_test::TakeText(qnUnionPath(base, path));
 }
 
 constexpr const char* kNull = "(null)";

@@ -284,9 +284,8 @@ TEST(String, PlusEqualsOnASharedStringLeavesTheOtherAlone) {
 
 TEST(String, AllocAnsiStringGivesACopyTheCallerReleases) {
   CQNString text("abc" ZHONG);
-  text_test::CallerText copy(text.AllocANSIString());
-  EXPECT_EQ(copy.Bytes(), "abc" ZHONG);
-  EXPECT_EQ(text_test::CallerText(CQNString().AllocANSIString()).Bytes(), "");
+  EXPECT_EQ(text_test::TakeText(text.AllocANSIString()), "abc" ZHONG);
+  EXPECT_EQ(text_test::TakeText(CQNString().AllocANSIString()), "");
 }
 
 TEST(String, AllocAnsiStringCopiesEmbeddedZeros) {

@@ -3,19 +3,15 @@
 #ifndef QUARNFC_TESTS_CORE_TEXT_H_
 #define QUARNFC_TESTS_CORE_TEXT_H_
 
-#include <quarnfc/plain.h>
-#include <quarnfc/qn_string.h>
-
-#include <cstddef>
-#include <memory>
 #include <string>
+
+#include "tests/support/caller_buffer.h"
+#include "tests/support/string_bytes.h"
 
 namespace text_test {
 
-// The text of a string, embedded zeros included.
-inline std::string Bytes(const CQNString& text) {
-  return {static_cast<const char*>(text), static_cast<std::size_t>(text.GetLength())};
-}
+using quarnfc_test::Bytes;
+using quarnfc_test::TakeText;
 
 // Zero-terminated UTF-16 text.
 inline std::u16string Utf16(const wchar_t* text) {
@@ -23,21 +19,6 @@ inline std::u16string Utf16(const wchar_t* text) {
   for (; *text != L'\0'; ++text) result.push_back(static_cast<char16_t>(*text));
   return result;
 }
-
-// A buffer the library gave to its caller; null reads as "(null)".
-class CallerText {
- public:
-  explicit CallerText(char* text) : text_(text) {}
-
-  bool IsNull() const { return text_ == nullptr; }
-  std::string Bytes() const { return IsNull() ? "(null)" : text_.get(); }
-
- private:
-  struct Release {
-    void operator()(char* text) const { qnFreeMem(text); }
-  };
-  std::unique_ptr<char, Release> text_;
-};
 
 // Characters of code page 936, most of them named after the ASCII character that their second byte
 // looks like; those share their first byte.
