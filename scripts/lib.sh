@@ -8,6 +8,8 @@ logs="$project/build/logs"
 # Every C++ object is kept for the next build where the compiler cache is installed.
 if command -v ccache >/dev/null; then
   export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
+  # What it takes to keep objects that use precompiled headers.
+  export CCACHE_SLOPPINESS="${CCACHE_SLOPPINESS:-pch_defines,time_macros}"
 fi
 
 # step TEXT...: says in a line what happens next.
@@ -45,11 +47,28 @@ as_root() {
   fi
 }
 
-# configure_preset PRESET and build_preset PRESET [TARGET...]: quiet CMake runs.
-configure_preset() { logged "configure-$1" cmake -S "$project" --preset "$1"; }
+# configure_preset PRESET [ARGUMENT...]: a quiet CMake run.
+configure_preset() { logged "configure-$1" cmake -S "$project" --preset "$@"; }
 
+# Ninja's lines "[done/all] ..." as a line for every tenth of the way.
+build_progress() {
+  awk -F '[][/]' '
+    /^\[[0-9]+\/[0-9]+\]/ && $3 >= 20 {
+      tenth = int(10 * $2 / $3)
+      if (tenth > shown) { printf "   built %d of %d\n", $2, $3; fflush(); shown = tenth }
+    }'
+}
+
+# build_preset PRESET [TARGET...]: builds with a line of progress now and then.
 build_preset() {
-  local preset=$1
+  local preset=$1 log="$logs/build-$1.log"
   shift
-  logged "build-$preset" cmake --build "$project/build/$preset" ${1:+--target "$@"}
+  mkdir -p "$logs"
+  if ! NINJA_STATUS='[%f/%t] ' cmake --build "$project/build/$preset" ${1:+--target "$@"} 2>&1 \
+    </dev/null | tee "$log" | build_progress; then
+    printf 'failed: the build of %s\n' "$preset"
+    grep -A 12 -E '^FAILED:|error:' "$log" | head -n 60
+    printf '(the whole log: %s)\n' "$log"
+    return 1
+  fi
 }

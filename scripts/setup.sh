@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Installs what building and testing need on Debian 12: packages, and the Chinese locale that gives
 # Windows programs under Wine code page 936. Does nothing when everything is there.
+# Usage: setup.sh            for scripts/test.sh and scripts/demo.sh
+#        setup.sh --checks   for scripts/check.sh, too
 set -euo pipefail
 source "$(dirname "$0")/lib.sh"
 
@@ -11,10 +13,17 @@ packages=(
   wine wine64 locales
   # Tests: their framework, a web server, and independent implementations to compare with.
   # (clang prints the layouts of classes under the Microsoft C++ ABI.)
-  googletest clang-14 nginx-light openssl libssl-dev libgeographiclib-dev
+  googletest clang-14 nginx-light openssl libssl-dev libgeographiclib-dev python3
   # Packages, and the tests of what is installed.
   dpkg-dev pkg-config unzip
 )
+if [ "${1:-}" = --checks ]; then
+  packages+=(
+    # What reads the sources; the run-time of the fuzzers; the benchmarks and their peers.
+    clang-format clang-tidy shellcheck pmccabe libclang-rt-14-dev
+    libbenchmark-dev rapidjson-dev nlohmann-json3-dev
+  )
+fi
 
 missing_packages() {
   local package

@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# The checks beside the tests, one script each in scripts/checks. A line tells what each came to; what
+# a failing one printed is shown. The last line is "N passed, M failed".
+# Usage: check.sh            all of them
+#        check.sh NAME...    some:  check.sh layers format
+set -euo pipefail
+source "$(dirname "$0")/lib.sh"
+
+# The quick ones first.
+gates=(format shell layers bars plain clang tidy release asan tsan bench fuzz)
+
+passed=0
+failed=0
+
+run_gate() {
+  local name=$1 log="$logs/check-$1.log" start=$SECONDS
+  if [ ! -x "$project/scripts/checks/$name.sh" ]; then die "no such check: $name"; fi
+  if "$project/scripts/checks/$name.sh" >"$log" 2>&1 </dev/null; then
+    passed=$((passed + 1))
+    printf 'ok      %-8s %s (%d s)\n' "$name" "$(tail -n 1 "$log")" $((SECONDS - start))
+    grep -E '^(skipped |   [a-z/]+ +->)' "$log" || true
+  else
+    failed=$((failed + 1))
+    tail -n 80 "$log"
+    printf 'FAILED  %-8s (%d s; the whole log: %s)\n' "$name" $((SECONDS - start)) "$log"
+  fi
+}
+
+mkdir -p "$logs"
+"$project/scripts/setup.sh" --checks
+[ $# -gt 0 ] || set -- "${gates[@]}"
+for name in "$@"; do run_gate "$name"; done
+printf '%d passed, %d failed\n' "$passed" "$failed"
+[ "$failed" -eq 0 ]

@@ -1,0 +1,4 @@
+#!/usr/bin/env bash
+# Every test under the Address and UB sanitizers, with leak detection.
+set -euo pipefail
+exec "$(dirname "$0")/../test.sh" asan

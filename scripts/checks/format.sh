@@ -1,0 +1,7 @@
+#!/usr/bin/env bash
+# Every C and C++ source is in the project's format.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+
+scripts/format.sh --check
+printf '%d sources are in the format\n' "$(git ls-files '*.h' '*.c' '*.cpp' | wc -l)"

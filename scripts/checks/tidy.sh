@@ -1,0 +1,51 @@
+#!/usr/bin/env bash
+# clang-tidy over the sources of both targets: those of the native build, and what only the build for
+# Windows compiles with that build's commands.
+# Usage: tidy.sh [FILE...]
+set -euo pipefail
+source "$(dirname "$0")/../lib.sh"
+cd "$project"
+
+# configure PRESET: the compile commands of a preset in build/tidy-PRESET, without the precompiled
+# headers and the option that clang does not know.
+configure() {
+  configure_preset "$1" -B "build/tidy-$1" -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON -DQUARNFC_BUILD_BENCH=OFF
+  sed -i 's/ -fno-keep-inline-dllexport//' "build/tidy-$1/compile_commands.json"
+}
+
+# sources PRESET: what the project itself compiles in it.
+sources() {
+  sed -n 's/^ *"file": "\(.*\.cpp\)",\{0,1\}$/\1/p' "build/tidy-$1/compile_commands.json" |
+    sed -n "s|^$project/||p" | grep -v '^build/' | LC_ALL=C sort -u
+}
+
+# The system include folders of the cross compiler, apart from those that clang has itself.
+cross_arguments() {
+  printf '%s\n' --extra-arg-before=--target=x86_64-w64-windows-gnu --extra-arg=-nostdinc++
+  x86_64-w64-mingw32-g++-posix -E -x c++ -v /dev/null 2>&1 |
+    sed -n '/search starts here/,/End of/s/^ //p' |
+    grep -vE '/(include-fixed|lib/gcc/[^ ]*/include)$' | sed 's/^/--extra-arg=-isystem/'
+}
+
+# tidy PRESET [ARGUMENT...]: over the files named on standard input.
+tidy() {
+  local preset=$1
+  shift
+  xargs -r -n 2 -P "$(nproc)" clang-tidy -p "build/tidy-$preset" --quiet \
+    --extra-arg=-Wno-ignored-optimization-argument "$@"
+}
+
+chosen() { if [ ${#wanted[@]} -eq 0 ]; then cat; else grep -xFf <(printf '%s\n' "${wanted[@]}"); fi; }
+
+wanted=("$@")
+configure linux
+configure windows
+mapfile -t cross < <(cross_arguments)
+mapfile -t native_files < <(sources linux | chosen)
+mapfile -t windows_files < <(comm -13 <(sources linux) <(sources windows) | chosen)
+failed=0
+printf '%s\n' "${native_files[@]}" | tidy linux || failed=1
+printf '%s\n' "${windows_files[@]}" | tidy windows "${cross[@]}" || failed=1
+[ "$failed" -eq 0 ]
+printf 'clang-tidy has nothing to say about %d native and %d Windows sources\n' \
+  "${#native_files[@]}" "${#windows_files[@]}"

@@ -1,0 +1,4 @@
+#!/usr/bin/env bash
+# The tests that use several threads under the thread sanitizer.
+set -euo pipefail
+exec "$(dirname "$0")/../test.sh" tsan

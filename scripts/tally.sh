@@ -1,0 +1,105 @@
+# shellcheck shell=bash
+# Runs test programs and checks and counts what they say; sourced after lib.sh, never run.
+# After sourcing: $passed, $failed, and the lists $skips and $failures.
+
+passed=0
+failed=0
+skips=()
+failures=()
+
+# The tests that use several threads: what the thread sanitizer is for.
+# shellcheck disable=SC2034 # the scripts that source this use it
+thread_tests='*Threads*:*Concurren*'
+
+export ASAN_OPTIONS="detect_leaks=1:${ASAN_OPTIONS:-}"
+export UBSAN_OPTIONS="print_stacktrace=1:${UBSAN_OPTIONS:-}"
+export TSAN_OPTIONS="halt_on_error=1:${TSAN_OPTIONS:-}"
+
+# count WHERE: reads lines "passed", "failed NAME" and "skipped NAME: REASON" and adds them up.
+count() {
+  local where=$1 kind rest ok=0 bad=0 skipped=0
+  while read -r kind rest; do
+    case $kind in
+      passed) ok=$((ok + 1)) ;;
+      failed) bad=$((bad + 1)) failures+=("$where: $rest") ;;
+      skipped) skipped=$((skipped + 1)) skips+=("$where: $rest") ;;
+    esac
+  done
+  passed=$((passed + ok))
+  failed=$((failed + bad))
+  printf '   %s: %d passed, %d failed, %d skipped\n' "$where" "$ok" "$bad" "$skipped"
+}
+
+# report: what was skipped and what failed; the last line is the total.
+report() {
+  local text
+  for text in "${skips[@]}"; do printf 'skipped  %s\n' "$text"; done
+  for text in "${failures[@]}"; do printf 'FAILED   %s\n' "$text"; done
+  printf '%d passed, %d failed\n' "$passed" "$failed"
+}
+
+# shellcheck disable=SC2154 # lib.sh sets $logs
+# run_shard PRESET PROGRAM FILTER SHARD: one part of a test program's tests, in a process of its own.
+run_shard() {
+  local preset=$1 program=bin/$2 run=() log="$logs/test-$1-$2-$4"
+  [[ $preset != windows* ]] || { run=("$project/scripts/run-wine.sh") program=$program.exe; }
+  [ "$2" != quarnfc_net_tests ] || run=("$project/tests/net/run-with-nginx.sh" "${run[@]}")
+  rm -f "$log.xml"
+  cd "$project/build/$preset" || return
+  GTEST_TOTAL_SHARDS=$shards GTEST_SHARD_INDEX=$4 "${run[@]}" "$program" --gtest_color=no \
+    --gtest_filter="$3" --gtest_output="xml:../logs/${log##*/}.xml" >"$log.log" 2>&1 </dev/null
+}
+
+# run_program PRESET PROGRAM FILTER: every test of a program, in as many processes at a time as there
+# are processors.
+run_program() {
+  local preset=$1 program=$2 filter=$3 shards shard processes=()
+  shards=$(nproc)
+  for ((shard = 0; shard < shards; shard++)); do
+    run_shard "$preset" "$program" "$filter" "$shard" &
+    processes+=("$!")
+  done
+  for ((shard = 0; shard < shards; shard++)); do
+    local status=0 log="$logs/test-$preset-$program-$shard"
+    wait "${processes[shard]}" || status=$?
+    count "$preset $program" < <("$project/scripts/gtest_results.py" "$log" "$status" 2>&3)
+  done 3>&1
+}
+
+# run_checks PRESET: the checks beside the test programs: samples, host programs, the shape of the
+# module, comparisons with peers.
+run_checks() {
+  local preset=$1 status=0
+  local log="$logs/checks-$preset.log"
+  ctest --test-dir "$project/build/$preset" -L check --no-tests=ignore --output-on-failure \
+    -j "$(nproc)" >"$log" 2>&1 </dev/null || status=$?
+  count "$preset checks" < <(LC_ALL=C awk '
+    !/ Test +#[0-9]+: / { next }
+    / Passed +[0-9.]+ sec/ { print "passed"; next }
+    /\*\*\*Skipped/ { print "skipped " $4 ": see the log of the checks"; next }
+    { print "failed", $4 }' "$log")
+  [ "$status" -eq 0 ] || tail -n 60 "$log"
+}
+
+# test_preset PRESET [FILTER]: builds a preset and runs its tests.
+test_preset() {
+  local preset=$1 filter=${2:-*} program
+  step "$preset: configuring and building"
+  if [[ $preset == windows* ]]; then
+    mkdir -p "$project/build/$preset"
+    "$project/scripts/run-wine.sh" --prepare "$project/build/$preset" &
+  fi
+  if ! configure_preset "$preset" || ! build_preset "$preset"; then
+    wait
+    count "$preset" <<<"failed the build"
+    return
+  fi
+  wait
+  step "$preset: running the tests"
+  for program in quarnfc_tests quarnfc_internal_tests quarnfc_net_tests; do
+    [ ! -e "$project/build/$preset/bin/$program" ] &&
+      [ ! -e "$project/build/$preset/bin/$program.exe" ] && continue
+    run_program "$preset" "$program" "$filter"
+  done
+  if [ "$preset" != tsan ] && [ "$filter" = '*' ]; then run_checks "$preset"; fi
+}
