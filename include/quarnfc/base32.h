@@ -10,6 +10,18 @@
 // Errors: nothing throws. An encoder that cannot get its memory returns null; a decoder then
 // returns 0 and stores null.
 // Threads: every function may be called from any thread.
+//
+// Implemented in codec/base32.cpp on the rules of codec/bit_text.h.
+//
+// Example:
+//   const unsigned char bytes[] = {0x66, 0x6F};
+//   char* text = QNBase32::qnEncodeBase32A(bytes, 2);
+//   text;          // == "mzxq"
+//   unsigned char* decoded = nullptr;
+//   QNBase32::qnDecodeBase32A(text, 0, &decoded);       // == 2
+//   decoded[1];    // == 0x6F
+//   qnFreeMem(decoded);
+//   qnFreeMem(text);
 #ifndef QUARNFC_BASE32_H_
 #define QUARNFC_BASE32_H_
 
@@ -18,10 +30,12 @@
 
 namespace QNBase32 {
 
-// A new zero-terminated text for size bytes of data, without padding and line breaks; narrow or
-// UTF-16. No bytes (or null) give the empty text, which is released like any other. Any size is
-// encoded whole, also where the text is longer than 4 GiB.
+// A new zero-terminated text for size bytes of data, without padding and line breaks. No bytes (or
+// null) give the empty text, which is released like any other. Any size is encoded whole, also
+// where the text is longer than 4 GiB.
 QN_API char* qnEncodeBase32A(const unsigned char* data, unsigned int size);
+
+// The same as UTF-16 text.
 QN_API wchar_t* qnEncodeBase32W(const unsigned char* data, unsigned int size);
 
 // Decodes length characters of text, or all up to its terminator when length is 0, and returns
@@ -36,6 +50,8 @@ QN_API wchar_t* qnEncodeBase32W(const unsigned char* data, unsigned int size);
 // and null in *data. So do more than 2,147,483,647 bytes, which the result cannot count. A null
 // data gives 0.
 QN_API int qnDecodeBase32A(const char* text, unsigned int length, unsigned char** data);
+
+// The same for UTF-16 text; length counts units. A unit of 0x100 or more is foreign.
 QN_API int qnDecodeBase32W(const wchar_t* text, unsigned int length, unsigned char** data);
 
 }  // namespace QNBase32

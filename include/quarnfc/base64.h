@@ -5,6 +5,18 @@
 // Errors: nothing throws. An encoder that cannot get its memory returns null; a decoder then
 // returns 0 and stores null.
 // Threads: every function may be called from any thread.
+//
+// Implemented in codec/base64.cpp on the rules of codec/bit_text.h.
+//
+// Example:
+//   const unsigned char bytes[] = {0x66, 0x6F};
+//   char* text = QNBase64::qnEncodeBase64A(bytes, 2);
+//   text;          // == "Zm8="
+//   unsigned char* decoded = nullptr;
+//   QNBase64::qnDecodeBase64A(text, 0, &decoded);       // == 2
+//   decoded[1];    // == 0x6F
+//   qnFreeMem(decoded);
+//   qnFreeMem(text);
 #ifndef QUARNFC_BASE64_H_
 #define QUARNFC_BASE64_H_
 
@@ -13,10 +25,12 @@
 
 namespace QNBase64 {
 
-// A new zero-terminated text for size bytes of data, without line breaks; narrow or UTF-16. No
+// A new zero-terminated text for size bytes of data, without line breaks. No
 // bytes (or null) give the empty text, which is released like any other. Any size is encoded
 // whole, also where the text is longer than 4 GiB.
 QN_API char* qnEncodeBase64A(const unsigned char* data, unsigned int size);
+
+// The same as UTF-16 text.
 QN_API wchar_t* qnEncodeBase64W(const unsigned char* data, unsigned int size);
 
 // Decodes length characters of text, or all up to its terminator when length is 0, and returns
@@ -30,6 +44,8 @@ QN_API wchar_t* qnEncodeBase64W(const unsigned char* data, unsigned int size);
 // A character outside the alphabet, blanks and line breaks included, gives 0 and null in *data.
 // So do more than 2,147,483,647 bytes, which the result cannot count. A null data gives 0.
 QN_API int qnDecodeBase64A(const char* text, unsigned int length, unsigned char** data);
+
+// The same for UTF-16 text; length counts units. A unit of 0x100 or more is foreign.
 QN_API int qnDecodeBase64W(const wchar_t* text, unsigned int length, unsigned char** data);
 
 }  // namespace QNBase64

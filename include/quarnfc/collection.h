@@ -12,6 +12,18 @@
 // Errors: std::bad_alloc when memory is exhausted or the count would exceed 2,147,483,647; the
 // items are then as they were.
 // Threads: a collection is used by one thread at a time.
+//
+// Implemented in core/collections/collection.cpp.
+//
+// Example:
+//   CQNCollection numbers;
+//   numbers.Add(5);                 // == 0
+//   numbers.Add(7);                 // == 1
+//   numbers.InsertAt(0, 3);
+//   numbers.Count();                // == 3
+//   numbers.Find(7, 0);             // == 2
+//   numbers.RemoveAt(1);
+//   numbers[1] == 7u;               // == true
 #ifndef QUARNFC_COLLECTION_H_
 #define QUARNFC_COLLECTION_H_
 
@@ -25,13 +37,17 @@ struct CQNCollectionItems;
 // Microsoft C++ ABI lays them out in reverse: Item and operator[] are declared accordingly.
 class QN_API CQNCollection : public CQNObject {
  public:
+  // An empty collection that allocates no room for items yet.
   CQNCollection();
 
   // Copying shares both the items and the private record of CQNObject: the two objects are one
   // collection, and only one of them may be destroyed. Use Add for a copy of the items.
   CQNCollection(const CQNCollection& other);
+
+  // The same; what this collection held before is neither shared nor released.
   CQNCollection& operator=(const CQNCollection& other);
 
+  // CQNCollection::m_class, or that of the derived class.
   CQNObjClass* GetThisClass() override;
 
   // Frees the array without calling OnRemoveItem: a derived class that owns its items releases
@@ -70,10 +86,12 @@ class QN_API CQNCollection : public CQNObject {
   // Calls OnRemoveItem for every item, first to last, and removes them. The capacity stays.
   virtual void RemoveAll();
 
-  // Hook: what to store for a duplicate of item. Returns item.
+  // Hook: what to store for a duplicate of item. Returns item. A derived class overrides it, const
+  // included, to give a copy or to add a reference.
   virtual unsigned __int64 OnCloneItem(unsigned __int64 item) const;
 
-  // Hook: item is about to be removed. Does nothing.
+  // Hook: item is about to be removed, and still stands in its place. Does nothing. A derived class
+  // overrides it to release what the item owns; it must not destroy the collection.
   virtual void OnRemoveItem(unsigned __int64 item);
 
   // 1, always: the array grows by half its capacity, or to the needed size if that is more.
@@ -106,20 +124,28 @@ class QN_API CQNCollection : public CQNObject {
   // Whether Find has a result.
   virtual bool Contains(unsigned __int64 item, int start) const;
 
-  // The item at index, valid until the collection is changed. An index outside the items gives a
-  // reference to a 0 that belongs to no item; what is written to it is lost.
+  // The item at index, 0 to Count() - 1, valid until the collection is changed. An index outside
+  // the items gives a reference to a 0 that belongs to no item.
   virtual const unsigned __int64& Item(int index) const;
+
+  // The same for writing. Neither hook is called for what is overwritten; what is written to an
+  // index outside the items is lost.
   virtual unsigned __int64& Item(int index);
 
-  // Item(index).
+  // Item(index), for reading and writing.
   virtual unsigned __int64& operator[](int index);
+
+  // Item(index), for reading.
   virtual const unsigned __int64& operator[](int index) const;
 
   // The first item, followed by the others, valid until the collection is changed; null while
-  // PhysicalLength() is 0.
+  // PhysicalLength() is 0. Only Count() items may be read or written.
   virtual unsigned __int64* DataPtr();
+
+  // The same, for reading.
   virtual const unsigned __int64* constDataPtr() const;
 
+  // The class record "CQNCollection", whose base is CQNObject::m_class.
   static CQNObjClass m_class;
 
  private:

@@ -12,6 +12,14 @@
 //
 // Threads: any thread may call. Two dumps with the same prefix and info within one second have
 // the same name, and the later one replaces the earlier.
+//
+// Implemented in core/diagnostics: crash_dump.cpp and event_log.cpp.
+//
+// Example:
+//   // In the filter a Windows host gives to SetUnhandledExceptionFilter, with its info:
+//   _EXCEPTION_POINTERS* info = nullptr;
+//   QNErrorUtils::DbgDumpErrorFileEx(info, "MapServer");
+//   QNErrorUtils::WriteWindowsLog(1, "MapServer stopped; a dump is beside QuarnFC.dll.");
 #ifndef QUARNFC_CRASH_DUMP_H_
 #define QUARNFC_CRASH_DUMP_H_
 
@@ -26,7 +34,8 @@ namespace QNErrorUtils {
 //   <prefix><month>_<day>_<hour>_<minute>_<second>(0x<address>).dmp
 //
 // where address is the low half of the pointer info itself, in upper-case hexadecimal (it is not
-// the exception code, deliberately); "error.dmp" when the local time cannot be had.
+// the exception code, deliberately); "error.dmp" when the local time cannot be had. prefix must be
+// fit for a file name; it may not hold a folder.
 QN_API void DbgDumpErrorFileEx(_EXCEPTION_POINTERS* info, const char* prefix);
 
 // Writes a dump of the process to the file path, replacing what is there: a minidump of the normal

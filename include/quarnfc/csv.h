@@ -10,6 +10,18 @@
 //
 // Errors: a false result and a message (GetLastError); std::bad_alloc when memory is exhausted.
 // Threads: one thread at a time uses a reader and its copies.
+//
+// Implemented in io: csv_reader.cpp, csv_row.cpp (fields) and line_source.cpp (lines).
+//
+// Example:
+//   CQNCSVFileReader reader;
+//   std::vector<CQNString> row;
+//   if (reader.Open("stations.csv")) {
+//     while (reader.NextRow(row)) {
+//       // row[0], row[1] ...
+//     }
+//   }
+//   CQNString(reader.GetLastError()).IsEmpty();    // == 0
 #ifndef QUARNFC_CSV_H_
 #define QUARNFC_CSV_H_
 
@@ -22,6 +34,7 @@ struct CQNCSVFileReaderImp;
 
 class QN_API CQNCSVFileReader {
  public:
+  // A reader with no file open.
   CQNCSVFileReader();
 
   // Closes the file when no copy of the reader is left.
@@ -30,13 +43,17 @@ class QN_API CQNCSVFileReader {
   // A copy is the same reader: both read one file at one position. The last one destroyed closes
   // it.
   CQNCSVFileReader(const CQNCSVFileReader& other);
+
+  // Gives up the file of this reader, which is closed when no other copy is left, and shares that
+  // of other.
   CQNCSVFileReader& operator=(const CQNCSVFileReader& other);
 
-  // Closes what was open, opens a file and reads its header row. On false the header fields are
-  // empty and there is a message; a file without a header row stays open.
+  // Closes what was open, opens a file (null counts as "") and reads its header row. On false the
+  // header fields are empty and there is a message; a file without a header row stays open.
   bool Open(const char* path);
 
-  // Assigns the header fields; true when there is at least one.
+  // Assigns the header fields, in the ANSI code page; true when there is at least one. They are
+  // those of the last Open or GoToFirstRow.
   bool GetFields(std::vector<CQNString>& fields) const;
 
   // Reads the next row into row, which is emptied first. False at the end of the data, without a
@@ -54,7 +71,8 @@ class QN_API CQNCSVFileReader {
   bool NextRow(std::vector<CQNString>& row);
 
   // Goes back to the start and reads the header row again, so that NextRow reads the first data
-  // row. May be called at any time after Open.
+  // row. May be called at any time after Open. False, with a message, when no file is open or there
+  // is no header row; the header fields are then empty.
   bool GoToFirstRow();
 
   // The last message in code page 936, or "" when there is none; owned by the reader and valid

@@ -7,6 +7,19 @@
 //
 // Threads: every member of CQNFixedAlloc holds the pool's own lock for its whole duration and may
 // be called from any thread. A CQNTempBuffer is used by one thread at a time.
+//
+// Implemented in core/memory: fixed_alloc.cpp, pools.cpp and temp_buffer.cpp.
+//
+// Example:
+//   CQNFixedAlloc pool(24, 64);
+//   void* first = pool.Alloc();
+//   pool.Free(first);
+//   pool.Alloc() == first;              // == true
+//   pool.FreeAll();                     // first is gone
+//   _TempData64B()->GetAllocSize();     // == 80u
+//   CQNTempBuffer scratch(100);
+//   std::memset(scratch.GetData(), 0, 100);
+//   scratch.GetSize();                  // == 100
 #ifndef QUARNFC_FIXED_ALLOC_H_
 #define QUARNFC_FIXED_ALLOC_H_
 
@@ -23,6 +36,7 @@ class QN_API CQNFixedAlloc {
   // Releases every chunk, as FreeAll does. Blocks still in use become invalid.
   ~CQNFixedAlloc();
 
+  // A pool cannot be copied into a new one.
   CQNFixedAlloc(const CQNFixedAlloc&) = delete;
 
   // Copies every field as it stands, the lock included. The two objects share their chunks
@@ -34,7 +48,8 @@ class QN_API CQNFixedAlloc {
   void* Alloc();
 
   // Returns a block of this pool (null is ignored). It is the next block that Alloc hands out.
-  // Whether the block belongs to this pool is not checked.
+  // Whether the block belongs to this pool is not checked, nor whether it was returned before:
+  // either mistake hands one block out twice later.
   void Free(void* block);
 
   // Gives every chunk back to the heap. Blocks handed out earlier become invalid.
@@ -81,6 +96,7 @@ class QN_API CQNTempBuffer {
   // Returns the buffer to where it came from.
   ~CQNTempBuffer();
 
+  // One object owns a buffer.
   CQNTempBuffer(const CQNTempBuffer&) = delete;
   CQNTempBuffer& operator=(const CQNTempBuffer&) = delete;
 

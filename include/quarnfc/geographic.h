@@ -11,6 +11,20 @@
 // Threads: const members and the static conversions may be called from any thread; one object must
 // not be changed while another thread uses it. The predefined systems exist as soon as the module
 // is loaded and never change.
+//
+// Implemented in geo/ellipsoid.cpp, geographic_wkt.cpp and earth_fixed.cpp.
+//
+// Example:
+//   CQNGeoCoordinateSystem system;                      // Beijing54
+//   char* error = nullptr;
+//   system.SetFromWKTA("GEOGCS[\"x\",DATUM[\"x\",SPHEROID[\"x\",6378137,298.257222101]]]",
+//                      &error);                         // == true
+//   system == CQNGeoCoordinateSystem::CGCS2000;         // == true
+//   double x = 0, y = 0, z = 0;
+//   CQNGeoCoordinateSystem::LonLat2ECI(0.0, 0.0, 0.0, x, y, z, system);
+//   x;                                                  // == 6378137.0
+//   char* text = system.CreateWKT();
+//   qnFreeMem(text);
 #ifndef QUARNFC_GEOGRAPHIC_H_
 #define QUARNFC_GEOGRAPHIC_H_
 
@@ -18,6 +32,7 @@
 #include <quarnfc/plain.h>
 #include <quarnfc/platform_types.h>
 
+// See the head of this file.
 class QN_API CQNGeoCoordinateSystem {
  public:
   // --- predefined systems -------------------------------------------------------------------
@@ -38,6 +53,7 @@ class QN_API CQNGeoCoordinateSystem {
   // The ellipsoid with this semi-major axis (metres) and inverse flattening; see set.
   CQNGeoCoordinateSystem(double semiMajorAxis, double inverseFlattening);
 
+  // Copies all sixteen fields.
   CQNGeoCoordinateSystem(const CQNGeoCoordinateSystem& other) = default;
   CQNGeoCoordinateSystem& operator=(const CQNGeoCoordinateSystem& other) = default;
 
@@ -49,6 +65,8 @@ class QN_API CQNGeoCoordinateSystem {
   // Equal when the semi-major axes differ by less than 0.001 m and the inverse flattenings by less
   // than 1e-7. A system with NaN equals nothing, itself included.
   bool operator==(const CQNGeoCoordinateSystem& other) const;
+
+  // The opposite of ==.
   bool operator!=(const CQNGeoCoordinateSystem& other) const;
 
   // --- Well-Known Text ----------------------------------------------------------------------
@@ -69,6 +87,8 @@ class QN_API CQNGeoCoordinateSystem {
   // *errorMessage is left alone. A null text fails. Text that is not in the ANSI code page reads
   // as the code page's replacement character.
   bool SetFromWKTA(const char* wkt, char** errorMessage);
+
+  // The same for UTF-16 text, with a UTF-16 message, also released with qnFreeMem.
   bool SetFromWKTW(const wchar_t* wkt, wchar_t** errorMessage);
 
   // --- Earth-fixed Cartesian coordinates ----------------------------------------------------
@@ -101,15 +121,31 @@ class QN_API CQNGeoCoordinateSystem {
 
   // --- the ellipsoid ------------------------------------------------------------------------
   //
-  // a, b: semi-axes; e: first eccentricity; n: third flattening (a - b) / (a + b).
+  // Each returns a field that set computed. a, b: semi-axes in metres; e: first eccentricity;
+  // n: third flattening.
 
+  // a, in metres.
   double GetSemiMajorAxis() const { return semi_major_axis_; }
+
+  // b, in metres.
   double GetSemiMinorAxis() const { return semi_minor_axis_; }
+
+  // a / (a - b), as it was given to set.
   double GetInverseFlattening() const { return inverse_flattening_; }
+
+  // e = sqrt(1 - (b/a)^2).
   double GetFirstEccentricity() const { return first_eccentricity_; }
+
+  // e' = sqrt((a/b)^2 - 1).
   double GetSecondEccentricity() const { return second_eccentricity_; }
+
+  // a^2, in square metres.
   double GetSemiMajorAxisSquared() const { return semi_major_axis_squared_; }
+
+  // b^2, in square metres.
   double GetSemiMinorAxisSquared() const { return semi_minor_axis_squared_; }
+
+  // n = (a - b) / (a + b).
   double GetThirdFlattening() const { return third_flattening_; }
 
   // a * A0: the length of a meridian arc per radian of rectifying latitude, in metres.

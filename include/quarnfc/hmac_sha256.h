@@ -1,6 +1,14 @@
 // QNHMACSHA: HMAC (RFC 2104) with SHA-256 (FIPS 180-4).
 //
 // Threads: the function may be called from any thread; it allocates nothing and does not throw.
+//
+// Example:
+//   char digest[32];
+//   int length = sizeof(digest);
+//   QNHMACSHA::qnHMAC_SHA256("Jefe", 4, "what do ya want for nothing?", 28, digest, &length);
+//   length;                                      // == 32
+//   static_cast<unsigned char>(digest[0]);       // == 0x5B
+//   static_cast<unsigned char>(digest[31]);      // == 0x43
 #ifndef QUARNFC_HMAC_SHA256_H_
 #define QUARNFC_HMAC_SHA256_H_
 
@@ -8,7 +16,8 @@
 
 namespace QNHMACSHA {
 
-// Stores the first *length bytes of the raw 32-byte digest in digest. *length is lowered to 32
+// Stores the first *length bytes of the raw 32-byte digest in digest, which the caller has made at
+// least that long; set *length before every call. *length is lowered to 32
 // when it is larger; 0 or below stores nothing and stays as it is. The result is bytes, not text.
 //
 // A key above 64 bytes is replaced by its SHA-256 digest; a negative keySize or a null key counts

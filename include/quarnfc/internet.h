@@ -18,6 +18,22 @@
 //
 // Threads: an object is used by one thread at a time. Objects of different sessions may be used on
 // different threads.
+//
+// Implemented in net: session.cpp, cookies.cpp, connection.cpp and http_connection.cpp.
+//
+// Example:
+//   try {
+//     CQNInternetSession session("MapClient");
+//     CQNHttpConnection* connection = session.GetHttpConnection("maps.example", 80);
+//     CQNHttpFile* file = connection->OpenRequest("GET", "/index.json");
+//     file->SendRequest();
+//     CQNString line;
+//     while (file->ReadString(line) != 0) std::printf("%s\n", static_cast<const char*>(line));
+//     delete file;          // files first, then their connection, then the session
+//     delete connection;
+//   } catch (CQNInternetException* error) {
+//     delete error;
+//   }
 #ifndef QUARNFC_INTERNET_H_
 #define QUARNFC_INTERNET_H_
 
@@ -52,10 +68,10 @@ class QN_API CQNInternetSession {
                               unsigned long accessType = 0, const char* proxy = nullptr,
                               const char* bypass = nullptr, unsigned long flags = 0);
 
-  // Closes the session.
+  // Closes the session, and with it what is still open below it.
   ~CQNInternetSession();
 
-  // Copies share the handle.
+  // Copies share the handle: only one of them is closed or destroyed while it is open.
   CQNInternetSession(const CQNInternetSession&) = default;
   CQNInternetSession& operator=(const CQNInternetSession&) = default;
 
@@ -74,6 +90,8 @@ class QN_API CQNInternetSession {
   // throws CQNInternetException*.
   CQNHttpConnection* GetHttpConnection(const char* server, unsigned short port,
                                        const char* user = nullptr, const char* password = nullptr);
+
+  // The same with flags of InternetConnectA.
   CQNHttpConnection* GetHttpConnection(const char* server, unsigned long flags, unsigned short port,
                                        const char* user = nullptr, const char* password = nullptr);
 
@@ -92,15 +110,23 @@ class QN_API CQNInternetSession {
   // Throws CQNInternetException* when the platform refuses the callback.
   int EnableStatusCallback(int enable);
 
-  // The cookies of a URL, kept by the platform for the whole process. SetCookie and GetCookie
-  // return the platform's result. The length GetCookieLength returns counts the terminator; 0 when
-  // there is no cookie.
+  // The cookies of a URL are kept by the platform for the whole process.
+
+  // Sets a cookie; cookieData is the value and, behind it, attributes. Returns the platform's
+  // result: 0 on failure.
   static int SetCookie(const char* url, const char* cookieName, const char* cookieData);
+
+  // Writes the cookies of url, "name=value; name=value", into buffer, length bytes with the
+  // terminator. Returns the platform's result: 0 without a cookie and when buffer is too small.
   static int GetCookie(const char* url, const char* cookieName, char* buffer, unsigned long length);
+
+  // The length that GetCookie needs, as the platform counts it, which includes the terminator; 0
+  // when there is no cookie.
   static unsigned long GetCookieLength(const char* url, const char* cookieName);
 
-  // The string's length is deliberately the count the platform reports, which includes the
-  // terminator where the platform counts it. On failure the string is empty.
+  // The same into a string, which is as long as it has to be. The string's length is deliberately
+  // the count the platform reports, which includes the terminator where the platform counts it. On
+  // failure the string is empty.
   static int GetCookie(const char* url, const char* cookieName, CQNString& cookie);
 
   static void* operator new(std::size_t size);
@@ -128,10 +154,10 @@ class QN_API CQNInternetConnection {
   CQNInternetConnection(CQNInternetSession* session, const char* server, unsigned short port = 0,
                         unsigned __int64 context = 1);
 
-  // Closes the connection.
+  // Closes the connection, and with it the requests that are still open.
   ~CQNInternetConnection();
 
-  // Copies share the handle.
+  // Copies share the handle: only one of them is closed or destroyed while it is open.
   CQNInternetConnection(const CQNInternetConnection&) = default;
   CQNInternetConnection& operator=(const CQNInternetConnection&) = default;
 
@@ -141,14 +167,24 @@ class QN_API CQNInternetConnection {
   // The connection's handle; null when it is not open.
   operator HINTERNET() const;
 
+  // A copy of the server's name as it was given.
   CQNString GetServerName() const;
+
+  // The session, borrowed.
   CQNInternetSession* GetSession() const;
 
-  // Options of the connection: the platform's numbers, buffers and results. The forms without a
-  // buffer pass a 4-byte value.
+  // Options of the connection: the platform's numbers, buffers and results, 0 on failure.
+
+  // Sets an option to the length bytes in buffer.
   int SetOption(unsigned long option, void* buffer, unsigned long length, unsigned long flags);
+
+  // Sets an option that takes a number, such as a timeout in milliseconds.
   int SetOption(unsigned long option, unsigned long value, unsigned long flags = 0);
+
+  // Reads an option into buffer, *length bytes; *length becomes what was written or is needed.
   int QueryOption(unsigned long option, void* buffer, unsigned long* length) const;
+
+  // Reads an option that is a number; on failure value stays as it was.
   int QueryOption(unsigned long option, unsigned long& value) const;
 
   static void* operator new(std::size_t size);
@@ -180,6 +216,8 @@ class QN_API CQNHttpConnection : public CQNInternetConnection {
   CQNHttpConnection(CQNInternetSession* session, const char* server, unsigned short port,
                     const char* user = nullptr, const char* password = nullptr,
                     unsigned __int64 context = 1);
+
+  // The same with flags.
   CQNHttpConnection(CQNInternetSession* session, const char* server, unsigned long flags,
                     unsigned short port, const char* user = nullptr, const char* password = nullptr,
                     unsigned __int64 context = 1);
@@ -198,6 +236,8 @@ class QN_API CQNHttpConnection : public CQNInternetConnection {
   CQNHttpFile* OpenRequest(const char* verb, const char* object, const char* referer = nullptr,
                            unsigned __int64 context = 1, const char** acceptTypes = nullptr,
                            const char* version = nullptr, unsigned long flags = 0);
+
+  // The same with a verb number.
   CQNHttpFile* OpenRequest(int verb, const char* object, const char* referer = nullptr,
                            unsigned __int64 context = 1, const char** acceptTypes = nullptr,
                            const char* version = nullptr, unsigned long flags = 0);

@@ -1,7 +1,22 @@
 // CQNInternetException: the one exception type of the HTTP client.
 //
 // It is always thrown as a pointer to an object on the library's heap. Whoever catches the pointer,
-// by its type or as void*, owns the object and deletes it as a CQNInternetException.
+// by its type or as void*, owns the object and deletes it as a CQNInternetException, once.
+//
+// Texts are in the process ANSI code page. Threads: an exception is used by one thread at a time;
+// the text for code 12003 is that of the calling thread's last failure, so ask on the thread that
+// caught it, before its next call.
+//
+// Example:
+//   try {
+//     CQNInternetSession session("MapClient");
+//     delete session.OpenURL("http://maps.example/");
+//   } catch (CQNInternetException* error) {
+//     char text[256];
+//     error->GetErrorMessage(text, sizeof(text));
+//     std::printf("%u: %s\n", error->GetErrorCode(), text);
+//     delete error;
+//   }
 #ifndef QUARNFC_INTERNET_EXCEPTION_H_
 #define QUARNFC_INTERNET_EXCEPTION_H_
 
@@ -22,7 +37,7 @@ struct InternetError;
 // The destructor is deliberately not virtual: delete the object as what it is.
 class QN_API CQNInternetException {
  public:
-  // An exception with the platform's error code and context 0.
+  // An exception with the platform's error code and context 0. To throw one, make it with new.
   CQNInternetException(unsigned long code);
 
   // Writes the text of the error (ANSI code page) into text, a buffer of maximum bytes, cut to fit
@@ -35,10 +50,10 @@ class QN_API CQNInternetException {
   virtual int GetErrorMessage(char* text, unsigned int maximum,
                               unsigned int* helpContext = nullptr) const;
 
-  // The error code of the platform.
+  // The error code of the platform: 12000 and above from its internet API, others from the system.
   unsigned int GetErrorCode() const;
 
-  // The context value of the object that failed.
+  // The context value of the object that failed, so that a host tells its requests apart.
   unsigned __int64 GetContext() const;
 
   // Through the library's memory, whichever module says new or delete.

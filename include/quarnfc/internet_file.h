@@ -10,6 +10,25 @@
 // the platform's result instead.
 //
 // Threads: one file is used by one thread at a time.
+//
+// Implemented in net: internet_file.cpp, file_read.cpp, file_lines.cpp, file_write.cpp,
+// file_buffers.cpp, http_file.cpp and http_query.cpp.
+//
+// Example:
+//   try {
+//     CQNInternetSession session("MapClient");
+//     CQNHttpFile* file = session.OpenURL("http://maps.example/tile.bin");
+//     unsigned long status = 0;
+//     if (file != nullptr && file->QueryInfoStatusCode(status) != 0 && status == 200) {
+//       char block[4096];
+//       while (const unsigned int count = file->Read(block, sizeof(block))) {
+//         std::fwrite(block, 1, count, stdout);
+//       }
+//     }
+//     delete file;
+//   } catch (CQNInternetException* error) {
+//     delete error;
+//   }
 #ifndef QUARNFC_INTERNET_FILE_H_
 #define QUARNFC_INTERNET_FILE_H_
 
@@ -21,6 +40,7 @@
 #include <cstddef>
 #include <new>
 
+// An open resource of the internet API, unbuffered in both directions until a buffer is set.
 class QN_API CQNInternetFile {
  public:
   // Moves the read position; origin is 0 (start), 1 (current position) or 2 (end). Returns the new
@@ -29,13 +49,15 @@ class QN_API CQNInternetFile {
   // origin and for an offset beyond 32 bits.
   virtual unsigned __int64 Seek(__int64 offset, unsigned int origin);
 
-  // Reads up to count bytes and returns how many; 0 at the end of the data.
+  // Reads up to count bytes into buffer, which has room for them, and returns how many; 0 at the
+  // end of the data. Waits for the network. Fewer than count are no sign of the end.
   virtual unsigned int Read(void* buffer, unsigned int count);
 
-  // Writes count bytes, or holds them when there is a write buffer with room for them.
+  // Writes count bytes, or holds them when there is a write buffer with room for them: what is held
+  // is written by a later Write that needs the room, by Flush, EndRequest or Close.
   virtual void Write(const void* buffer, unsigned int count);
 
-  // Closes the file and forgets the object's name.
+  // Closes the file, as Close does, and forgets the object's name.
   virtual void Abort();
 
   // Writes the bytes that the write buffer holds.
@@ -45,8 +67,10 @@ class QN_API CQNInternetFile {
   // throws, the file stays open.
   virtual void Close();
 
-  // Bytes that can be read now without waiting; 0 when closed or unknown. Deliberately not the
-  // content length, which QueryInfo tells.
+  // Bytes that the platform can hand out in one go; 0 when closed, at the end of the data, or on
+  // failure. The platform is asked, and waits for the first bytes when none have arrived yet: the
+  // call can block as long as Read would. Bytes in the read buffer do not count. Deliberately not
+  // the content length, which QueryInfo tells.
   virtual unsigned __int64 GetLength() const;
 
   // Reads one line, without the line feed, and returns nonzero; 0 at the end of the data. Carriage
@@ -56,7 +80,8 @@ class QN_API CQNInternetFile {
   virtual int ReadString(CQNString& line);
 
   // Reads up to maximum - 1 bytes of one line into buffer, terminates them and returns buffer; null
-  // at the end of the data. The line feed is kept, carriage returns are dropped.
+  // at the end of the data, for a null buffer and for maximum 0. The line feed is kept, carriage
+  // returns are dropped. A longer line goes on with the next call. Takes a read buffer as above.
   virtual char* ReadString(char* buffer, unsigned int maximum);
 
   // Writes a zero-terminated text without its terminator. Throws code 6 on a file opened for
@@ -67,28 +92,42 @@ class QN_API CQNInternetFile {
   // call Flush or Close first to learn of it.
   virtual ~CQNInternetFile();
 
+  // A file has one owner.
   CQNInternetFile(const CQNInternetFile&) = delete;
   CQNInternetFile& operator=(const CQNInternetFile&) = delete;
 
   // The file's handle; null when it is closed or could not be opened.
   operator HINTERNET() const;
 
+  // The context of the file, the one its exceptions carry.
   unsigned __int64 GetContext() const;
 
-  // Options of the file: the platform's numbers, buffers and results. The forms without a buffer
-  // pass a 4-byte value.
+  // Options of the file: the platform's numbers, buffers and results, 0 on failure.
+
+  // Sets an option to the length bytes in buffer.
   int SetOption(unsigned long option, void* buffer, unsigned long length, unsigned long flags);
+
+  // Sets an option that takes a number, such as a timeout in milliseconds.
   int SetOption(unsigned long option, unsigned long value, unsigned long flags = 0);
+
+  // Reads an option into buffer, *length bytes; *length becomes what was written or is needed.
   int QueryOption(unsigned long option, void* buffer, unsigned long* length) const;
+
+  // Reads an option that is a number; on failure value stays as it was.
   int QueryOption(unsigned long option, unsigned long& value) const;
 
-  // Sets the size of the read buffer; 0 removes it, 0xFFFFFFFF changes nothing. Returns 0 and
-  // changes nothing when size is below the position of the next byte to hand out, or when memory
-  // is exhausted. Deliberately, the tail of the old buffer from that position is carried over
-  // whole, whether or not it was ever filled; bytes never filled are zero.
+  // Sets the size of the read buffer; 0 removes it with what it holds, 0xFFFFFFFF changes nothing.
+  // Returns 0 and changes nothing when size is below the position of the next byte to hand out, or
+  // when memory is exhausted.
+  //
+  // Deliberately, the tail of the old buffer from that position to its end is carried over, whether
+  // or not it was ever filled (bytes never filled are zero), and a tail that does not fit into the
+  // new buffer is dropped, bytes not yet handed out included. So set the size before the first
+  // read, or when all that was read has been taken.
   int SetReadBufferSize(unsigned int size);
 
-  // Sets the size of the write buffer; 0 removes it. Bytes that would not fit are flushed first.
+  // Sets the size of the write buffer; 0 removes it. Bytes that would not fit are flushed first,
+  // which may throw as Flush does; bytes that fit stay held.
   // Always nonzero; throws std::bad_alloc when memory is exhausted.
   int SetWriteBufferSize(unsigned int size);
 
@@ -142,11 +181,15 @@ class QN_API CQNInternetFile {
 // An HTTP request and its response.
 class QN_API CQNHttpFile : public CQNInternetFile {
  public:
+  // Closes the request, as ~CQNInternetFile does.
   ~CQNHttpFile() override;
 
   // Adds headers of length bytes, or up to the terminator when length is -1 (a null text is empty).
-  // flags are those of HttpAddRequestHeadersA. Both return the platform's result.
+  // Each header ends with CR LF. flags are those of HttpAddRequestHeadersA. Returns the platform's
+  // result: 0 on failure.
   int AddRequestHeaders(const char* headers, unsigned long flags, int length = -1);
+
+  // The same with the whole string, which is not changed.
   int AddRequestHeaders(CQNString& headers, unsigned long flags);
 
   // Sends the request with additional headers (headersLength bytes, or up to the terminator when
@@ -154,13 +197,19 @@ class QN_API CQNHttpFile : public CQNInternetFile {
   // success; a failure throws.
   int SendRequest(const char* headers = nullptr, unsigned long headersLength = 0,
                   void* optional = nullptr, unsigned long optionalLength = 0);
+  //
+  // The body is read during the call only and stays the caller's.
+
+  // The same with the whole string as additional headers.
   int SendRequest(CQNString& headers, void* optional = nullptr, unsigned long optionalLength = 0);
 
-  // Sends the request's headers; the body follows through Write, EndRequest finishes it. The short
-  // form announces a body of totalLength bytes. Afterwards the file can be written and read.
-  // Context 1 means the file's. Nonzero on success; a failure throws.
+  // Sends the request's headers and announces a body of totalLength bytes, which follows through
+  // Write; EndRequest finishes it. Afterwards the file can be written and read. Context 1 means the
+  // file's. Nonzero on success; a failure throws.
   int SendRequestEx(unsigned long totalLength, unsigned long flags = 0,
                     unsigned __int64 context = 1);
+
+  // The same with the platform's own records, as HttpSendRequestExA takes them.
   int SendRequestEx(INTERNET_BUFFERSA* buffersIn, INTERNET_BUFFERSA* buffersOut,
                     unsigned long flags, unsigned __int64 context);
 
@@ -169,18 +218,26 @@ class QN_API CQNHttpFile : public CQNInternetFile {
   int EndRequest(unsigned long flags = 0, INTERNET_BUFFERSA* buffers = nullptr,
                  unsigned __int64 context = 1);
 
-  // Response headers: level and results of HttpQueryInfoA, as is, as a number, as a point in time,
-  // or as text. index selects among headers of one name and may be null. On failure the string is
-  // empty.
+  // Response headers: level and results are those of HttpQueryInfoA, 0 on failure. index selects
+  // among headers of one name, is moved on to the next, and may be null.
+
+  // The header as the platform writes it, into buffer of *length bytes.
   int QueryInfo(unsigned long level, void* buffer, unsigned long* length,
                 unsigned long* index) const;
+
+  // The header as a number; on failure number stays as it was.
   int QueryInfo(unsigned long level, unsigned long& number, unsigned long* index = nullptr) const;
+
+  // The header as a point in time (UTC); on failure *time stays as it was.
   int QueryInfo(unsigned long level, SYSTEMTIME* time, unsigned long* index = nullptr) const;
+
+  // The header as text. On failure the string is empty.
   int QueryInfo(unsigned long level, CQNString& text, unsigned long* index = nullptr) const;
 
   // The status of the response, such as 200. Returns the platform's result; 0 leaves statusCode.
   int QueryInfoStatusCode(unsigned long& statusCode) const;
 
+  // The verb the request was made with; "GET" for a file of OpenURL.
   CQNString GetVerb() const;
 
   // "http://" with server and object, deliberately also for HTTPS; just "http://" for a request

@@ -15,7 +15,21 @@
 //   5   its text cannot be read                 the reader's message
 // All but the last also go to the debugger output. The number is the system's error.
 //
+// Start the handle with 0 and close it in every case: on success it is still 0.
+//
 // Threads: there is no shared state; different files and targets may be used at the same time.
+//
+// Implemented in json/files.cpp.
+//
+// Example:
+//   CMyJsonObj settings;
+//   unsigned __int64 error = 0;
+//   QNJsonUtils::ReadJsonFile("no such folder\\settings.json", settings, &error);    // == false
+//   unsigned int code = 0;
+//   char* message = qnGetErrorA(error, &code);
+//   code;                                                                            // == 2u
+//   qnFreeMem(message);
+//   qnCloseHandle(error);
 #ifndef QUARNFC_JSON_FILES_H_
 #define QUARNFC_JSON_FILES_H_
 

@@ -21,6 +21,24 @@
 //
 // Errors: refusals are false results and calls without effect. Everything that allocates may throw
 // std::bad_alloc. Nesting may be as deep as memory allows.
+//
+// Misuse to avoid: handing over a value or object twice, or one that a tree already owns, this one
+// included (it would be destroyed twice: hand over a Clone); adding an object to itself or below
+// itself (such a tree has no end); handing over what stands on the stack.
+//
+// Implemented in json/object*.cpp; Load in json/load.cpp and text_reader.cpp, CreateJson in
+// json/create_json.cpp and text_writer.cpp.
+//
+// Example:
+//   CMyJsonObj settings;
+//   settings.SetItem("server\\port", 8080, true, false);       // == true
+//   settings.SetItem("server\\host", "maps", true, false);     // == true
+//   settings.CreateJson(false);     // == R"({"server":{"port":8080,"host":"maps"}})"
+//   int port = 0;
+//   settings.ValueEx("Server\\Port", port, false);             // == true
+//   port;                                                      // == 8080
+//   settings.DelItem("server");
+//   settings.ValueCount();                                     // == 0
 #ifndef QUARNFC_JSON_OBJECT_H_
 #define QUARNFC_JSON_OBJECT_H_
 
@@ -36,11 +54,15 @@ class QN_API CMyJsonObj {
  public:
   // --- construction and copying ----------------------------------------------------------------
 
+  // An object without members and without an error message.
   CMyJsonObj();
 
   // Copying shares the private record, deliberately: both objects are then one, and only one of
   // them may be destroyed. What an assigned object held before is neither shared nor released.
   CMyJsonObj(const CMyJsonObj& other);
+
+  // Hazard: the assignment shares in the same way, so that "a = b;" with both on the stack ends in
+  // a double destruction. Use CopyFrom.
   CMyJsonObj& operator=(const CMyJsonObj& other);
 
   // Destroys the object and everything below it.
@@ -63,10 +85,12 @@ class QN_API CMyJsonObj {
 
   // --- enumeration -----------------------------------------------------------------------------
 
+  // The number of members, those with the same key counted each.
   int ValueCount() const;
 
-  // The key and the value (borrowed) of the member at index, in order. Without such a member
-  // neither output is touched.
+  // The key and the value (borrowed) of the member at index, 0 to ValueCount() - 1, in the order in
+  // which members were added. Without such a member neither output is touched. Adding and removing
+  // members while walking changes what the indexes mean.
   void Item(int index, CQNString& key, CMyJsonValue*& value) const;
 
   // Why the last Load failed; empty after one that succeeded.
@@ -77,7 +101,8 @@ class QN_API CMyJsonObj {
   // The key is stored as it is given, backslashes included. With a null key nothing happens, and
   // whatever was passed in stays the caller's.
 
-  // Takes over value itself. A null value does nothing.
+  // Takes over value itself, made with new. A null value does nothing. value must not be owned by a
+  // tree already and must not hold this object.
   void AddItem(const char* key, CMyJsonValue* value);
 
   // An eEmpty value.
@@ -86,17 +111,36 @@ class QN_API CMyJsonObj {
   // A string with a copy of text; an eEmpty value when text is null.
   void AddItem(const char* key, const char* text);
 
+  // A number.
   void AddItem(const char* key, double number);
+
+  // A number.
   void AddItem(const char* key, int number);
+
+  // true or false. (Beware of pointers other than char*: they convert to bool.)
   void AddItem(const char* key, bool flag);
 
-  // An array that takes over the count values themselves.
+  // An array that takes over the count values themselves, as the constructor of CMyJsonValue does.
+  // The array of pointers stays the caller's.
   void AddItem(const char* key, CMyJsonValue* const* values, int count);
 
+  // An array of new number values, copied from numbers.
   void AddItem(const char* key, const double* numbers, int count);
+
+  // The same from ints.
   void AddItem(const char* key, const int* numbers, int count);
 
-  // An object value that takes over obj itself; an eEmpty value when obj is null.
+  // An object value that takes over obj itself, made with new; an eEmpty value when obj is null.
+  // obj must not be this object, hold it, or be owned by a tree already.
+  //
+  // Example:
+  //   CMyJsonObj station;
+  //   CMyJsonObj* place = new CMyJsonObj;
+  //   place->AddItem("lon", 112.5);
+  //   station.AddItem("place", place);                // place is the station's now
+  //   CMyJsonObj other;
+  //   other.AddItem("place", place->Clone());         // not place itself
+  //   other.CreateJson(false);    // == R"({"place":{"lon":112.5}})"
   void AddItem(const char* key, CMyJsonObj* obj);
 
   // --- setting by path -------------------------------------------------------------------------
@@ -107,24 +151,36 @@ class QN_API CMyJsonObj {
   // member is missing and onlyExisting is true. Then whatever was passed in stays the caller's,
   // untouched; objects added on the way remain.
 
-  // Takes over value itself on success. A null value is refused.
+  // Takes over value itself, made with new, on success. A null value is refused. The value that
+  // already stands at path may be set there again: nothing happens. Any other value of this or
+  // another tree is owned already and must not be passed; pass its Clone.
   bool SetItem(const char* path, CMyJsonValue* value, bool exact, bool onlyExisting);
 
   // A string with a copy of text; an eEmpty value when text is null.
   bool SetItem(const char* path, const char* text, bool exact, bool onlyExisting);
 
+  // A number.
   bool SetItem(const char* path, double number, bool exact, bool onlyExisting);
+
+  // A number.
   bool SetItem(const char* path, int number, bool exact, bool onlyExisting);
+
+  // true or false.
   bool SetItem(const char* path, bool flag, bool exact, bool onlyExisting);
 
-  // An array that takes over the count values themselves on success.
+  // An array that takes over the count values themselves on success; on refusal they stay the
+  // caller's, each of them.
   bool SetItem(const char* path, CMyJsonValue* const* values, int count, bool exact,
                bool onlyExisting);
 
+  // An array of new number values, copied from numbers.
   bool SetItem(const char* path, const double* numbers, int count, bool exact, bool onlyExisting);
+
+  // The same from ints.
   bool SetItem(const char* path, const int* numbers, int count, bool exact, bool onlyExisting);
 
-  // An object value that takes over obj itself on success; an eEmpty value when obj is null.
+  // An object value that takes over obj itself, made with new, on success; an eEmpty value when obj
+  // is null. The same holds for obj as for AddItem.
   bool SetItem(const char* path, CMyJsonObj* obj, bool exact, bool onlyExisting);
 
   // An eEmpty value.
@@ -132,7 +188,8 @@ class QN_API CMyJsonObj {
 
   // --- removing: the key is no path ------------------------------------------------------------
 
-  // Removes the member that key finds and destroys its value; without one nothing happens.
+  // Removes the first member that key finds and destroys its value, so that borrowed pointers to it
+  // end; without one nothing happens. key may be text of the member itself.
   void DelItemEx(const char* key, bool exact);
 
   // DelItemEx with exact true.
@@ -149,15 +206,17 @@ class QN_API CMyJsonObj {
   // ValueEx with exact true.
   bool Value(const char* path, CMyJsonValue*& value) const;
 
+  // The flag of a boolean.
   bool ValueEx(const char* path, bool& flag, bool exact) const;
 
   // The number cut to an integer, toward zero; beyond the range of int its nearest end, and 0 for
   // a NaN.
   bool ValueEx(const char* path, int& number, bool exact) const;
 
+  // The number as it is kept.
   bool ValueEx(const char* path, double& number, bool exact) const;
 
-  // A copy of the string.
+  // A copy of the string, in the ANSI code page.
   bool ValueEx(const char* path, CQNString& text, bool exact) const;
 
   // The string's characters, borrowed.

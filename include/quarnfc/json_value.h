@@ -12,6 +12,23 @@
 //
 // Errors: refusals are false results. Everything that allocates may throw std::bad_alloc. Nesting
 // may be as deep as memory allows: no member uses stack in proportion to it.
+//
+// Misuse to avoid: handing over a value or object twice, or one that a tree already owns (it would
+// be destroyed twice; hand over a Clone instead); handing a value to itself or to something below
+// it (such a tree has no end); deleting what an accessor returned.
+//
+// Implemented in json/value*.cpp; Load in json/load.cpp and text_reader.cpp, CreateJson in
+// json/create_json.cpp and text_writer.cpp.
+//
+// Example:
+//   CQNString error;
+//   CMyJsonValue value;
+//   value.Load("[1, 2.5, 40]", error);         // == true
+//   value.ValueArrLength();                    // == 3
+//   value.ValueArrItem(1)->ValueNumber();      // == 2.5
+//   value.AddToArr(7, 0);                      // == true
+//   value.AddToArr("text", 0);                 // == false
+//   value.CreateJson(false);                   // == "[7,1,2.5,40]"
 #ifndef QUARNFC_JSON_VALUE_H_
 #define QUARNFC_JSON_VALUE_H_
 
@@ -29,13 +46,14 @@ struct JsonAccess;
 
 class QN_API CMyJsonValue {
  public:
+  // What a value is; in brackets the members that read it.
   enum EValueType : int {
     eEmpty = 0,   // no value; written as "null" inside objects
-    eStr = 1,     // ValueStr
-    eNumber = 2,  // ValueNumber
-    eArr = 3,     // ValueArrLength, ValueArrItem
-    eBool = 4,    // ValueBool
-    eObj = 5,     // ValueObj
+    eStr = 1,     // a string (ValueStr)
+    eNumber = 2,  // a number (ValueNumber)
+    eArr = 3,     // an array (ValueArrLength, ValueArrItem)
+    eBool = 4,    // true or false (ValueBool)
+    eObj = 5,     // an object (ValueObj)
   };
 
   // --- construction: explicit, so that no value is made, shared or destroyed unseen ------------
@@ -46,15 +64,22 @@ class QN_API CMyJsonValue {
   // A string with a copy of text; an eEmpty value when text is null.
   explicit CMyJsonValue(const char* text);
 
+  // A number. Infinities and NaN can be held, but their text does not read back.
   explicit CMyJsonValue(double number);
+
+  // A number; every int is exact.
   explicit CMyJsonValue(int number);
+
+  // true or false.
   explicit CMyJsonValue(bool flag);
 
-  // An array that takes over the count values themselves. The array of pointers stays the
-  // caller's. Types are not checked.
+  // An array that takes over the count values themselves, made with new each and not owned by
+  // another tree. The array of pointers stays the caller's. Types are not checked. A null element
+  // counts as eEmpty; a count below 1 gives an empty array and reads nothing.
   CMyJsonValue(CMyJsonValue* const* values, int count);
 
-  // Arrays of numbers. A count below 1 gives an empty array and reads nothing.
+  // Arrays with a new number value for each of count numbers, which are copied. A count below 1 or
+  // null numbers give an empty array and read nothing.
   CMyJsonValue(const float* numbers, int count);
   CMyJsonValue(const double* numbers, int count);
   CMyJsonValue(const int* numbers, int count);
@@ -63,12 +88,16 @@ class QN_API CMyJsonValue {
   CMyJsonValue(const short* numbers, int count);
   CMyJsonValue(const unsigned char* numbers, int count);
 
-  // An object value that takes over obj itself; an eEmpty value when obj is null.
+  // An object value that takes over obj itself, made with new and not owned by another tree; an
+  // eEmpty value when obj is null. An object on the stack is copied with Clone first.
   explicit CMyJsonValue(CMyJsonObj* obj);
 
   // Copying shares the private record, deliberately: both values are then one, and only one of
   // them may be destroyed. What an assigned value held before is neither shared nor released.
   CMyJsonValue(const CMyJsonValue& other);
+
+  // Hazard: the assignment shares in the same way, so that "a = b;" with both on the stack ends in
+  // a double destruction. Use CopyFrom.
   CMyJsonValue& operator=(const CMyJsonValue& other);
 
   // Destroys the value and everything below it.
@@ -83,30 +112,39 @@ class QN_API CMyJsonValue {
 
   // --- type ------------------------------------------------------------------------------------
 
+  // The type of the value as it stands.
   EValueType Type() const;
+
+  // Whether Type() is type.
   bool IsType(EValueType type) const;
-  bool IsEmpty() const;
-  bool IsStr() const;
-  bool IsNumber() const;
-  bool IsArr() const;
-  bool IsBool() const;
-  bool IsObj() const;
+
+  bool IsEmpty() const;   // IsType(eEmpty): null, or nothing yet
+  bool IsStr() const;     // IsType(eStr)
+  bool IsNumber() const;  // IsType(eNumber)
+  bool IsArr() const;     // IsType(eArr)
+  bool IsBool() const;    // IsType(eBool)
+  bool IsObj() const;     // IsType(eObj)
 
   // --- content: the type is not checked; each returns its field as it stands -------------------
 
+  // The flag; false when none was ever set.
   bool ValueBool() const;
+
+  // The number; 0 when none was ever set. A value that changed type may keep its old number.
   double ValueNumber() const;
 
-  // Never null: "" when no string was ever set. A value that changed type keeps its old text.
+  // The string, borrowed. Never null: "" when no string was ever set. A value that changed type
+  // keeps its old text.
   const char* ValueStr() const;
 
-  // Null unless this is an object.
+  // The object, borrowed: to be read and edited, not to be deleted or handed to another tree. Null
+  // unless this is an object.
   CMyJsonObj* ValueObj() const;
 
   // The number of elements; 0 for a value that is no array.
   int ValueArrLength() const;
 
-  // The element at index; null when there is none.
+  // The element at index, 0 to ValueArrLength() - 1, borrowed; null when there is none.
   CMyJsonValue* ValueArrItem(int index) const;
 
   // Sets count to the number of elements. Nothing is stored through items, deliberately: walk the
@@ -129,32 +167,51 @@ class QN_API CMyJsonValue {
   // the length means at the end; elements at and after pos move up. What is inserted must have
   // the type of the first element, unless the array is empty.
 
-  // Inserts a deep copy of value. An array value is spliced in element by element, flattened by
-  // exactly one level: its last element first, each at pos, so that they keep their order. At the
-  // first element of another type the call stops and returns false; what went in stays in.
+  // Inserts a deep copy of value, which may be this array or part of the same tree; null is
+  // refused. An array value is spliced in element by element, flattened by exactly one level: its
+  // last element first, each at pos, so that they keep their order. At the first element of another
+  // type the call stops and returns false; what went in stays in.
   bool AddToArr(const CMyJsonValue* value, int pos);
 
-  // Inserts a new object value with a clone of obj.
+  // Inserts a new object value with a clone of obj, or an eEmpty one when obj is null.
   bool AddToArr(const CMyJsonObj* obj, int pos);
 
   // Inserts a new string value, or an eEmpty one when text is null.
   bool AddToArr(const char* text, int pos);
 
+  // Inserts a new number value.
   bool AddToArr(double number, int pos);
+
+  // The same with an int.
   bool AddToArr(int number, int pos);
+
+  // Inserts a new boolean value.
   bool AddToArr(bool flag, int pos);
 
-  // Inserts value itself, which passes to this array on success. An array value gives up its
+  // Inserts value itself, which passes to this array on success and stays the caller's on refusal.
+  // It must not be owned by a tree already: detach it there first (RemoveFromArr(index, false)).
+  // This array itself is refused; an array above it must not be passed. An array value gives up its
   // elements as AddToArr takes copies of them, and is itself destroyed. When such a call stops
   // part-way, the elements moved so far are in both arrays, deliberately: detach them from one of
   // the two with RemoveFromArr(index, false) before either is destroyed.
   bool MoveToArr(CMyJsonValue* value, int pos);
 
-  // Inserts a new object value that takes over obj itself on success.
+  // Inserts a new object value that takes over obj itself on success; on refusal it stays the
+  // caller's. An object above this array must not be passed. A null obj inserts an eEmpty value.
   bool MoveToArr(CMyJsonObj* obj, int pos);
 
-  // Removes the element at index, if there is one. With destroy false the element is only
-  // detached, and whoever holds its pointer owns it.
+  // Removes the element at index, if there is one; later elements move down. With destroy false the
+  // element is only detached, and whoever holds its pointer owns it: take ValueArrItem(index)
+  // first.
+  //
+  // Example:
+  //   const int numbers[] = {1, 2, 3};
+  //   CMyJsonValue array(numbers, 3);
+  //   CMyJsonValue* second = array.ValueArrItem(1);
+  //   array.RemoveFromArr(1, false);
+  //   array.CreateJson(false);    // == "[1,3]"
+  //   array.MoveToArr(second, 0); // == true
+  //   array.CreateJson(false);    // == "[2,1,3]"
   void RemoveFromArr(int index, bool destroy);
 
   // --- text ------------------------------------------------------------------------------------

@@ -1,5 +1,12 @@
 // Platform types that appear in signatures of this library, declared forward so that a host may
 // include the platform's own headers before or after these, or not at all, and sees one type.
+//
+// Off Windows the system strings are implemented in platform/posix.
+//
+// Example:
+//   BSTR text = CQNString("abc").AllocSysString();
+//   SysStringLen(text);     // == 3u
+//   SysFreeString(text);
 #ifndef QUARNFC_PLATFORM_TYPES_H_
 #define QUARNFC_PLATFORM_TYPES_H_
 
@@ -14,6 +21,7 @@ static_assert(sizeof(wchar_t) == 2, "compile with -fshort-wchar, as QuarnFC::Qua
 #define __int64 long long
 #endif
 
+// What the functions take by address. A host that fills them in includes the platform's header.
 struct _SYSTEMTIME;
 struct _INTERNET_BUFFERSA;
 struct _EXCEPTION_POINTERS;

@@ -10,6 +10,19 @@
 //
 // Threads: const members and the static projections may be called from any thread; one object must
 // not be changed while another thread uses it.
+//
+// Implemented in geo/projected.cpp, epsg_codes.cpp, projected_wkt.cpp and gauss_krueger.cpp.
+//
+// Example:
+//   CQNProCoordinateSystem system;
+//   CQNProCoordinateSystem::EPCSType type = CQNProCoordinateSystem::ePCSWGS84UTM;
+//   system.setByEPSGCode(4547, type);       // == true
+//   type;                                   // == CQNProCoordinateSystem::ePCSCGCS2000
+//   system.GetCentralMeridian();            // == 114.0
+//   double east = 0, north = 0;
+//   CQNProCoordinateSystem::GeoToGauss(114.0, 0.0, east, north, system);
+//   east;                                   // == 500000.0
+//   north;                                  // == 0.0
 #ifndef QUARNFC_PROJECTED_H_
 #define QUARNFC_PROJECTED_H_
 
@@ -18,6 +31,7 @@
 #include <quarnfc/plain.h>
 #include <quarnfc/platform_types.h>
 
+// See the head of this file.
 class QN_API CQNProCoordinateSystem {
  public:
   // The family of an EPSG code.
@@ -33,14 +47,16 @@ class QN_API CQNProCoordinateSystem {
   // Beijing54, central meridian 120, false easting 500000, false northing 0, scale factor 1.
   CQNProCoordinateSystem();
 
-  // See set.
+  // The system with these fields; see set.
   CQNProCoordinateSystem(const CQNGeoCoordinateSystem& geo, double centralMeridian,
                          double falseEasting, double falseNorthing, double scaleFactor);
 
+  // Copies every field.
   CQNProCoordinateSystem(const CQNProCoordinateSystem& other) = default;
   CQNProCoordinateSystem& operator=(const CQNProCoordinateSystem& other) = default;
 
-  // Sets every field; nothing is checked.
+  // Sets every field: the ellipsoid (copied), the central meridian in degrees, the false easting
+  // and northing in metres, the scale factor on the central meridian. Nothing is checked.
   void set(const CQNGeoCoordinateSystem& geo, double centralMeridian, double falseEasting,
            double falseNorthing, double scaleFactor);
 
@@ -49,6 +65,8 @@ class QN_API CQNProCoordinateSystem {
   // coarse tolerance of the scale factor is deliberate: a UTM zone (0.9996) equals the system with
   // the same meridian and scale factor 1.
   bool operator==(const CQNProCoordinateSystem& other) const;
+
+  // The opposite of ==.
   bool operator!=(const CQNProCoordinateSystem& other) const;
 
   // --- UTM zones: 1 to 60, negative on the southern hemisphere ------------------------------
@@ -94,6 +112,8 @@ class QN_API CQNProCoordinateSystem {
   // transactional: what was read before the failure (the ellipsoid, then the parameters in the
   // order above) stays set. A null text fails and changes nothing.
   bool SetFromWKTA(const char* wkt, char** errorMessage);
+
+  // The same for UTF-16 text, with a UTF-16 message, also released with qnFreeMem.
   bool SetFromWKTW(const wchar_t* wkt, wchar_t** errorMessage);
 
   // --- projection ---------------------------------------------------------------------------
@@ -116,10 +136,19 @@ class QN_API CQNProCoordinateSystem {
 
   // --- fields -------------------------------------------------------------------------------
 
+  // The ellipsoid; valid as long as this object.
   const CQNGeoCoordinateSystem& GetGeoSystem() const { return geo_; }
+
+  // Degrees, east positive.
   double GetCentralMeridian() const { return central_meridian_; }
+
+  // Metres, added to every easting.
   double GetFalseEasting() const { return false_easting_; }
+
+  // Metres, added to every northing.
   double GetFalseNorthing() const { return false_northing_; }
+
+  // The scale on the central meridian: 1 for Gauss-Krueger, 0.9996 for UTM.
   double GetScaleFactor() const { return scale_factor_; }
 
  private:

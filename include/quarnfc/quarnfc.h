@@ -1,4 +1,18 @@
-// Umbrella header: everything a host of QuarnFC needs.
+// Umbrella header: everything a host of QuarnFC needs. Each header below stands alone, too, and
+// says at its head what it is for, who owns what, which texts are in which encoding, how failures
+// are reported and what threads may do.
+//
+// What holds for all of them: 8-bit text is in the process ANSI code page (936 off Windows) unless
+// a name says UTF8, wide text is UTF-16; what the library allocates for a caller is released
+// through the library (qnFreeMem, qnCloseHandle, FreeStrArr, Release, or delete for objects); the
+// library starts no threads and keeps no settings.
+//
+// Example:
+//   CMyJsonObj document;
+//   document.AddItem("name", "Changsha");
+//   char* text = document.CreateUTF8Json(false);
+//   text;    // == R"({"name":"Changsha"})"
+//   qnFreeMem(text);
 #ifndef QUARNFC_QUARNFC_H_
 #define QUARNFC_QUARNFC_H_
 

@@ -3,7 +3,20 @@
 // Texts are in the process ANSI code page. Each item is a buffer of this library, one that
 // qnFreeMem would release (CQNString::AllocANSIString gives such a buffer), or null. Read the
 // hazards of Append, CopyFrom and SetPhysicalLength in collection.h first.
+// Errors: as in collection.h; when Add throws, the text stays the caller's.
 // Threads: a collection is used by one thread at a time.
+//
+// Misuse to avoid: adding a literal, a pointer into a CQNString, or one buffer twice (all are
+// deleted); releasing what GetStr returned.
+//
+// Implemented in core/collections/string_collection.cpp.
+//
+// Example:
+//   CQNStringCollection names;
+//   names.CloneAdd("Changsha");                               // == 0
+//   names.Add(CQNString("Xiangtan").AllocANSIString());       // == 1
+//   names.Find("CHANGSHA", false, 0);                         // == 0
+//   names.GetStr(1);                                          // == "Xiangtan"
 #ifndef QUARNFC_STRING_COLLECTION_H_
 #define QUARNFC_STRING_COLLECTION_H_
 
@@ -12,12 +25,16 @@
 
 class QN_API CQNStringCollection : public CQNCollection {
  public:
+  // An empty collection.
   CQNStringCollection();
 
   // Shares the items with other, as CQNCollection does: only one of the two may be destroyed.
   CQNStringCollection(const CQNStringCollection& other);
+
+  // The same; the strings this collection held before are lost.
   CQNStringCollection& operator=(const CQNStringCollection& other);
 
+  // CQNStringCollection::m_class.
   CQNObjClass* GetThisClass() override;
 
   // Deletes every string.
@@ -47,6 +64,7 @@ class QN_API CQNStringCollection : public CQNCollection {
   virtual unsigned __int64 OnCloneItem(unsigned __int64 item);
   using CQNCollection::OnCloneItem;
 
+  // The class record "CQNStringCollection", whose base is CQNCollection::m_class.
   static CQNObjClass m_class;
 
  private:

@@ -3,7 +3,13 @@
 // A time is an unsigned 32-bit number of seconds since 1970-01-01 00:00:00 UTC. Local time is that
 // of the process's time zone as the C run-time library knows it.
 //
+// Errors: nothing throws but std::bad_alloc for the texts returned.
 // Threads: every function may be called from any thread, as long as none changes the time zone.
+//
+// Example:
+//   const unsigned int time = QNTimeUtils::GetTimeFromStr("2024-1-5 8:30:00");
+//   QNTimeUtils::FormatTime(time);                     // == "2024-01-05 08:30:00"
+//   QNTimeUtils::GetTimeFromStr("2024-13-01");         // == 0xFFFFFFFFu
 #ifndef QUARNFC_TIME_UTILS_H_
 #define QUARNFC_TIME_UTILS_H_
 
@@ -12,14 +18,14 @@
 
 namespace QNTimeUtils {
 
-// The current time, cut to 32 bits.
+// The current time of the system's clock in seconds, cut to 32 bits (which lasts to 2106).
 QN_API unsigned int GetCurTime();
 
 // A time as local date-time text, such as "2024-01-05 08:30:00". The empty text when the platform
 // has no local time for it.
 QN_API CQNString FormatTime(unsigned int time);
 
-// FormatTime(GetCurTime()).
+// The current time as local date-time text: FormatTime(GetCurTime()).
 QN_API CQNString GetCurFormatTime();
 
 // The time of a local date-time text, or 0xFFFFFFFF when the text is not accepted (null counts as

@@ -1,7 +1,18 @@
 // URL parsing: splits a URL into the service it names, server, object, port and credentials.
 //
 // All text is in the process ANSI code page. The URL is canonicalised first, then split; the query
-// and the fragment stay attached to the object. Nothing is thrown on bad input.
+// and the fragment stay attached to the object. Nothing is thrown on bad input; std::bad_alloc when
+// memory is exhausted. The functions may be called from any thread.
+//
+// Example:
+//   unsigned long service = 0;
+//   unsigned short port = 0;
+//   CQNString server, object;
+//   qnParseURL("https://maps.example/tiles?z=3", service, server, object, port) != 0;    // == true
+//   service == eServiceHttps;    // == true
+//   server;                      // == "maps.example"
+//   object;                      // == "/tiles?z=3"
+//   port;                        // == 443
 #ifndef QUARNFC_URL_H_
 #define QUARNFC_URL_H_
 
@@ -21,8 +32,8 @@ enum EQNServiceType : unsigned int {
 };
 
 // Splits url. Returns nonzero on success, with serviceType one of EQNServiceType and port the one
-// the URL names or else the default of its scheme. Server and object hold up to 2084 characters
-// each.
+// the URL names or else the default of its scheme. Server and object hold up to 2083 characters
+// each; a longer part makes the call fail.
 //
 // A null url returns 0 with serviceType eServiceUnknown; nothing else is touched. Any other failure
 // returns 0 with serviceType eServiceUnknown and the port untouched; the strings hold what the
@@ -34,8 +45,8 @@ QN_PLAIN_API int qnParseURL(const char* url, unsigned long& serviceType, CQNStri
 // As qnParseURL, with user name and password, and with ICU_ flags of the platform:
 // ICU_NO_ENCODE, ICU_NO_META, ICU_ENCODE_SPACES_ONLY and ICU_BROWSER_MODE govern canonicalisation;
 // ICU_DECODE or ICU_ESCAPE ask for percent escapes of the object to be decoded, up to the first
-// "?" or "#" when ICU_BROWSER_MODE is set as well. Server holds up to 256 characters, object 2048,
-// user name and password 128 each; a longer part makes the call fail.
+// "?" or "#" when ICU_BROWSER_MODE is set as well. Server holds up to 255 characters, object 2047,
+// user name and password 127 each; a longer part makes the call fail.
 QN_PLAIN_API int qnParseURLEx(const char* url, unsigned long& serviceType, CQNString& server,
                               CQNString& object, unsigned short& port, CQNString& user,
                               CQNString& password, unsigned long flags);

@@ -4,6 +4,10 @@
  * Versions of one major number are compatible: a host compiled with 1.0 runs with every 1.x, and
  * with a later one may ask qnGetVersion whether an addition is there. docs/compatibility.md says
  * what stays.
+ *
+ * Example:
+ *   const bool as_new_as_the_headers = qnGetVersion() >= QUARNFC_VERSION_NUMBER;
+ *   as_new_as_the_headers;      // == true
  */
 #ifndef QUARNFC_VERSION_H_
 #define QUARNFC_VERSION_H_

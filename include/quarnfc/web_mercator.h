@@ -4,7 +4,15 @@
 // equatorial radius; longitude comes first. Longitudes are not wrapped and latitudes not clamped:
 // the poles give an infinite, undefined or very large y.
 //
-// Threads: pure functions, callable from any thread.
+// Threads: pure functions, callable from any thread; nothing throws. The outputs may be the inputs'
+// own variables.
+//
+// Example:
+//   double x = 0;
+//   double y = 0;
+//   QNWebMercator::LonLat2WebMercator(180.0, 0.0, x, y);
+//   x;      // == 20037508.3427892
+//   y;      // == 0.0
 #ifndef QUARNFC_WEB_MERCATOR_H_
 #define QUARNFC_WEB_MERCATOR_H_
 

@@ -99,6 +99,12 @@ static void ReadErrorThroughTheHeader(void) {
   qnCloseHandle(handle);
 }
 
+static void JoinPathsThroughTheHeader(void) {
+  char* path = qnUnionPath("C:/data/maps", "..\\index.json");
+  CHECK(path != NULL && strcmp(path, "C:\\data\\index.json") == 0);
+  qnFreeMem(path);
+}
+
 int main(int argc, char** argv) {
   Module module = argc == 2 ? Load(argv[1]) : NULL;
   if (module == NULL) {
@@ -111,6 +117,7 @@ int main(int argc, char** argv) {
     NullsAreHarmless();
     CallOthersByName();
     ReadErrorThroughTheHeader();
+    JoinPathsThroughTheHeader();
   }
   printf("%d failures\n", failures);
   return failures != 0;

@@ -1,0 +1,44 @@
+# The examples in the public headers are compiled, and run where they need nothing from outside.
+
+find_program(QUARNFC_AWK awk REQUIRED)
+# Listed by pattern: a header that somebody adds must have an example.
+file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/include/quarnfc/*.h")
+set(export_header ${headers})
+list(FILTER export_header INCLUDE REGEX "/export\\.h$")
+# Nothing in it is for hosts.
+list(REMOVE_ITEM headers ${export_header})
+
+# These need a server, or leave something behind beside the library.
+set(compiled_headers ${headers})
+set(compiled_only crash_dump internet internet_exception internet_file)
+if(NOT WIN32)
+  list(APPEND compiled_only url)
+endif()
+list(JOIN compiled_only "|" compiled_only)
+list(FILTER compiled_headers INCLUDE REGEX "/(${compiled_only})\\.h$")
+list(REMOVE_ITEM headers ${compiled_headers})
+
+# header_examples(<source> <header>...): the examples of the headers as tests in a generated source.
+function(header_examples source)
+  set(script "${CMAKE_CURRENT_SOURCE_DIR}/extract_examples.awk")
+  add_custom_command(
+    OUTPUT "${source}"
+    COMMAND "${QUARNFC_AWK}" -v "out=${source}" -f "${script}" ${ARGN}
+    DEPENDS "${script}" ${ARGN}
+    COMMENT "Extracting the examples of the public headers"
+    VERBATIM)
+endfunction()
+
+set(run_source "${CMAKE_CURRENT_BINARY_DIR}/header_examples.cpp")
+set(compiled_source "${CMAKE_CURRENT_BINARY_DIR}/compiled_header_examples.cpp")
+header_examples("${run_source}" ${headers})
+header_examples("${compiled_source}" ${compiled_headers})
+
+# A target for each, so that the programs may be built from other folders.
+add_library(quarnfc_header_examples OBJECT "${run_source}")
+add_library(quarnfc_compiled_header_examples OBJECT "${compiled_source}")
+foreach(target quarnfc_header_examples quarnfc_compiled_header_examples)
+  quarnfc_compile_options(${target})
+  target_link_libraries(${target} PRIVATE QuarnFC::QuarnFC quarnfc_test_support)
+endforeach()
+target_link_libraries(quarnfc_tests PRIVATE quarnfc_header_examples)

@@ -1,0 +1,31 @@
+# A reader of a public header finds its source without searching: a source has the header's name, or
+# the header names its sources, and these exist.
+# Usage: cmake -D ROOT=<project> -P header_sources.cmake
+cmake_policy(VERSION 3.25)
+
+file(GLOB headers "${ROOT}/include/quarnfc/*.h")
+set(stems)
+foreach(folder core json geo net codec io platform)
+  file(GLOB_RECURSE sources "${ROOT}/${folder}/*.cpp")
+  foreach(source IN LISTS sources)
+    get_filename_component(stem "${source}" NAME_WE)
+    list(APPEND stems "${stem}")
+  endforeach()
+endforeach()
+# Macros, types and the umbrella: nothing to implement, or by the platform.
+set(without_source export platform_types quarnfc)
+
+foreach(header IN LISTS headers)
+  get_filename_component(name "${header}" NAME_WE)
+  file(READ "${header}" text)
+  string(REGEX MATCHALL "[a-z0-9_]+[*]?[.]cpp" named "${text}")
+  if(NOT named AND NOT name IN_LIST stems AND NOT name IN_LIST without_source)
+    message(SEND_ERROR "${name}.h does not say where it is implemented")
+  endif()
+  foreach(source IN LISTS named)
+    string(REGEX REPLACE "[*]?[.]cpp$" "" stem "${source}")
+    if(NOT stem IN_LIST stems)
+      message(SEND_ERROR "${name}.h names ${source}, which does not exist")
+    endif()
+  endforeach()
+endforeach()
