@@ -1,4 +1,6 @@
-// Projected systems by EPSG code.
+// Projected systems by EPSG code: the numbers of the EPSG Geodetic Parameter Dataset, looked up in
+// a table of runs. The definitions differ from the official ones where the rows below and the
+// public header say so, deliberately.
 #include <quarnfc/projected.h>
 
 namespace {

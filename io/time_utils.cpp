@@ -23,7 +23,7 @@ constexpr unsigned int kNotATime = 0xFFFFFFFF;
 bool IsDigit(char ch) { return ch >= '0' && ch <= '9'; }
 
 // A decimal number, one "-" in front allowed and white space around it, within [minimum, maximum].
-bool ReadNumber(CQNString field, int minimum, int maximum, int& value) {
+bool ReadNumberWithin(CQNString field, int minimum, int maximum, int& value) {
   field.Trim();
   const char* const text = field;
   const char* const digits = *text == '-' ? text + 1 : text;
@@ -36,9 +36,11 @@ bool ReadNumber(CQNString field, int minimum, int maximum, int& value) {
 
 // Reads the numbers of a date; day_end is where the day ends.
 bool ReadDate(const CQNString& text, int first_dash, int second_dash, int day_end, std::tm& time) {
-  if (!ReadNumber(text.Left(first_dash), 1990, 2500, time.tm_year) ||
-      !ReadNumber(text.Mid(first_dash + 1, second_dash - first_dash - 1), 1, 12, time.tm_mon) ||
-      !ReadNumber(text.Mid(second_dash + 1, day_end - second_dash - 1), 1, 31, time.tm_mday)) {
+  if (!ReadNumberWithin(text.Left(first_dash), 1990, 2500, time.tm_year) ||
+      !ReadNumberWithin(text.Mid(first_dash + 1, second_dash - first_dash - 1), 1, 12,
+                        time.tm_mon) ||
+      !ReadNumberWithin(text.Mid(second_dash + 1, day_end - second_dash - 1), 1, 31,
+                        time.tm_mday)) {
     return false;
   }
   time.tm_year -= 1900;
@@ -53,10 +55,10 @@ bool ReadTimeOfDay(const CQNString& text, int start, std::tm& time) {
   if (first_colon < 0) return true;
   const int second_colon = text.Find(':', first_colon + 1);
   if (second_colon < 0) return true;
-  return ReadNumber(text.Mid(start + 1, first_colon - start - 1), 0, 23, time.tm_hour) &&
-         ReadNumber(text.Mid(first_colon + 1, second_colon - first_colon - 1), 0, 59,
-                    time.tm_min) &&
-         ReadNumber(text.Mid(second_colon + 1), 0, 59, time.tm_sec);
+  return ReadNumberWithin(text.Mid(start + 1, first_colon - start - 1), 0, 23, time.tm_hour) &&
+         ReadNumberWithin(text.Mid(first_colon + 1, second_colon - first_colon - 1), 0, 59,
+                          time.tm_min) &&
+         ReadNumberWithin(text.Mid(second_colon + 1), 0, 59, time.tm_sec);
 }
 
 // Reads date-time text into a local broken-down time.

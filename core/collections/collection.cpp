@@ -26,7 +26,7 @@ void PushBack(Array& array, unsigned __int64 item) {
   array.push_back(item);
 }
 
-bool IsInside(const Array& array, int index) {
+bool HasIndex(const Array& array, int index) {
   return index >= 0 && static_cast<std::size_t>(index) < array.size();
 }
 
@@ -66,7 +66,7 @@ void CQNCollection::Append(const CQNCollection& other) {
   const int count = other.Count();
   for (int i = 0; i < count; ++i) {
     // This collection's own item, deliberately: see the header.
-    const unsigned __int64 item = IsInside(items_->array, i) ? At(items_->array, i) : 0;
+    const unsigned __int64 item = HasIndex(items_->array, i) ? At(items_->array, i) : 0;
     Add(other.OnCloneItem(item));
   }
 }
@@ -74,17 +74,17 @@ void CQNCollection::Append(const CQNCollection& other) {
 void CQNCollection::InsertAt(int index, unsigned __int64 item) {
   Array& array = items_->array;
   PushBack(array, item);
-  if (IsInside(array, index)) std::rotate(array.begin() + index, array.end() - 1, array.end());
+  if (HasIndex(array, index)) std::rotate(array.begin() + index, array.end() - 1, array.end());
 }
 
 int CQNCollection::Count() const { return static_cast<int>(items_->array.size()); }
 
 void CQNCollection::RemoveAt(int index) {
   Array& array = items_->array;
-  if (!IsInside(array, index)) return;
+  if (!HasIndex(array, index)) return;
   OnRemoveItem(At(array, index));
   // The hook is a host's and may have removed items itself.
-  if (IsInside(array, index)) array.erase(array.begin() + index);
+  if (HasIndex(array, index)) array.erase(array.begin() + index);
 }
 
 void CQNCollection::RemoveAll() {
@@ -131,11 +131,11 @@ bool CQNCollection::Contains(unsigned __int64 item, int start) const {
 
 const unsigned __int64& CQNCollection::Item(int index) const {
   static constexpr unsigned __int64 kOutside = 0;
-  return IsInside(items_->array, index) ? At(items_->array, index) : kOutside;
+  return HasIndex(items_->array, index) ? At(items_->array, index) : kOutside;
 }
 
 unsigned __int64& CQNCollection::Item(int index) {
-  if (IsInside(items_->array, index)) return At(items_->array, index);
+  if (HasIndex(items_->array, index)) return At(items_->array, index);
   items_->outside = 0;
   return items_->outside;
 }
@@ -150,6 +150,6 @@ const unsigned __int64* CQNCollection::constDataPtr() const { return items_->arr
 
 void CQNCollection::CallOnRemoveItem(int first) {
   // By index: the hook is a host's and may add or remove items.
-  for (int i = std::max(first, 0); IsInside(items_->array, i); ++i)
+  for (int i = std::max(first, 0); HasIndex(items_->array, i); ++i)
     OnRemoveItem(At(items_->array, i));
 }

@@ -1,6 +1,6 @@
 // The private record of CQNCollection.
-#ifndef QUARNFC_CORE_COLLECTION_ITEMS_H_
-#define QUARNFC_CORE_COLLECTION_ITEMS_H_
+#ifndef QUARNFC_CORE_COLLECTIONS_COLLECTION_ITEMS_H_
+#define QUARNFC_CORE_COLLECTIONS_COLLECTION_ITEMS_H_
 
 #include <quarnfc/platform_types.h>
 
@@ -15,4 +15,4 @@ struct CQNCollectionItems {
   unsigned __int64 outside = 0;
 };
 
-#endif  // QUARNFC_CORE_COLLECTION_ITEMS_H_
+#endif  // QUARNFC_CORE_COLLECTIONS_COLLECTION_ITEMS_H_

@@ -1,6 +1,6 @@
 // The file names of crash dumps.
-#ifndef QUARNFC_CORE_CRASH_DUMP_NAME_H_
-#define QUARNFC_CORE_CRASH_DUMP_NAME_H_
+#ifndef QUARNFC_CORE_DIAGNOSTICS_CRASH_DUMP_NAME_H_
+#define QUARNFC_CORE_DIAGNOSTICS_CRASH_DUMP_NAME_H_
 
 #include <cstddef>
 #include <ctime>
@@ -17,4 +17,4 @@ bool FormatDumpName(const std::tm* time, const char* prefix, const void* info, c
 
 }  // namespace quarnfc
 
-#endif  // QUARNFC_CORE_CRASH_DUMP_NAME_H_
+#endif  // QUARNFC_CORE_DIAGNOSTICS_CRASH_DUMP_NAME_H_

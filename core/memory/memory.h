@@ -3,8 +3,8 @@
 // Two kinds pass through here. Buffers that leave the library for a caller (released with
 // qnFreeMem, or inside the library with FreeBuffer), and small nodes of fixed size: string cells,
 // JSON values and records, objects.
-#ifndef QUARNFC_CORE_MEMORY_H_
-#define QUARNFC_CORE_MEMORY_H_
+#ifndef QUARNFC_CORE_MEMORY_MEMORY_H_
+#define QUARNFC_CORE_MEMORY_MEMORY_H_
 
 #include <cstddef>
 #include <cstring>
@@ -63,4 +63,4 @@ inline void FreeNode(void* node, std::size_t /*size*/) noexcept { ::operator del
 
 }  // namespace quarnfc
 
-#endif  // QUARNFC_CORE_MEMORY_H_
+#endif  // QUARNFC_CORE_MEMORY_MEMORY_H_

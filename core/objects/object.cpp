@@ -18,6 +18,13 @@ wchar_t* NewWideText(const char* text) {
 
 }  // namespace
 
+CQNObjClass::CQNObjClass(const char* name, CQNObjClass* base)
+    : m_name(quarnfc::CopyText(name == nullptr ? "" : name)), m_base(base) {}
+
+CQNObjClass::~CQNObjClass() { quarnfc::FreeBuffer(m_name); }
+
+CQNObjClass CQNObject::m_class("CQNObject", nullptr);
+
 CQNObjClass* CQNObject::GetThisClass() { return &m_class; }
 
 CQNObject::CQNObject() : imp_(new CQNObjectImp) {}

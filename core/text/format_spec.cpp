@@ -10,7 +10,7 @@ namespace {
 bool IsDigit(char ch) { return ch >= '0' && ch <= '9'; }
 
 // The decimal number at p, held at INT_MAX when it is larger.
-int ReadNumber(const char*& p) {
+int ReadDigits(const char*& p) {
   long long number = 0;
   for (; IsDigit(*p); ++p) {
     if (number < INT_MAX) number = number * 10 + (*p - '0');
@@ -43,7 +43,7 @@ void ReadFlagsAndWidth(FormatSpec& spec, const char*& p, Arguments& arguments) {
         has_width = true;
         break;
       default: {
-        const int width = ReadNumber(p);
+        const int width = ReadDigits(p);
         if (!has_width) spec.width = width;
         return;
       }
@@ -59,7 +59,7 @@ void ReadPrecision(FormatSpec& spec, const char*& p, Arguments& arguments) {
     const int precision = va_arg(arguments.list, int);
     spec.precision = precision < 0 ? -1 : precision;
   } else {
-    spec.precision = ReadNumber(p);
+    spec.precision = ReadDigits(p);
   }
 }
 

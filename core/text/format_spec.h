@@ -1,7 +1,7 @@
 // One conversion specification of a format string: "%", flags, width, precision, size prefix and
 // conversion character.
-#ifndef QUARNFC_CORE_FORMAT_SPEC_H_
-#define QUARNFC_CORE_FORMAT_SPEC_H_
+#ifndef QUARNFC_CORE_TEXT_FORMAT_SPEC_H_
+#define QUARNFC_CORE_TEXT_FORMAT_SPEC_H_
 
 #include <cstdarg>
 #include <cstddef>
@@ -38,4 +38,4 @@ FormatSpec ReadFormatSpec(const char*& format, Arguments& arguments);
 
 }  // namespace quarnfc
 
-#endif  // QUARNFC_CORE_FORMAT_SPEC_H_
+#endif  // QUARNFC_CORE_TEXT_FORMAT_SPEC_H_

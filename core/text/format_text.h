@@ -1,7 +1,7 @@
 // Formatted text: the conversions of the run-time library's printf family as Windows spells them,
 // with the same result on every target.
-#ifndef QUARNFC_CORE_FORMAT_TEXT_H_
-#define QUARNFC_CORE_FORMAT_TEXT_H_
+#ifndef QUARNFC_CORE_TEXT_FORMAT_TEXT_H_
+#define QUARNFC_CORE_TEXT_FORMAT_TEXT_H_
 
 #include <cstdarg>
 #include <string>
@@ -19,4 +19,4 @@ FormattedText FormatText(const char* format, va_list args);
 
 }  // namespace quarnfc
 
-#endif  // QUARNFC_CORE_FORMAT_TEXT_H_
+#endif  // QUARNFC_CORE_TEXT_FORMAT_TEXT_H_

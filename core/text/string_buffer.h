@@ -1,7 +1,7 @@
 // The representation of CQNString: characters preceded, in the same block, by a header of three
 // 32-bit words.
-#ifndef QUARNFC_CORE_STRING_BUFFER_H_
-#define QUARNFC_CORE_STRING_BUFFER_H_
+#ifndef QUARNFC_CORE_TEXT_STRING_BUFFER_H_
+#define QUARNFC_CORE_TEXT_STRING_BUFFER_H_
 
 #include <atomic>
 #include <cstddef>
@@ -78,4 +78,4 @@ void ReserveAnew(char*& text, int capacity);
 
 }  // namespace quarnfc
 
-#endif  // QUARNFC_CORE_STRING_BUFFER_H_
+#endif  // QUARNFC_CORE_TEXT_STRING_BUFFER_H_

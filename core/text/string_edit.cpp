@@ -24,7 +24,7 @@ void Move(char* destination, const char* source, int count) {
 }
 
 // Whether p points into the string's buffer, which an edit is about to change.
-bool IsInside(const CQNString& string, const char* p) {
+bool PointsInto(const CQNString& string, const char* p) {
   const char* text = string;
   const std::less_equal<> not_above;
   return not_above(text, p) && not_above(p, text + string.GetAllocLength());
@@ -112,7 +112,7 @@ int CQNString::Insert(int index, char ch) {
 int CQNString::Insert(int index, const char* text) {
   const int count = TextLength(text);
   if (count == 0) return GetLength();
-  if (IsInside(*this, text)) return Insert(index, CQNString(text, count));
+  if (PointsInto(*this, text)) return Insert(index, CQNString(text, count));
   index = std::clamp(index, 0, GetLength());
   std::memcpy(OpenGap(Text(), index, count), text, static_cast<std::size_t>(count));
   return GetLength();
@@ -149,8 +149,8 @@ int CQNString::Replace(const char* oldText, const char* newText) {
   const int old_length = TextLength(oldText);
   if (old_length == 0) return 0;
   if (newText == nullptr) newText = "";
-  if (IsInside(*this, oldText)) return Replace(CQNString(oldText, old_length), newText);
-  if (IsInside(*this, newText)) return Replace(oldText, CQNString(newText, TextLength(newText)));
+  if (PointsInto(*this, oldText)) return Replace(CQNString(oldText, old_length), newText);
+  if (PointsInto(*this, newText)) return Replace(oldText, CQNString(newText, TextLength(newText)));
 
   const int length = GetLength();
   const std::vector<int> positions = Occurrences(Text(), length, oldText, old_length);

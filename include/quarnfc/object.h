@@ -8,7 +8,7 @@
 // one. Threads: nothing here is synchronised, the reference count neither. An object and its
 // messages are used by one thread at a time.
 //
-// Implemented in core/objects/object.cpp and object_class.cpp.
+// Implemented in core/objects/object.cpp.
 //
 // Example:
 //   CQNObject* object = new CQNObject;
