@@ -13,7 +13,7 @@ packages=(
   wine wine64 locales
   # Tests: their framework, a web server, and independent implementations to compare with.
   # (clang prints the layouts of classes under the Microsoft C++ ABI.)
-  googletest clang-14 nginx-light openssl libssl-dev libgeographiclib-dev python3
+  googletest clang-14 nginx-light openssl libssl-dev libgeographiclib-dev libproj-dev python3
   # Packages, and the tests of what is installed.
   dpkg-dev pkg-config unzip
 )
