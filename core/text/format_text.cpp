@@ -8,9 +8,8 @@
 //
 // One pass over the format, by characters of the code page, into a growing buffer: the result can
 // be longer than the estimate that is counted alongside, which decides only how large a buffer the
-// string asks for. Numbers are converted one at a time by the C library, on the stack up to 127
-// characters. Deviations from it, so that the text is the same on every target: pointers, and
-// numbers that are not finite, are spelled as Windows does; "%n" writes nothing.
+// string asks for. Numbers are in format_number.cpp. Deviations from the C library, so that the
+// text is the same on every target: pointers are spelled as Windows does; "%n" writes nothing.
 #include "core/text/format_text.h"
 
 #include <algorithm>
