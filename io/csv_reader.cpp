@@ -2,20 +2,9 @@
 
 #include <utility>
 
+#include "io/csv_reader_imp.h"
 #include "io/csv_row.h"
-#include "io/line_source.h"
 #include "io/messages.h"
-
-// What all copies of a reader share.
-struct CQNCSVFileReaderImp {
-  bool ReadRow(std::vector<CQNString>& row);
-
-  quarnfc::io::LineSource lines;
-  CQNString path;
-  CQNString last_error;
-  std::vector<CQNString> header;
-  int readers = 1;
-};
 
 bool CQNCSVFileReaderImp::ReadRow(std::vector<CQNString>& row) {
   row.clear();
@@ -63,13 +52,6 @@ bool CQNCSVFileReader::Open(const char* path) {
   }
   return GoToFirstRow();
 }
-
-bool CQNCSVFileReader::GetFields(std::vector<CQNString>& fields) const {
-  fields = imp_->header;
-  return !fields.empty();
-}
-
-bool CQNCSVFileReader::NextRow(std::vector<CQNString>& row) { return imp_->ReadRow(row); }
 
 bool CQNCSVFileReader::GoToFirstRow() {
   if (!imp_->lines.IsOpen()) {

@@ -1,16 +1,11 @@
-#include <quarnfc/string_utils.h>
+#include "core/text/string_array.h"
 
-#include <cstddef>
 #include <cstring>
 
 #include "core/memory/memory.h"
 
+namespace quarnfc {
 namespace {
-
-void Append(std::vector<char*>& pieces, const char* text, std::size_t length) {
-  pieces.push_back(nullptr);
-  pieces.back() = quarnfc::CopyText(text, length);
-}
 
 void TrimBlanks(char* text) {
   char* end = text + std::strlen(text);
@@ -21,42 +16,40 @@ void TrimBlanks(char* text) {
   while (end > text && end[-1] == ' ') *--end = '\0';
 }
 
+// Into an element that exists: nothing is lost when memory is exhausted.
+void StoreCopy(char** piece, const char* text, std::size_t length) {
+  *piece = CopyText(text, length);
+}
+
 }  // namespace
 
-int QNStringUtils::SplitStr(const char* text, char separator, std::vector<char*>& pieces) {
-  pieces.clear();
+int SplitPieces(const char* text, char separator, void* pieces, AppendPiece append) {
   if (text == nullptr || *text == '\0') return 0;
+  int count = 0;
   const char* begin = text;
   for (const char* p = text; *p != '\0'; ++p) {
     if (*p != separator) continue;
-    Append(pieces, begin, static_cast<std::size_t>(p - begin));
+    StoreCopy(append(pieces), begin, static_cast<std::size_t>(p - begin));
+    ++count;
     begin = p + 1;
   }
   // What follows the last separator, which is empty when the text ends with one.
-  Append(pieces, begin, std::strlen(begin));
-  return static_cast<int>(pieces.size());
+  StoreCopy(append(pieces), begin, std::strlen(begin));
+  return count + 1;
 }
 
-int qnSplitStr(const char* text, char separator, std::vector<char*>& pieces) {
-  return QNStringUtils::SplitStr(text, separator, pieces);
-}
-
-void QNStringUtils::FreeStrArr(std::vector<char*>& pieces) {
-  for (char* piece : pieces) quarnfc::FreeBuffer(piece);
-  pieces.clear();
-}
-
-void qnFreeStrArr(std::vector<char*>& pieces) { QNStringUtils::FreeStrArr(pieces); }
-
-void QNStringUtils::AdjustStrArr(std::vector<char*>& pieces, bool trimBlanks, bool dropEmpty) {
+std::size_t AdjustPieces(char** pieces, std::size_t count, bool trim_blanks, bool drop_empty) {
   std::size_t kept = 0;
-  for (char* piece : pieces) {
-    if (trimBlanks && piece != nullptr) TrimBlanks(piece);
-    if (dropEmpty && (piece == nullptr || *piece == '\0')) {
-      quarnfc::FreeBuffer(piece);
+  for (std::size_t i = 0; i < count; ++i) {
+    char* piece = pieces[i];
+    if (trim_blanks && piece != nullptr) TrimBlanks(piece);
+    if (drop_empty && (piece == nullptr || *piece == '\0')) {
+      FreeBuffer(piece);
     } else {
       pieces[kept++] = piece;
     }
   }
-  pieces.resize(kept);
+  return kept;
 }
+
+}  // namespace quarnfc

@@ -54,7 +54,15 @@ class QN_API CQNCSVFileReader {
 
   // Assigns the header fields, in the ANSI code page; true when there is at least one. They are
   // those of the last Open or GoToFirstRow.
+#if QN_CONTAINERS_CROSS
   bool GetFields(std::vector<CQNString>& fields) const;
+#else
+  template <class Allocator>
+  bool GetFields(std::vector<CQNString, Allocator>& fields) const {
+    fields.clear();
+    return StoreFields(&fields, &Append<Allocator>);
+  }
+#endif
 
   // Reads the next row into row, which is emptied first. False at the end of the data, without a
   // message of its own (an earlier one stays), or on failure, with a message. Stop at the first
@@ -68,7 +76,15 @@ class QN_API CQNCSVFileReader {
   //  - A zero byte ends a line like LF.
   //  - Deliberately, a last line without LF is not returned when it ends exactly with the 409,600
   //    bytes of a full buffer.
+#if QN_CONTAINERS_CROSS
   bool NextRow(std::vector<CQNString>& row);
+#else
+  template <class Allocator>
+  bool NextRow(std::vector<CQNString, Allocator>& row) {
+    row.clear();
+    return StoreNextRow(&row, &Append<Allocator>);
+  }
+#endif
 
   // Goes back to the start and reads the header row again, so that NextRow reads the first data
   // row. May be called at any time after Open. False, with a message, when no file is open or there
@@ -80,6 +96,20 @@ class QN_API CQNCSVFileReader {
   const char* GetLastError() const;
 
  private:
+#if !QN_CONTAINERS_CROSS
+  // GetFields and NextRow for an array of the caller's that is empty: append adds a string to it
+  // and returns the string; what it throws passes through.
+  bool StoreFields(void* fields, CQNString& (*append)(void* fields)) const;
+  bool StoreNextRow(void* row, CQNString& (*append)(void* row));
+
+  template <class Allocator>
+  static CQNString& Append(void* row) {
+    auto& strings = *static_cast<std::vector<CQNString, Allocator>*>(row);
+    strings.push_back(CQNString());
+    return strings.back();
+  }
+#endif
+
   CQNCSVFileReaderImp* imp_;
 };
 

@@ -23,4 +23,13 @@
 #define QN_PLAIN_API QN_API
 #endif
 
+// Whether standard containers may pass between host and library. With the Microsoft C++ ABI they
+// may not: every compiler version and setting has its own. The functions that take one are then
+// compiled into the host.
+#if defined(_MSC_VER)
+#define QN_CONTAINERS_CROSS 0
+#else
+#define QN_CONTAINERS_CROSS 1
+#endif
+
 #endif  // QUARNFC_EXPORT_H_

@@ -41,6 +41,7 @@
 #include <quarnfc/platform_types.h>
 #include <quarnfc/projected.h>
 #include <quarnfc/qn_string.h>
+#include <quarnfc/string_arrays.h>
 #include <quarnfc/string_collection.h>
 #include <quarnfc/string_utils.h>
 #include <quarnfc/time_utils.h>

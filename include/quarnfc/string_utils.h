@@ -1,20 +1,13 @@
-// String utilities: code-page conversion, splitting, wildcard matching, path joining, and
-// length-prefixed string records in binary files.
+// String utilities: code-page conversion, splitting (string_arrays.h), wildcard matching, path
+// joining, and length-prefixed string records in binary files.
 //
 // 8-bit text is in the process ANSI code page unless a name says UTF8; wide text is UTF-16.
 // Errors: std::bad_alloc where something is allocated.
 // Threads: every function may be called from any thread; what it is given is the caller's.
 //
-// Implemented in core/text: string_array.cpp, wildcard.cpp, code_page.cpp, string_record.cpp and
-// path_join.cpp.
+// Implemented in core/text: wildcard.cpp, code_page.cpp, string_record.cpp and path_join.cpp.
 //
 // Example:
-//   std::vector<char*> pieces;
-//   QNStringUtils::SplitStr("a, b,,c", ',', pieces);       // == 4
-//   QNStringUtils::AdjustStrArr(pieces, true, true);       // "a", "b", "c"
-//   pieces.size();                                         // == 3u
-//   pieces[1];                                             // == "b"
-//   QNStringUtils::FreeStrArr(pieces);
 //   QNStringUtils::StrIsMatching("*.TXT", "a.txt", false); // == true
 //   char* path = qnUnionPath("C:/data/maps", "..\\x.json");
 //   path;                                                  // == "C:\\data\\x.json"
@@ -25,32 +18,17 @@
 #include <quarnfc/export.h>
 #include <quarnfc/plain.h>
 #include <quarnfc/qn_string.h>
+#include <quarnfc/string_arrays.h>
 
 #include <cstdio>
-#include <vector>
 
 namespace QNStringUtils {
-
-// Cuts text at each separator byte into new zero-terminated copies, stored in pieces; returns
-// their number. pieces is emptied first without deleting what it held. The scan is by bytes, not
-// by characters, deliberately: a separator byte inside a double-byte character splits it.
-// "a,,b," gives "a", "", "b", ""; an empty or null text gives no pieces. Release with FreeStrArr.
-QN_API int SplitStr(const char* text, char separator, std::vector<char*>& pieces);
-
-// Deletes every element and empties the array. The elements must be the library's own buffers: the
-// pieces of SplitStr, or copies of AllocANSIString; null is ignored.
-QN_API void FreeStrArr(std::vector<char*>& pieces);
 
 // Whether text matches pattern, where "*" stands for any run of characters, the empty one
 // included, and "?" for any one character (a double-byte one is one). There is no escape for the
 // two. Case is that of all letters of UTF-16. Null matches nothing. The time is at most
 // proportional to the product of the two lengths, whatever the pattern.
 QN_API bool StrIsMatching(const char* pattern, const char* text, bool caseSensitive);
-
-// Cleans an array such as SplitStr gives: trimBlanks removes blanks (the character ' ' only) at
-// both ends of every element, dropEmpty then deletes and removes the elements that are empty or
-// null. The texts are changed in place; the others keep their order.
-QN_API void AdjustStrArr(std::vector<char*>& pieces, bool trimBlanks, bool dropEmpty);
 
 // Conversions of zero-terminated text, all with one convention. capacity counts elements of the
 // destination.
@@ -103,11 +81,5 @@ QN_API bool ReadString(FILE* file, CQNString& text);
 QN_PLAIN_API bool qnUnionPathEx(CQNString& base, CQNString& path);
 
 // qnUnionPath, the same for plain text, is declared in plain.h, for C hosts as well.
-
-// QNStringUtils::SplitStr under a plain name.
-QN_PLAIN_API int qnSplitStr(const char* text, char separator, std::vector<char*>& pieces);
-
-// QNStringUtils::FreeStrArr under a plain name.
-QN_PLAIN_API void qnFreeStrArr(std::vector<char*>& pieces);
 
 #endif  // QUARNFC_STRING_UTILS_H_

@@ -1,0 +1,23 @@
+// The private record of CQNCSVFileReader.
+#ifndef QUARNFC_IO_CSV_READER_IMP_H_
+#define QUARNFC_IO_CSV_READER_IMP_H_
+
+#include <quarnfc/csv.h>
+#include <quarnfc/qn_string.h>
+
+#include <vector>
+
+#include "io/line_source.h"
+
+// What all copies of a reader share.
+struct CQNCSVFileReaderImp {
+  bool ReadRow(std::vector<CQNString>& row);
+
+  quarnfc::io::LineSource lines;
+  CQNString path;
+  CQNString last_error;
+  std::vector<CQNString> header;
+  int readers = 1;
+};
+
+#endif  // QUARNFC_IO_CSV_READER_IMP_H_
