@@ -1,0 +1,80 @@
+// JSON documents as a whole: reading, writing, making, releasing.
+#include <quarnfc/json_files.h>
+
+#include <memory>
+
+#include "c/guarded.h"
+#include "c/json_handle.h"
+#include "c/text.h"
+
+namespace {
+
+using namespace quarnfc::c;
+
+QncJson* Parse(const char* ansi) {
+  auto value = std::make_unique<CMyJsonValue>();
+  CQNString reason;
+  if (value->Load(ansi, reason)) return HandleOf(value.release());
+  throw Failure(QNC_ERROR_INVALID_DATA, reason.IsEmpty() ? "Quarn: the JSON text does not end"
+                                                         : static_cast<const char*>(reason));
+}
+
+QncJson* ReadFile(const char* path) {
+  const quarnfc::OwnedText ansi_path = AnsiText(path);
+  auto value = std::make_unique<CMyJsonValue>();
+  unsigned __int64 reason = 0;
+  if (!QNJsonUtils::ReadJsonFileEx(ansi_path.get(), *value, &reason)) throw TakeFailure(reason);
+  return HandleOf(value.release());
+}
+
+int SaveFile(const QncJson* value, const char* path, bool utf8) {
+  const quarnfc::OwnedText ansi_path = AnsiText(path);
+  unsigned __int64 reason = 0;
+  if (QNJsonUtils::SaveJsonFileEx(ansi_path.get(), *ValueOf(Given(value)), utf8, &reason)) return 1;
+  throw TakeFailure(reason);
+}
+
+}  // namespace
+
+QncJson* qncJsonParse(const char* text, CQNObject** error) {
+  return GuardedNew(error, [=] { return Parse(AnsiText(text).get()); });
+}
+
+QncJson* qncJsonParseA(const char* text, CQNObject** error) {
+  return GuardedNew(error, [=] { return Parse(Given(text)); });
+}
+
+QncJson* qncJsonReadFile(const char* path, CQNObject** error) {
+  return GuardedNew(error, [=] { return ReadFile(path); });
+}
+
+int qncJsonSaveFile(const QncJson* value, const char* path, int utf8, CQNObject** error) {
+  return Guarded(error, 0, [=] { return SaveFile(value, path, utf8 != 0); });
+}
+
+QncJson* qncJsonNewObject(CQNObject** error) {
+  return GuardedNew(error, [] {
+    auto object = std::make_unique<CMyJsonObj>();
+    auto value = std::make_unique<CMyJsonValue>(object.get());
+    static_cast<void>(object.release());  // the value's from now on
+    return HandleOf(value.release());
+  });
+}
+
+QncJson* qncJsonNewArray(CQNObject** error) {
+  return GuardedNew(error, [] {
+    CMyJsonValue* const* nothing = nullptr;
+    return HandleOf(new CMyJsonValue(nothing, 0));
+  });
+}
+
+void qncJsonFree(QncJson* value) { delete ValueOf(value); }
+
+char* qncJsonWrite(const QncJson* value, int indent, CQNObject** error) {
+  return GuardedNew(error, [=] { return ValueOf(Given(value))->CreateUTF8Json(indent != 0); });
+}
+
+char* qncJsonWriteA(const QncJson* value, int indent, CQNObject** error) {
+  return GuardedNew(
+      error, [=] { return quarnfc::CopyText(ValueOf(Given(value))->CreateJson(indent != 0)); });
+}

@@ -1,0 +1,67 @@
+// Looking into a JSON value.
+#include "c/guarded.h"
+#include "c/json_handle.h"
+#include "c/text.h"
+
+using namespace quarnfc::c;
+
+int qncJsonType(const QncJson* value) {
+  return value == nullptr ? static_cast<int>(QNC_JSON_NULL) : ValueOf(value)->Type();
+}
+
+int qncJsonCount(const QncJson* value) {
+  if (const CMyJsonObj* object = ObjectOf(value)) return object->ValueCount();
+  return value == nullptr || !ValueOf(value)->IsArr() ? 0 : ValueOf(value)->ValueArrLength();
+}
+
+QncJson* qncJsonAt(const QncJson* value, int index) {
+  if (value == nullptr) return nullptr;
+  const CMyJsonObj* object = ObjectOf(value);
+  if (object == nullptr) {
+    return ValueOf(value)->IsArr() ? HandleOf(ValueOf(value)->ValueArrItem(index)) : nullptr;
+  }
+  return GuardedNew(nullptr, [=] {
+    CQNString key;
+    CMyJsonValue* member = nullptr;
+    object->Item(index, key, member);
+    return HandleOf(member);
+  });
+}
+
+char* qncJsonKey(const QncJson* value, int index, CQNObject** error) {
+  return GuardedNew(error, [=]() -> char* {
+    const CMyJsonObj* object = ObjectOf(value);
+    if (object == nullptr) return nullptr;
+    CQNString key;
+    CMyJsonValue* member = nullptr;
+    object->Item(index, key, member);
+    return member == nullptr ? nullptr : NewUtf8(key);
+  });
+}
+
+QncJson* qncJsonFind(const QncJson* object, const char* path) {
+  return GuardedNew(nullptr, [=]() -> QncJson* {
+    const CMyJsonObj* members = ObjectOf(object);
+    CMyJsonValue* value = nullptr;
+    if (members == nullptr || !members->Value(AnsiText(path).get(), value)) return nullptr;
+    return HandleOf(value);
+  });
+}
+
+char* qncJsonText(const QncJson* value, CQNObject** error) {
+  return GuardedNew(error, [=] {
+    return qncJsonType(value) == QNC_JSON_TEXT ? NewUtf8(ValueOf(value)->ValueStr()) : nullptr;
+  });
+}
+
+int qncJsonNumber(const QncJson* value, double* number) {
+  if (number == nullptr || qncJsonType(value) != QNC_JSON_NUMBER) return 0;
+  *number = ValueOf(value)->ValueNumber();
+  return 1;
+}
+
+int qncJsonBool(const QncJson* value, int* flag) {
+  if (flag == nullptr || qncJsonType(value) != QNC_JSON_BOOL) return 0;
+  *flag = ValueOf(value)->ValueBool() ? 1 : 0;
+  return 1;
+}

@@ -1,0 +1,187 @@
+// QuarnFC from C#: declarations of the flat C interface, and text and errors as C# wants them.
+// They serve PowerShell, too: Add-Type -Path QuarnFC.cs.
+//
+// Texts are UTF-8 with a terminating zero: Quarn.Utf8 makes one, Quarn.Take reads one that a
+// function returned and releases it. Compile for x64.
+using System;
+using System.Runtime.InteropServices;
+using System.Text;
+
+public static class QuarnNative
+{
+    private const string Dll = "QuarnFC";
+
+    [DllImport(Dll)] public static extern uint qnGetVersion();
+    [DllImport(Dll)] public static extern void qnFreeMem(IntPtr buffer);
+    [DllImport(Dll)] public static extern void qnCloseHandle(IntPtr handle);
+
+    // --- Errors and text ---
+    [DllImport(Dll)] public static extern int qncInterfaceVersion();
+    [DllImport(Dll)] public static extern int qncErrorCode(IntPtr error);
+    [DllImport(Dll)] public static extern IntPtr qncErrorMessage(IntPtr error);
+    [DllImport(Dll)] public static extern IntPtr qncUtf8FromAnsi(byte[] ansi, out IntPtr error);
+    [DllImport(Dll)] public static extern IntPtr qncAnsiFromUtf8(byte[] utf8, out IntPtr error);
+
+    // --- JSON documents ---
+    [DllImport(Dll)] public static extern IntPtr qncJsonParse(byte[] text, out IntPtr error);
+    [DllImport(Dll)] public static extern IntPtr qncJsonParseA(byte[] text, out IntPtr error);
+    [DllImport(Dll)] public static extern IntPtr qncJsonReadFile(byte[] path, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncJsonSaveFile(IntPtr value, byte[] path, int utf8, out IntPtr error);
+    [DllImport(Dll)] public static extern IntPtr qncJsonNewObject(out IntPtr error);
+    [DllImport(Dll)] public static extern IntPtr qncJsonNewArray(out IntPtr error);
+    [DllImport(Dll)] public static extern void qncJsonFree(IntPtr value);
+    [DllImport(Dll)]
+    public static extern IntPtr qncJsonWrite(IntPtr value, int indent, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncJsonWriteA(IntPtr value, int indent, out IntPtr error);
+    [DllImport(Dll)] public static extern int qncJsonType(IntPtr value);
+    [DllImport(Dll)] public static extern int qncJsonCount(IntPtr value);
+    [DllImport(Dll)] public static extern IntPtr qncJsonAt(IntPtr value, int index);
+    [DllImport(Dll)]
+    public static extern IntPtr qncJsonKey(IntPtr value, int index, out IntPtr error);
+    [DllImport(Dll)] public static extern IntPtr qncJsonFind(IntPtr @object, byte[] path);
+    [DllImport(Dll)] public static extern IntPtr qncJsonText(IntPtr value, out IntPtr error);
+    [DllImport(Dll)] public static extern int qncJsonNumber(IntPtr value, out double number);
+    [DllImport(Dll)] public static extern int qncJsonBool(IntPtr value, out int flag);
+    [DllImport(Dll)]
+    public static extern int qncJsonSetText(IntPtr @object, byte[] path,
+        byte[] text, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncJsonSetNumber(IntPtr @object, byte[] path,
+        double number, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncJsonSetBool(IntPtr @object, byte[] path,
+        int flag, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncJsonSetNull(IntPtr @object, byte[] path, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncJsonSetValue(IntPtr @object, byte[] path,
+        IntPtr value, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncJsonRemove(IntPtr @object, byte[] key, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncJsonAppendText(IntPtr array, byte[] text, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncJsonAppendNumber(IntPtr array, double number, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncJsonAppendBool(IntPtr array, int flag, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncJsonAppendValue(IntPtr array, IntPtr value, out IntPtr error);
+
+    // --- CSV files ---
+    [DllImport(Dll)] public static extern IntPtr qncCsvOpen(byte[] path, out IntPtr error);
+    [DllImport(Dll)] public static extern void qncCsvClose(IntPtr csv);
+    [DllImport(Dll)] public static extern int qncCsvHeaderCount(IntPtr csv);
+    [DllImport(Dll)]
+    public static extern IntPtr qncCsvHeader(IntPtr csv, int index, out IntPtr error);
+    [DllImport(Dll)] public static extern int qncCsvNextRow(IntPtr csv, out IntPtr error);
+    [DllImport(Dll)] public static extern int qncCsvCount(IntPtr csv);
+    [DllImport(Dll)]
+    public static extern IntPtr qncCsvText(IntPtr csv, int index, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncCsvTextA(IntPtr csv, int index, out IntPtr error);
+    [DllImport(Dll)] public static extern int qncCsvRewind(IntPtr csv, out IntPtr error);
+
+    // --- Coordinate systems ---
+    [DllImport(Dll)] public static extern IntPtr qncGeographicKnown(int system, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncGeographicNew(double semiMajorAxis,
+        double inverseFlattening, out IntPtr error);
+    [DllImport(Dll)] public static extern IntPtr qncGeographicFromWkt(byte[] wkt, out IntPtr error);
+    [DllImport(Dll)] public static extern void qncGeographicFree(IntPtr system);
+    [DllImport(Dll)] public static extern IntPtr qncGeographicWkt(IntPtr system, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncGeographicEllipsoid(IntPtr system,
+        out double semiMajorAxis, out double inverseFlattening);
+    [DllImport(Dll)]
+    public static extern int qncGeographicToEarthFixed(IntPtr system, double[] from,
+        double[] to, UIntPtr count);
+    [DllImport(Dll)]
+    public static extern int qncEarthFixedToGeographic(IntPtr system, double[] from,
+        double[] to, UIntPtr count);
+    [DllImport(Dll)]
+    public static extern IntPtr qncProjectedNew(IntPtr geographic, double centralMeridian,
+        double falseEasting, double falseNorthing,
+        double scaleFactor, out IntPtr error);
+    [DllImport(Dll)] public static extern IntPtr qncProjectedFromWkt(byte[] wkt, out IntPtr error);
+    [DllImport(Dll)] public static extern IntPtr qncProjectedFromEpsg(int code, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncProjectedFromUtmZone(int zone, out IntPtr error);
+    [DllImport(Dll)] public static extern void qncProjectedFree(IntPtr system);
+    [DllImport(Dll)] public static extern IntPtr qncProjectedWkt(IntPtr system, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncProjectedGeographic(IntPtr system, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncProjectedParameters(IntPtr system, out double centralMeridian,
+        out double falseEasting, out double falseNorthing, out double scaleFactor);
+    [DllImport(Dll)]
+    public static extern int qncProject(IntPtr system, double[] from, double[] to, UIntPtr count);
+    [DllImport(Dll)]
+    public static extern int qncUnproject(IntPtr system, double[] from, double[] to, UIntPtr count);
+    [DllImport(Dll)]
+    public static extern int qncProjectWebMercator(double[] from, double[] to, UIntPtr count);
+    [DllImport(Dll)]
+    public static extern int qncUnprojectWebMercator(double[] from, double[] to, UIntPtr count);
+
+    // --- Codecs and digests ---
+    [DllImport(Dll)]
+    public static extern IntPtr qncBase64Encode(byte[] data, UIntPtr size, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncBase32Encode(byte[] data, UIntPtr size, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncBase64Decode(byte[] text, out UIntPtr size, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncBase32Decode(byte[] text, out UIntPtr size, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncMd5(byte[] data, UIntPtr size, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncCrc64(byte[] data, UIntPtr size, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncHmacSha256(byte[] key, UIntPtr keySize, byte[] data, UIntPtr size,
+        byte[] digest, out IntPtr error);
+}
+
+// A failure of the library: its code and its message.
+public class QuarnException : Exception
+{
+    public int Code { get; }
+    public QuarnException(int code, string message) : base(message) { Code = code; }
+}
+
+public static class Quarn
+{
+    // A text for an argument; null for null.
+    public static byte[] Utf8(string text)
+    {
+        return text == null ? null : Encoding.UTF8.GetBytes(text + "\0");
+    }
+
+    // The text in a buffer of the library, which is released; null for none.
+    public static string Take(IntPtr buffer)
+    {
+        if (buffer == IntPtr.Zero) return null;
+        try
+        {
+            int length = 0;
+            while (Marshal.ReadByte(buffer, length) != 0) ++length;
+            byte[] bytes = new byte[length];
+            Marshal.Copy(buffer, bytes, 0, length);
+            return Encoding.UTF8.GetString(bytes);
+        }
+        finally
+        {
+            QuarnNative.qnFreeMem(buffer);
+        }
+    }
+
+    // Throws what an error handle says and releases it; does nothing for none.
+    public static void Check(IntPtr error)
+    {
+        if (error == IntPtr.Zero) return;
+        int code = QuarnNative.qncErrorCode(error);
+        string message = Take(QuarnNative.qncErrorMessage(error));
+        QuarnNative.qnCloseHandle(error);
+        throw new QuarnException(code, message);
+    }
+}

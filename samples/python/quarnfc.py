@@ -1,0 +1,174 @@
+"""QuarnFC from Python: the flat C interface through ctypes, without anything to compile.
+
+    from quarnfc import Library
+    library = Library("libQuarnFC.so")        # or "QuarnFC.dll"
+    for row in library.csv_rows("districts.csv"):
+        ...
+
+Texts are str. Failures are raised as QuarnError, with the code and the message of the library.
+"""
+
+import ctypes
+import json
+
+_TEXT = ctypes.c_char_p
+_BUFFER = ctypes.c_void_p  # a text or buffer that qnFreeMem releases
+_HANDLE = ctypes.c_void_p
+_ERROR = ctypes.POINTER(ctypes.c_void_p)
+_DOUBLES = ctypes.POINTER(ctypes.c_double)
+_INT = ctypes.c_int
+_SIZE = ctypes.c_size_t
+_DOUBLE = ctypes.c_double
+_INT_OUT = ctypes.POINTER(ctypes.c_int)
+_SIZE_OUT = ctypes.POINTER(ctypes.c_size_t)
+
+# Result and arguments of every function, as in <quarnfc/c/...>.
+FUNCTIONS = {
+    "qncInterfaceVersion": (_INT, []),
+    "qncErrorCode": (_INT, [_HANDLE]),
+    "qncErrorMessage": (_BUFFER, [_HANDLE]),
+    "qncUtf8FromAnsi": (_BUFFER, [_TEXT, _ERROR]),
+    "qncAnsiFromUtf8": (_BUFFER, [_TEXT, _ERROR]),
+    "qncJsonParse": (_HANDLE, [_TEXT, _ERROR]),
+    "qncJsonParseA": (_HANDLE, [_TEXT, _ERROR]),
+    "qncJsonReadFile": (_HANDLE, [_TEXT, _ERROR]),
+    "qncJsonSaveFile": (_INT, [_HANDLE, _TEXT, _INT, _ERROR]),
+    "qncJsonNewObject": (_HANDLE, [_ERROR]),
+    "qncJsonNewArray": (_HANDLE, [_ERROR]),
+    "qncJsonFree": (None, [_HANDLE]),
+    "qncJsonWrite": (_BUFFER, [_HANDLE, _INT, _ERROR]),
+    "qncJsonWriteA": (_BUFFER, [_HANDLE, _INT, _ERROR]),
+    "qncJsonType": (_INT, [_HANDLE]),
+    "qncJsonCount": (_INT, [_HANDLE]),
+    "qncJsonAt": (_HANDLE, [_HANDLE, _INT]),
+    "qncJsonKey": (_BUFFER, [_HANDLE, _INT, _ERROR]),
+    "qncJsonFind": (_HANDLE, [_HANDLE, _TEXT]),
+    "qncJsonText": (_BUFFER, [_HANDLE, _ERROR]),
+    "qncJsonNumber": (_INT, [_HANDLE, _DOUBLES]),
+    "qncJsonBool": (_INT, [_HANDLE, _INT_OUT]),
+    "qncJsonSetText": (_INT, [_HANDLE, _TEXT, _TEXT, _ERROR]),
+    "qncJsonSetNumber": (_INT, [_HANDLE, _TEXT, _DOUBLE, _ERROR]),
+    "qncJsonSetBool": (_INT, [_HANDLE, _TEXT, _INT, _ERROR]),
+    "qncJsonSetNull": (_INT, [_HANDLE, _TEXT, _ERROR]),
+    "qncJsonSetValue": (_INT, [_HANDLE, _TEXT, _HANDLE, _ERROR]),
+    "qncJsonRemove": (_INT, [_HANDLE, _TEXT, _ERROR]),
+    "qncJsonAppendText": (_INT, [_HANDLE, _TEXT, _ERROR]),
+    "qncJsonAppendNumber": (_INT, [_HANDLE, _DOUBLE, _ERROR]),
+    "qncJsonAppendBool": (_INT, [_HANDLE, _INT, _ERROR]),
+    "qncJsonAppendValue": (_INT, [_HANDLE, _HANDLE, _ERROR]),
+    "qncCsvOpen": (_HANDLE, [_TEXT, _ERROR]),
+    "qncCsvClose": (None, [_HANDLE]),
+    "qncCsvHeaderCount": (_INT, [_HANDLE]),
+    "qncCsvHeader": (_BUFFER, [_HANDLE, _INT, _ERROR]),
+    "qncCsvNextRow": (_INT, [_HANDLE, _ERROR]),
+    "qncCsvCount": (_INT, [_HANDLE]),
+    "qncCsvText": (_BUFFER, [_HANDLE, _INT, _ERROR]),
+    "qncCsvTextA": (_BUFFER, [_HANDLE, _INT, _ERROR]),
+    "qncCsvRewind": (_INT, [_HANDLE, _ERROR]),
+    "qncGeographicKnown": (_HANDLE, [_INT, _ERROR]),
+    "qncGeographicNew": (_HANDLE, [_DOUBLE, _DOUBLE, _ERROR]),
+    "qncGeographicFromWkt": (_HANDLE, [_TEXT, _ERROR]),
+    "qncGeographicFree": (None, [_HANDLE]),
+    "qncGeographicWkt": (_BUFFER, [_HANDLE, _ERROR]),
+    "qncGeographicEllipsoid": (_INT, [_HANDLE, _DOUBLES, _DOUBLES]),
+    "qncGeographicToEarthFixed": (_INT, [_HANDLE, _DOUBLES, _DOUBLES, _SIZE]),
+    "qncEarthFixedToGeographic": (_INT, [_HANDLE, _DOUBLES, _DOUBLES, _SIZE]),
+    "qncProjectedNew": (_HANDLE, [_HANDLE, _DOUBLE, _DOUBLE, _DOUBLE, _DOUBLE, _ERROR]),
+    "qncProjectedFromWkt": (_HANDLE, [_TEXT, _ERROR]),
+    "qncProjectedFromEpsg": (_HANDLE, [_INT, _ERROR]),
+    "qncProjectedFromUtmZone": (_HANDLE, [_INT, _ERROR]),
+    "qncProjectedFree": (None, [_HANDLE]),
+    "qncProjectedWkt": (_BUFFER, [_HANDLE, _ERROR]),
+    "qncProjectedGeographic": (_HANDLE, [_HANDLE, _ERROR]),
+    "qncProjectedParameters": (_INT, [_HANDLE, _DOUBLES, _DOUBLES, _DOUBLES, _DOUBLES]),
+    "qncProject": (_INT, [_HANDLE, _DOUBLES, _DOUBLES, _SIZE]),
+    "qncUnproject": (_INT, [_HANDLE, _DOUBLES, _DOUBLES, _SIZE]),
+    "qncProjectWebMercator": (_INT, [_DOUBLES, _DOUBLES, _SIZE]),
+    "qncUnprojectWebMercator": (_INT, [_DOUBLES, _DOUBLES, _SIZE]),
+    "qncBase64Encode": (_BUFFER, [_TEXT, _SIZE, _ERROR]),
+    "qncBase32Encode": (_BUFFER, [_TEXT, _SIZE, _ERROR]),
+    "qncBase64Decode": (_BUFFER, [_TEXT, _SIZE_OUT, _ERROR]),
+    "qncBase32Decode": (_BUFFER, [_TEXT, _SIZE_OUT, _ERROR]),
+    "qncMd5": (_BUFFER, [_TEXT, _SIZE, _ERROR]),
+    "qncCrc64": (_BUFFER, [_TEXT, _SIZE, _ERROR]),
+    "qncHmacSha256": (_INT, [_TEXT, _SIZE, _TEXT, _SIZE, ctypes.c_char_p, _ERROR]),
+}
+
+
+class QuarnError(Exception):
+    """A failure of the library: its code and its message."""
+
+    def __init__(self, code, message):
+        super().__init__(f"{message} ({code})")
+        self.code = code
+        self.message = message
+
+
+class Library:
+    """The library at a path. Functions of the interface are its attributes."""
+
+    def __init__(self, path):
+        self._module = ctypes.CDLL(path)
+        for name, (result, arguments) in FUNCTIONS.items():
+            function = getattr(self._module, name)
+            function.restype, function.argtypes = result, arguments
+        self._module.qnFreeMem.restype, self._module.qnFreeMem.argtypes = None, [_HANDLE]
+        self._module.qnCloseHandle.restype, self._module.qnCloseHandle.argtypes = None, [_HANDLE]
+
+    def __getattr__(self, name):
+        return getattr(self._module, name)
+
+    def text(self, buffer):
+        """The text in a buffer of the library, which is released; None for none."""
+        if not buffer:
+            return None
+        try:
+            return ctypes.string_at(buffer).decode("utf-8")
+        finally:
+            self._module.qnFreeMem(buffer)
+
+    def call(self, name, *arguments):
+        """Calls a function whose last argument is the error; raises QuarnError for one."""
+        error = ctypes.c_void_p()
+        result = getattr(self._module, name)(*arguments, ctypes.byref(error))
+        if error.value is None:
+            return result
+        code = self._module.qncErrorCode(error)
+        message = self.text(self._module.qncErrorMessage(error))
+        self._module.qnCloseHandle(error)
+        raise QuarnError(code, message)
+
+    def csv_rows(self, path):
+        """The rows of a CSV file, each a dictionary of texts by the names of the header."""
+        csv = self.call("qncCsvOpen", path.encode("utf-8"))
+        try:
+            count = self._module.qncCsvHeaderCount(csv)
+            names = [self.text(self.call("qncCsvHeader", csv, i)) for i in range(count)]
+            while self.call("qncCsvNextRow", csv) == 1:
+                width = self._module.qncCsvCount(csv)
+                fields = [self.text(self.call("qncCsvText", csv, i)) for i in range(width)]
+                yield dict(zip(names, fields))
+        finally:
+            self._module.qncCsvClose(csv)
+
+    def json(self, text):
+        """What a JSON text holds, as Python values."""
+        document = self.call("qncJsonParse", text.encode("utf-8"))
+        try:
+            return json.loads(self.text(self.call("qncJsonWrite", document, 0)) or "null")
+        finally:
+            self._module.qncJsonFree(document)
+
+    def project(self, epsg_code, points, inverse=False):
+        """Pairs of longitude and latitude as pairs of easting and northing, or back."""
+        system = self.call("qncProjectedFromEpsg", epsg_code)
+        try:
+            flat = (ctypes.c_double * (2 * len(points)))(*(x for point in points for x in point))
+            convert = self._module.qncUnproject if inverse else self._module.qncProject
+            convert(system, flat, flat, len(points))
+            return list(zip(flat[0::2], flat[1::2]))
+        finally:
+            self._module.qncProjectedFree(system)
+
+    def md5(self, data):
+        return self.text(self.call("qncMd5", data, len(data)))
