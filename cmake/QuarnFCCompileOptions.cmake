@@ -11,6 +11,7 @@ option(QUARNFC_WERROR "Treat warnings as errors" OFF)
 
 # quarnfc_compile_options(<target>): C++20, warnings, hidden symbols.
 function(quarnfc_compile_options target)
+  quarnfc_link_runtime(${target})
   target_compile_features(${target} PRIVATE cxx_std_20)
   set_target_properties(
     ${target}
@@ -19,8 +20,14 @@ function(quarnfc_compile_options target)
                C_VISIBILITY_PRESET hidden
                VISIBILITY_INLINES_HIDDEN ON)
   if(MSVC)
-    target_compile_options(${target} PRIVATE /W4 /utf-8 /permissive- /EHsc
+    target_compile_options(${target} PRIVATE /W4 /utf-8 /permissive- /EHsc /guard:cf
                                              $<$<BOOL:${QUARNFC_WERROR}>:/WX>)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+      # As below.
+      target_compile_options(
+        ${target}
+        PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wno-delete-non-abstract-non-virtual-dtor>)
+    endif()
   else()
     target_compile_options(
       ${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow
@@ -31,6 +38,13 @@ function(quarnfc_compile_options target)
       # The library's wide text is UTF-16 on every target.
       target_compile_options(${target} PRIVATE -fshort-wchar)
     endif()
+  endif()
+endfunction()
+
+# quarnfc_link_runtime(<target>): the run-time part of this build's own, where there is one.
+function(quarnfc_link_runtime target)
+  if(TARGET quarnfc_runtime AND NOT target STREQUAL quarnfc_runtime)
+    target_link_libraries(${target} PRIVATE quarnfc_runtime)
   endif()
 endfunction()
 

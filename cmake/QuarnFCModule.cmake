@@ -23,7 +23,9 @@ function(quarnfc_module target)
                    @ONLY)
     target_sources(${target} PRIVATE "${PROJECT_BINARY_DIR}/version.rc")
     if(MSVC)
-      target_link_options(${target} PRIVATE /DYNAMICBASE /HIGHENTROPYVA /NXCOMPAT)
+      quarnfc_link_runtime(${target})
+      target_link_options(${target} PRIVATE /DYNAMICBASE /HIGHENTROPYVA /NXCOMPAT /guard:cf /Brepro
+                          /pdbaltpath:%_PDB%)
     else()
       target_link_options(
         ${target}

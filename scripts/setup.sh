@@ -9,6 +9,8 @@ source "$(dirname "$0")/lib.sh"
 packages=(
   # Building.
   cmake ninja-build g++ g++-mingw-w64-x86-64-posix
+  # The build with the Microsoft C++ ABI.
+  clang-19 lld-19 llvm-19 libc++-19-dev
   # Running Windows programs.
   wine wine64 locales
   # Tests: their framework, a web server, and independent implementations to compare with.
