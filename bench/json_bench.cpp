@@ -1,23 +1,29 @@
-// Reading and writing the documents of tests/data/json, beside RapidJSON and nlohmann-json.
-//
-// Every reader builds its tree from a text in memory and destroys it; every writer makes the
-// compact text of a tree. The peers write the shortest digits of a number, this library up to 15
-// decimal places.
-
-#include <benchmark/benchmark.h>
+// JSON documents beside RapidJSON, Boost.JSON and nlohmann-json: reading with destruction, writing,
+// copying, and looking up members. The peers write the shortest digits of a number, this library up
+// to 15 decimal places; RapidJSON reads correctly rounded numbers, as the others do.
+#include <quarnfc/json_object.h>
 #include <quarnfc/json_value.h>
 #include <rapidjson/document.h>
+#include <rapidjson/prettywriter.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
+#include <boost/json/src.hpp>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <vector>
+
+#include "row.h"
 
 namespace {
 
-constexpr const char* kDocuments[] = {"canada.json", "twitter.json"};
+using bench::Keep;
+using bench::kOurs;
+using bench::Row;
+using Document = std::shared_ptr<CMyJsonValue>;
 
 std::string ReadFile(const char* name) {
   std::FILE* file = std::fopen((std::string(QUARNFC_BENCH_DATA "/") + name).c_str(), "rb");
@@ -31,89 +37,133 @@ std::string ReadFile(const char* name) {
   return text;
 }
 
-void CountBytes(benchmark::State& state, std::size_t bytes) {
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) *
-                          static_cast<std::int64_t>(bytes));
+// Settings as applications keep them; each section has about 200 bytes.
+std::string Settings(int sections) {
+  std::string text = "{\r\n";
+  for (int i = 0; i < sections; ++i) {
+    text += "\t\"window" + std::to_string(i) +
+            "\":{\r\n\t\t\"title\":\"Main view\",\r\n\t\t\"left\":120,\r\n\t\t\"top\":64,\r\n"
+            "\t\t\"visible\":true,\r\n\t\t\"scale\":1.25,\r\n\t\t\"columns\":[80,120,64],\r\n"
+            "\t\t\"font\":{\"name\":\"SimSun\",\"size\":9}\r\n\t}";
+    text += i + 1 < sections ? ",\r\n" : "\r\n";
+  }
+  return text + "}";
 }
 
-void Load(CMyJsonValue& value, const std::string& text) {
+Document Load(const std::string& text) {
+  auto value = std::make_shared<CMyJsonValue>();
   CQNString error;
-  if (!value.Load(text.c_str(), error)) std::abort();
+  if (!value->Load(text.c_str(), error)) std::abort();
+  return value;
 }
 
-void ReadWithQuarnFC(benchmark::State& state, const char* name) {
-  const std::string text = ReadFile(name);
-  for (auto _ : state) {
+void AddReading(const std::string& input, const std::string& text) {
+  Row("json load + destroy", input, kOurs, [text] {
     CMyJsonValue value;
-    Load(value, text);
-    benchmark::DoNotOptimize(value);
-  }
-  CountBytes(state, text.size());
-}
-
-void ReadWithRapidJson(benchmark::State& state, const char* name) {
-  const std::string text = ReadFile(name);
-  for (auto _ : state) {
+    CQNString error;
+    if (!value.Load(text.c_str(), error)) std::abort();
+    Keep(value);
+  });
+  Row("json load + destroy", input, "RapidJSON", [text] {
     rapidjson::Document document;
-    // Correctly rounded numbers, as the others give them.
     document.Parse<rapidjson::kParseFullPrecisionFlag>(text.c_str());
-    benchmark::DoNotOptimize(document);
-  }
-  CountBytes(state, text.size());
+    Keep(document);
+  });
+  Row("json load + destroy", input, "Boost.JSON", [text] { Keep(boost::json::parse(text)); });
+  Row("json load + destroy", input, "nlohmann", [text] { Keep(nlohmann::json::parse(text)); });
 }
 
-void ReadWithNlohmann(benchmark::State& state, const char* name) {
-  const std::string text = ReadFile(name);
-  for (auto _ : state) {
-    auto document = nlohmann::json::parse(text);
-    benchmark::DoNotOptimize(document);
-  }
-  CountBytes(state, text.size());
-}
-
-void WriteWithQuarnFC(benchmark::State& state, const char* name) {
-  CMyJsonValue value;
-  Load(value, ReadFile(name));
-  for (auto _ : state) benchmark::DoNotOptimize(value.CreateJson(false));
-  CountBytes(state, static_cast<std::size_t>(value.CreateJson(false).GetLength()));
-}
-
-void WriteWithRapidJson(benchmark::State& state, const char* name) {
-  rapidjson::Document document;
-  document.Parse(ReadFile(name).c_str());
-  std::size_t length = 0;
-  for (auto _ : state) {
+template <class Writer>
+auto RapidWriter(const std::string& text) {
+  auto document = std::make_shared<rapidjson::Document>();
+  document->Parse(text.c_str());
+  return [document] {
     rapidjson::StringBuffer buffer;
-    rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
-    document.Accept(writer);
-    length = buffer.GetSize();
-    benchmark::DoNotOptimize(length);
-  }
-  CountBytes(state, length);
+    Writer writer(buffer);
+    document->Accept(writer);
+    Keep(buffer);
+  };
 }
 
-void WriteWithNlohmann(benchmark::State& state, const char* name) {
-  const auto document = nlohmann::json::parse(ReadFile(name));
-  for (auto _ : state) benchmark::DoNotOptimize(document.dump());
-  CountBytes(state, document.dump().size());
+void AddWriting(const std::string& input, const std::string& text) {
+  const Document ours = Load(text);
+  Row("json write compact", input, kOurs, [ours] { Keep(ours->CreateJson(false)); });
+  Row("json write compact", input, "RapidJSON",
+      RapidWriter<rapidjson::Writer<rapidjson::StringBuffer>>(text));
+  const auto boost = std::make_shared<boost::json::value>(boost::json::parse(text));
+  Row("json write compact", input, "Boost.JSON", [boost] { Keep(boost::json::serialize(*boost)); });
+  Row("json write indented", input, kOurs, [ours] { Keep(ours->CreateJson(true)); });
+  Row("json write indented", input, "RapidJSON",
+      RapidWriter<rapidjson::PrettyWriter<rapidjson::StringBuffer>>(text));
 }
 
-void Register(const char* work, void (*run)(benchmark::State&, const char*), const char* name) {
-  benchmark::RegisterBenchmark((std::string(work) + '/' + name).c_str(), run, name)
-      ->Unit(benchmark::kMillisecond);
+void AddCopying(const std::string& input, const std::string& text) {
+  const Document ours = Load(text);
+  Row("json clone + destroy", input, kOurs,
+      [ours] { Keep(*std::unique_ptr<CMyJsonValue>(ours->Clone())); });
+  const auto rapid = std::make_shared<rapidjson::Document>();
+  rapid->Parse(text.c_str());
+  Row("json clone + destroy", input, "RapidJSON", [rapid] {
+    rapidjson::Document copy;
+    copy.CopyFrom(*rapid, copy.GetAllocator());
+    Keep(copy);
+  });
+  const auto nlohmann = std::make_shared<nlohmann::json>(nlohmann::json::parse(text));
+  Row("json clone + destroy", input, "nlohmann", [nlohmann] {
+    const nlohmann::json copy(*nlohmann);
+    Keep(copy);
+  });
+}
+
+void AddPath(const std::string& input) {
+  const std::string text = Settings(12);
+  const Document ours = Load(text);
+  Row("json path of two keys", input, kOurs, [ours] {
+    int left = 0;
+    if (!ours->ValueObj()->ValueEx("window5\\left", left, true)) std::abort();
+    Keep(left);
+  });
+  const auto rapid = std::make_shared<rapidjson::Document>();
+  rapid->Parse(text.c_str());
+  Row("json path of two keys", input, "RapidJSON", [rapid] {
+    const auto window = rapid->FindMember("window5");
+    Keep(window->value.FindMember("left")->value.GetInt());
+  });
+}
+
+void AddLargeObject() {
+  constexpr int kMembers = 100'000;
+  const auto keys = std::make_shared<std::vector<std::string>>();
+  for (int i = 0; i < kMembers; ++i) keys->push_back("key" + std::to_string(i));
+  const auto set_all = [keys](CMyJsonObj& object) {
+    for (const std::string& key : *keys) object.SetItem(key.c_str(), 1, true, false);
+  };
+  Row("json SetItem", "100,000 members", kOurs, [set_all] {
+    CMyJsonObj object;
+    set_all(object);
+    Keep(object);
+  });
+  const auto object = std::make_shared<CMyJsonObj>();
+  set_all(*object);
+  Row("json look up", "100,000 members", kOurs, [keys, object] {
+    int number = 0;
+    for (const std::string& key : *keys) object->ValueEx(key.c_str(), number, true);
+    Keep(number);
+  });
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  for (const char* name : kDocuments) {
-    Register("read/QuarnFC", ReadWithQuarnFC, name);
-    Register("read/RapidJSON", ReadWithRapidJson, name);
-    Register("read/nlohmann", ReadWithNlohmann, name);
-    Register("write/QuarnFC", WriteWithQuarnFC, name);
-    Register("write/RapidJSON", WriteWithRapidJson, name);
-    Register("write/nlohmann", WriteWithNlohmann, name);
+  AddReading("settings 200 B", Settings(1));
+  AddReading("settings 4 kB", Settings(20));
+  for (const char* name : {"twitter.json", "canada.json"}) {
+    const std::string text = ReadFile(name);
+    AddReading(name, text);
+    AddWriting(name, text);
+    AddCopying(name, text);
   }
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+  AddPath("settings");
+  AddLargeObject();
+  return bench::Run(argc, argv);
 }
