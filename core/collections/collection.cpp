@@ -1,11 +1,8 @@
-// First, because MinGW exports the type information of a class that is defined after an exported
-// one.
-#include <new>
-
 #include <quarnfc/collection.h>
 
 #include <algorithm>
 #include <limits>
+#include <new>
 
 #include "core/collections/collection_items.h"
 

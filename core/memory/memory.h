@@ -1,8 +1,8 @@
 // The library's memory: the one place that decides where storage comes from.
 //
 // Two kinds pass through here. Buffers that leave the library for a caller (released with
-// qnFreeMem, or inside the library with FreeBuffer), and small nodes of fixed size: string cells,
-// JSON values and records, objects.
+// qnFreeMem, or inside the library with FreeBuffer), and small nodes: string cells, JSON values and
+// texts, objects.
 #ifndef QUARNFC_CORE_MEMORY_MEMORY_H_
 #define QUARNFC_CORE_MEMORY_MEMORY_H_
 
@@ -10,6 +10,8 @@
 #include <cstring>
 #include <memory>
 #include <new>
+
+#include "core/memory/node_heap.h"
 
 namespace quarnfc {
 
@@ -57,9 +59,30 @@ inline wchar_t* CopyWideText(const wchar_t* text, std::size_t length) {
 
 inline wchar_t* CopyWideText(const wchar_t* text) { return CopyWideText(text, WideLength(text)); }
 
-// Storage for a small node of fixed size; give the same size back. Throws std::bad_alloc.
-inline void* AllocNode(std::size_t size) { return ::operator new(size); }
-inline void FreeNode(void* node, std::size_t /*size*/) noexcept { ::operator delete(node); }
+// Nodes come from the plain heap where that lets a tool see each of them: under the sanitizers, and
+// with the CMake option QUARNFC_PLAIN_HEAP (for valgrind).
+#if defined(QUARNFC_PLAIN_HEAP) || defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+inline constexpr bool kNodesOnPlainHeap = true;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer) || \
+    __has_feature(memory_sanitizer)
+inline constexpr bool kNodesOnPlainHeap = true;
+#else
+inline constexpr bool kNodesOnPlainHeap = false;
+#endif
+#else
+inline constexpr bool kNodesOnPlainHeap = false;
+#endif
+
+// Storage for a small node; give the same size back. Throws std::bad_alloc.
+inline void* AllocNode(std::size_t size) {
+  return kNodesOnPlainHeap || size > kLargestNode ? ::operator new(size) : AllocHeapNode(size);
+}
+
+inline void FreeNode(void* node, std::size_t size) noexcept {
+  if (kNodesOnPlainHeap || size > kLargestNode) return ::operator delete(node);
+  if (node != nullptr) FreeHeapNode(node, size);
+}
 
 }  // namespace quarnfc
 

@@ -1,5 +1,7 @@
 #include <quarnfc/fixed_alloc.h>
 
+#include "platform/module.h"
+
 namespace {
 
 constexpr unsigned int kBlocksPerChunk = 64;
@@ -8,12 +10,31 @@ constexpr unsigned int kBlocksPerChunk = 64;
 // such allowance, deliberately: only scratch buffers use it.
 constexpr unsigned int kStringAllowance = 16;
 
-// A pool of the module. Each is built when the module is loaded or, where the static initialiser of
-// another file needs it earlier, at that first use.
+// A pool that goes when the module is unloaded. At the end of the process it stays: threads that
+// are still running, and static objects of hosts, may hold strings.
+class ModulePool {
+ public:
+  explicit ModulePool(unsigned int blockSize) : pool_(blockSize, kBlocksPerChunk) {}
+  ModulePool(const ModulePool&) = delete;
+  ModulePool& operator=(const ModulePool&) = delete;
+  ~ModulePool() {
+    if (quarnfc::platform::ModuleIsUnloading()) pool_.~CQNFixedAlloc();
+  }
+
+  CQNFixedAlloc* Get() { return &pool_; }
+
+ private:
+  union {
+    CQNFixedAlloc pool_;
+  };
+};
+
+// Each is built when the module is loaded or, where the static initialiser of another file needs it
+// earlier, at that first use.
 template <unsigned int kBlockSize>
 CQNFixedAlloc* Pool() {
-  static CQNFixedAlloc pool(kBlockSize, kBlocksPerChunk);
-  return &pool;
+  static ModulePool pool(kBlockSize);
+  return pool.Get();
 }
 
 [[maybe_unused]] CQNFixedAlloc* const g_loaded[] = {

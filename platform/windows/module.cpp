@@ -1,17 +1,25 @@
 #include "platform/windows/module.h"
 
+#include "platform/module.h"
 #include "platform/windows/platform.h"
+#include "platform/windows/thread_data.h"
 
 namespace {
 
 HINSTANCE g_module = nullptr;
+bool g_unloading = false;
 
 }  // namespace
 
 void* quarnfc::platform::ModuleHandle() { return g_module; }
 
-// The module's entry routine.
-extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID /*reserved*/) {
+bool quarnfc::platform::ModuleIsUnloading() { return g_unloading; }
+
+// The module's entry routine. When the module goes it runs before the destructors of static
+// objects; reserved is null unless the whole process ends.
+extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID reserved) {
   if (reason == DLL_PROCESS_ATTACH) g_module = module;
+  if (reason == DLL_THREAD_DETACH) quarnfc::platform::EndThreadData();
+  if (reason == DLL_PROCESS_DETACH) g_unloading = reserved == nullptr;
   return TRUE;
 }

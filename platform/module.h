@@ -1,0 +1,13 @@
+// The end of the library's own module.
+#ifndef QUARNFC_PLATFORM_MODULE_H_
+#define QUARNFC_PLATFORM_MODULE_H_
+
+namespace quarnfc::platform {
+
+// For the destructors of static objects: whether the module is being unloaded. At the end of the
+// process it is not: other threads may go on using what the module owns, so nothing is freed.
+bool ModuleIsUnloading();
+
+}  // namespace quarnfc::platform
+
+#endif  // QUARNFC_PLATFORM_MODULE_H_

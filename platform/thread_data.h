@@ -1,0 +1,23 @@
+// One pointer of the library for each thread. Reading it is as fast as the platform allows and
+// leaves the last error alone.
+#ifndef QUARNFC_PLATFORM_THREAD_DATA_H_
+#define QUARNFC_PLATFORM_THREAD_DATA_H_
+
+#if defined(_WIN32)
+#include "platform/windows/thread_data.h"  // inline void* ThreadData()
+#else
+#include "platform/posix/thread_data.h"  // inline void* ThreadData()
+#endif
+
+namespace quarnfc::platform {
+
+// Sets the pointer that ThreadData returns on this thread (null before). When the thread ends,
+// at_end receives it; every call passes the same function. Throws std::bad_alloc.
+void SetThreadData(void* data, void (*at_end)(void* data));
+
+// The module is unloading: no thread that ends calls into it any more.
+void ReleaseThreadData() noexcept;
+
+}  // namespace quarnfc::platform
+
+#endif  // QUARNFC_PLATFORM_THREAD_DATA_H_

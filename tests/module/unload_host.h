@@ -1,0 +1,25 @@
+// What both programs that unload the library share: they know its functions by name only.
+#ifndef QUARNFC_TESTS_MODULE_UNLOAD_HOST_H_
+#define QUARNFC_TESTS_MODULE_UNLOAD_HOST_H_
+
+#include <quarnfc/fixed_alloc.h>
+
+#include <cstdio>
+
+namespace unload_host {
+
+inline constexpr std::size_t kPoolChunk = sizeof(void*) + 64 * 80;  // of the pool of 80-byte blocks
+
+using PoolFunction = CQNFixedAlloc* (*)();
+using JoinFunction = char* (*)(const char*, const char*);
+using FreeFunction = void (*)(void*);
+
+// The exit code of the program, after saying what is wrong.
+inline int Report(bool ok, const char* expectation) {
+  if (!ok) std::fprintf(stderr, "failed: %s\n", expectation);
+  return ok ? 0 : 1;
+}
+
+}  // namespace unload_host
+
+#endif  // QUARNFC_TESTS_MODULE_UNLOAD_HOST_H_
