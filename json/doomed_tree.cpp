@@ -1,5 +1,7 @@
 #include "json/doomed_tree.h"
 
+#include <utility>
+
 namespace quarnfc::json {
 
 DoomedTree::~DoomedTree() {
@@ -7,8 +9,8 @@ DoomedTree::~DoomedTree() {
     CMyJsonValueImp* record = head_;
     head_ = record->next_doomed;
     AddAll(record->array);
-    Add(record->object);
-    delete record;
+    Add(std::exchange(record->object, nullptr));
+    ValueBlock::Destroy(record);
   }
 }
 
@@ -18,26 +20,28 @@ void DoomedTree::Add(CMyJsonValueImp* record) noexcept {
     record->next_doomed = head_;
     head_ = record;
   } else {
-    delete record;
+    ValueBlock::Destroy(record);
   }
 }
 
 void DoomedTree::Add(CMyJsonValue* value) noexcept {
   if (value == nullptr) return;
-  Add(JsonAccess::Detach(*value));
-  delete value;
+  CMyJsonValueImp* record = JsonAccess::Detach(*value);
+  ValueBlock::FreeShell(value);
+  Add(record);
 }
 
 void DoomedTree::Add(CMyJsonObj* object) noexcept {
   if (object == nullptr) return;
-  Add(JsonAccess::Detach(*object));
-  delete object;
+  CMyJsonObjImp* record = JsonAccess::Detach(*object);
+  ObjectBlock::FreeShell(object);
+  Add(record);
 }
 
 void DoomedTree::Add(CMyJsonObjImp* record) noexcept {
   if (record == nullptr) return;
   AddAll(record->values);
-  delete record;
+  ObjectBlock::Destroy(record);
 }
 
 void DoomedTree::AddAll(ValueList& values) noexcept {

@@ -4,6 +4,7 @@
 #include <quarnfc/json_value.h>
 
 #include <memory>
+#include <string_view>
 
 #include "json/doomed_tree.h"
 #include "json/messages.h"
@@ -23,11 +24,9 @@ bool LoadContainer(const char* text, CMyJsonValueImp& target, CQNString& error) 
 }
 
 bool LoadString(const char* text, CMyJsonValueImp& target, CQNString& error) {
-  quarnfc::json::RawString raw{"", 0};
+  quarnfc::json::RawString raw;
   const bool read = quarnfc::json::ReadString(++text, raw);
-  quarnfc::json::LazyString decoded;
-  quarnfc::json::DecodeString(raw, decoded);
-  target.string.Swap(decoded);
+  target.string = quarnfc::json::DecodeString(raw);
   if (!read) {
     error = quarnfc::json::kInvalidTopString;
     return false;
@@ -89,13 +88,9 @@ bool CMyJsonObj::Load(const char* text) {
   CQNString error;
   const std::unique_ptr<CMyJsonValue> loaded = ReadObject(text, error);
   CMyJsonObj old;
-  imp_->keys.swap(old.imp_->keys);
-  imp_->values.swap(old.imp_->values);
-  if (loaded != nullptr) {
-    CMyJsonObjImp& members = *loaded->ValueObj()->imp_;
-    imp_->keys.swap(members.keys);
-    imp_->values.swap(members.values);
-  }
-  imp_->error.Set(error);
+  quarnfc::json::SwapMembers(*imp_, *old.imp_);
+  if (loaded != nullptr) quarnfc::json::SwapMembers(*imp_, *loaded->ValueObj()->imp_);
+  imp_->error = quarnfc::json::SharedText(
+      std::string_view(error, static_cast<std::size_t>(error.GetLength())));
   return loaded != nullptr;
 }

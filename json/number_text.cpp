@@ -1,6 +1,7 @@
 #include "json/number_text.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -8,6 +9,8 @@
 #include <limits>
 #include <string_view>
 #include <system_error>
+
+#include "json/wide_product.h"
 
 namespace quarnfc::json {
 namespace {
@@ -39,26 +42,30 @@ double OutOfRange(std::string_view token) {
   return token.front() == '-' ? -magnitude : magnitude;
 }
 
-struct Product {
-  std::uint64_t high;
-  std::uint64_t low;
-};
-
-Product Multiply(std::uint64_t left, std::uint64_t right) {
-  constexpr std::uint64_t kLow = 0xFFFFFFFF;
-  const std::uint64_t low = (left & kLow) * (right & kLow);
-  const std::uint64_t middle = (left >> 32) * (right & kLow) + (low >> 32);
-  const std::uint64_t other = (left & kLow) * (right >> 32) + (middle & kLow);
-  return {(left >> 32) * (right >> 32) + (middle >> 32) + (other >> 32),
-          (other << 32) | (low & kLow)};
-}
-
 // Whether all bits of the number lie within 64 before and 64 behind the point.
 bool IsFixedPoint(double magnitude) {
   return magnitude == 0 || (magnitude >= 0x1p-11 && magnitude < 0x1p53);
 }
 
-// Such a number with exactly 15 decimal places, its exact value rounded half to even. (The general
+constexpr auto kDigitPairs = [] {
+  std::array<char, 200> pairs{};
+  for (std::size_t i = 0; i < 100; ++i) {
+    pairs[2 * i] = static_cast<char>('0' + i / 10);
+    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+  }
+  return pairs;
+}();
+
+// Exactly count (even) digits of the number, with leading zeros.
+void WriteDigits(std::uint32_t number, char* text, std::size_t count) {
+  while (count > 0) {
+    count -= 2;
+    std::memcpy(text + count, &kDigitPairs[2 * (number % 100)], 2);
+    number /= 100;
+  }
+}
+
+// Such a number with at most 15 decimal places, its exact value rounded half to even. (The general
 // conversion of the standard library gives the same text and takes several times as long.)
 char* FormatFixedPoint(double magnitude, char* text, char* limit) {
   constexpr std::uint64_t kScale = 1000000000000000;
@@ -72,19 +79,24 @@ char* FormatFixedPoint(double magnitude, char* text, char* limit) {
     decimals = 0;
   }
   char* point = std::to_chars(text, limit, whole).ptr;
-  // The scale puts a 1 in front of all 15 digits, where the point belongs.
-  char* end = std::to_chars(point, limit, kScale + decimals).ptr;
+  if (decimals == 0) return point;
+  // With one digit more than the 15, so that pairs of digits come out even.
+  WriteDigits(static_cast<std::uint32_t>(decimals / 10000000), point + 1, 8);
+  WriteDigits(static_cast<std::uint32_t>(decimals % 10000000) * 10, point + 9, 8);
   *point = '.';
-  return end;
+  return point + 16;
 }
 
+// Up to 15 decimal places, without zeros behind the last one that counts.
 char* FormatFinite(double number, char* text, char* limit) {
   const double magnitude = std::fabs(number);
-  if (!IsFixedPoint(magnitude)) {
-    return std::to_chars(text, limit, number, std::chars_format::fixed, 15).ptr;
-  }
-  if (std::signbit(number)) *text++ = '-';
-  return FormatFixedPoint(magnitude, text, limit);
+  const bool is_fixed = IsFixedPoint(magnitude);
+  if (is_fixed && std::signbit(number)) *text++ = '-';
+  char* end = is_fixed ? FormatFixedPoint(magnitude, text, limit)
+                       : std::to_chars(text, limit, number, std::chars_format::fixed, 15).ptr;
+  if (std::find(text, end, '.') == end) return end;
+  while (end[-1] == '0') --end;
+  return end[-1] == '.' ? end - 1 : end;
 }
 
 char* CopyName(std::string_view name, char* text) {
@@ -112,12 +124,9 @@ double ParseNumber(const char* first, const char* last) {
   return OutOfRange(std::string_view(first, static_cast<std::size_t>(end - first)));
 }
 
-char* FormatNumber(double number, char (&text)[kNumberTextCapacity]) {
+char* FormatNumber(double number, char* text) {
   if (!std::isfinite(number)) return FormatNonFinite(number, text);
-  char* end = FormatFinite(number, text, text + kNumberTextCapacity);
-  while (end[-1] == '0') --end;
-  while (end[-1] == '.') --end;
-  return end;
+  return FormatFinite(number, text, text + kNumberTextCapacity);
 }
 
 }  // namespace quarnfc::json

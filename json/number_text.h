@@ -20,8 +20,8 @@ inline constexpr std::size_t kNumberTextCapacity = 328;
 
 // Writes the number as "%.15f" does, without trailing zeros and without a point behind which
 // nothing is left, and returns the end of the text (there is no terminator). Numbers that are not
-// finite are "inf", "-inf", "nan" and "-nan(ind)".
-char* FormatNumber(double number, char (&text)[kNumberTextCapacity]);
+// finite are "inf", "-inf", "nan" and "-nan(ind)". The text has room for kNumberTextCapacity bytes.
+char* FormatNumber(double number, char* text);
 
 }  // namespace quarnfc::json
 

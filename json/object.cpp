@@ -8,7 +8,7 @@
 #include "json/records.h"
 #include "json/tree_copy.h"
 
-CMyJsonObj::CMyJsonObj() : imp_(new CMyJsonObjImp) {}
+CMyJsonObj::CMyJsonObj() : imp_(quarnfc::json::ObjectBlock::NewAlone()) {}
 
 CMyJsonObj::CMyJsonObj(const CMyJsonObj& other) = default;
 CMyJsonObj& CMyJsonObj::operator=(const CMyJsonObj& other) = default;
@@ -18,15 +18,17 @@ CMyJsonObj::~CMyJsonObj() {
   doomed.Add(imp_);
 }
 
-void* CMyJsonObj::operator new(std::size_t size) { return quarnfc::AllocNode(size); }
+void* CMyJsonObj::operator new(std::size_t size) {
+  return quarnfc::json::ObjectBlock::AllocShell(size);
+}
 
-void CMyJsonObj::operator delete(void* object, std::size_t size) noexcept {
-  quarnfc::FreeNode(object, size);
+void CMyJsonObj::operator delete(void* object, std::size_t /*size*/) noexcept {
+  quarnfc::json::ObjectBlock::FreeShell(object);
 }
 
 CMyJsonObj* CMyJsonObj::Clone() const {
-  auto clone = std::make_unique<CMyJsonObj>();
-  clone->imp_->error.Set(imp_->error);
+  std::unique_ptr<CMyJsonObj> clone(quarnfc::json::JsonAccess::NewObject());
+  clone->imp_->error = imp_->error;
   quarnfc::json::CopyMembers(*imp_, *clone->imp_);
   return clone.release();
 }
@@ -36,8 +38,7 @@ void CMyJsonObj::CopyFrom(const CMyJsonObj* source) {
   // The copy is complete before anything is destroyed, so source may be part of this object.
   CMyJsonObj fresh;
   quarnfc::json::CopyMembers(*source->imp_, *fresh.imp_);
-  imp_->keys.swap(fresh.imp_->keys);
-  imp_->values.swap(fresh.imp_->values);
+  quarnfc::json::SwapMembers(*imp_, *fresh.imp_);
 }
 
 int CMyJsonObj::ValueCount() const { return static_cast<int>(imp_->values.size()); }
@@ -45,8 +46,8 @@ int CMyJsonObj::ValueCount() const { return static_cast<int>(imp_->values.size()
 void CMyJsonObj::Item(int index, CQNString& key, CMyJsonValue*& value) const {
   if (index < 0 || index >= ValueCount()) return;
   const auto position = static_cast<std::size_t>(index);
-  key = imp_->keys[position];
+  key = quarnfc::json::AsString(imp_->keys[position]);
   value = imp_->values[position];
 }
 
-CQNString CMyJsonObj::GetErrMsg() const { return imp_->error.Get(); }
+CQNString CMyJsonObj::GetErrMsg() const { return quarnfc::json::AsString(imp_->error); }

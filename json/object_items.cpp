@@ -3,23 +3,28 @@
 #include <quarnfc/json_object.h>
 
 #include <memory>
+#include <string_view>
 
 #include "json/object_path.h"
 #include "json/records.h"
+#include "json/value_content.h"
 
 namespace {
 
 using quarnfc::json::JsonAccess;
+using quarnfc::json::NewObjectValue;
+using quarnfc::json::SharedText;
 
 // Appends a member; value is taken over only when that succeeds.
-void Append(CMyJsonObjImp& record, const CQNString& key, CMyJsonValue* value) {
-  record.values.push_back(value);
+void Append(CMyJsonObjImp& record, std::string_view key, CMyJsonValue* value) {
+  record.keys.push_back(SharedText(key));
   try {
-    record.keys.push_back(key);
+    record.values.push_back(value);
   } catch (...) {
-    record.values.pop_back();
+    record.keys.pop_back();
     throw;
   }
+  record.index.Added(record.keys);
 }
 
 void Replace(CMyJsonValue*& held, CMyJsonValue* value) {
@@ -29,20 +34,17 @@ void Replace(CMyJsonValue*& held, CMyJsonValue* value) {
 
 // The object one step down the path from current, for the member with this key. A missing member
 // is added as an empty object, unless onlyExisting. Null when there is no way down.
-CMyJsonObj* StepInto(CMyJsonObj& current, const CQNString& key, bool exact, bool onlyExisting) {
+CMyJsonObj* StepInto(CMyJsonObj& current, std::string_view key, bool exact, bool onlyExisting) {
   CMyJsonObjImp& record = JsonAccess::Record(current);
   const int found = quarnfc::json::FindKey(record, key, exact);
   if (found >= 0) return record.values[static_cast<std::size_t>(found)]->ValueObj();
   if (onlyExisting) return nullptr;
-  auto inner = std::make_unique<CMyJsonObj>();
-  auto value = std::make_unique<CMyJsonValue>(inner.get());
-  CMyJsonObj* next = inner.release();
+  std::unique_ptr<CMyJsonValue> value = NewObjectValue();
   Append(record, key, value.get());
-  static_cast<void>(value.release());
-  return next;
+  return value.release()->ValueObj();
 }
 
-bool SetLast(CMyJsonObjImp& record, const CQNString& key, CMyJsonValue* value, bool exact,
+bool SetLast(CMyJsonObjImp& record, std::string_view key, CMyJsonValue* value, bool exact,
              bool onlyExisting) {
   const int found = quarnfc::json::FindKey(record, key, exact);
   if (found >= 0) {
@@ -56,15 +58,15 @@ bool SetLast(CMyJsonObjImp& record, const CQNString& key, CMyJsonValue* value, b
 
 // A value built by a typed call. Unless it finds its place it is freed again, without what the
 // caller passed in: elements and objects stay the caller's.
-class NewValue {
+class BuiltValue {
  public:
   template <class... Content>
-  explicit NewValue(Content... content) : value_(new CMyJsonValue(content...)) {}
+  explicit BuiltValue(Content... content) : value_(quarnfc::json::NewValue(content...)) {}
 
-  NewValue(const NewValue&) = delete;
-  NewValue& operator=(const NewValue&) = delete;
+  BuiltValue(const BuiltValue&) = delete;
+  BuiltValue& operator=(const BuiltValue&) = delete;
 
-  ~NewValue() {
+  ~BuiltValue() {
     if (value_ != nullptr && borrowed_) {
       CMyJsonValueImp& record = JsonAccess::Record(*value_);
       record.array.clear();
@@ -73,7 +75,7 @@ class NewValue {
   }
 
   // Says that the elements or the object came from the caller.
-  NewValue& Borrowed() {
+  BuiltValue& Borrowed() {
     borrowed_ = true;
     return *this;
   }
@@ -101,30 +103,30 @@ void CMyJsonObj::AddItem(const char* key, CMyJsonValue* value) {
   if (key != nullptr && value != nullptr) Append(*imp_, key, value);
 }
 
-void CMyJsonObj::AddItem(const char* key) { NewValue().AddTo(*this, key); }
+void CMyJsonObj::AddItem(const char* key) { BuiltValue().AddTo(*this, key); }
 
-void CMyJsonObj::AddItem(const char* key, const char* text) { NewValue(text).AddTo(*this, key); }
+void CMyJsonObj::AddItem(const char* key, const char* text) { BuiltValue(text).AddTo(*this, key); }
 
-void CMyJsonObj::AddItem(const char* key, double number) { NewValue(number).AddTo(*this, key); }
+void CMyJsonObj::AddItem(const char* key, double number) { BuiltValue(number).AddTo(*this, key); }
 
-void CMyJsonObj::AddItem(const char* key, int number) { NewValue(number).AddTo(*this, key); }
+void CMyJsonObj::AddItem(const char* key, int number) { BuiltValue(number).AddTo(*this, key); }
 
-void CMyJsonObj::AddItem(const char* key, bool flag) { NewValue(flag).AddTo(*this, key); }
+void CMyJsonObj::AddItem(const char* key, bool flag) { BuiltValue(flag).AddTo(*this, key); }
 
 void CMyJsonObj::AddItem(const char* key, CMyJsonValue* const* values, int count) {
-  NewValue(values, count).Borrowed().AddTo(*this, key);
+  BuiltValue(values, count).Borrowed().AddTo(*this, key);
 }
 
 void CMyJsonObj::AddItem(const char* key, const double* numbers, int count) {
-  NewValue(numbers, count).AddTo(*this, key);
+  BuiltValue(numbers, count).AddTo(*this, key);
 }
 
 void CMyJsonObj::AddItem(const char* key, const int* numbers, int count) {
-  NewValue(numbers, count).AddTo(*this, key);
+  BuiltValue(numbers, count).AddTo(*this, key);
 }
 
 void CMyJsonObj::AddItem(const char* key, CMyJsonObj* obj) {
-  NewValue(obj).Borrowed().AddTo(*this, key);
+  BuiltValue(obj).Borrowed().AddTo(*this, key);
 }
 
 bool CMyJsonObj::SetItem(const char* path, CMyJsonValue* value, bool exact, bool onlyExisting) {
@@ -139,48 +141,49 @@ bool CMyJsonObj::SetItem(const char* path, CMyJsonValue* value, bool exact, bool
 }
 
 bool CMyJsonObj::SetItem(const char* path, const char* text, bool exact, bool onlyExisting) {
-  return NewValue(text).SetIn(*this, path, exact, onlyExisting);
+  return BuiltValue(text).SetIn(*this, path, exact, onlyExisting);
 }
 
 bool CMyJsonObj::SetItem(const char* path, double number, bool exact, bool onlyExisting) {
-  return NewValue(number).SetIn(*this, path, exact, onlyExisting);
+  return BuiltValue(number).SetIn(*this, path, exact, onlyExisting);
 }
 
 bool CMyJsonObj::SetItem(const char* path, int number, bool exact, bool onlyExisting) {
-  return NewValue(number).SetIn(*this, path, exact, onlyExisting);
+  return BuiltValue(number).SetIn(*this, path, exact, onlyExisting);
 }
 
 bool CMyJsonObj::SetItem(const char* path, bool flag, bool exact, bool onlyExisting) {
-  return NewValue(flag).SetIn(*this, path, exact, onlyExisting);
+  return BuiltValue(flag).SetIn(*this, path, exact, onlyExisting);
 }
 
 bool CMyJsonObj::SetItem(const char* path, CMyJsonValue* const* values, int count, bool exact,
                          bool onlyExisting) {
-  return NewValue(values, count).Borrowed().SetIn(*this, path, exact, onlyExisting);
+  return BuiltValue(values, count).Borrowed().SetIn(*this, path, exact, onlyExisting);
 }
 
 bool CMyJsonObj::SetItem(const char* path, const double* numbers, int count, bool exact,
                          bool onlyExisting) {
-  return NewValue(numbers, count).SetIn(*this, path, exact, onlyExisting);
+  return BuiltValue(numbers, count).SetIn(*this, path, exact, onlyExisting);
 }
 
 bool CMyJsonObj::SetItem(const char* path, const int* numbers, int count, bool exact,
                          bool onlyExisting) {
-  return NewValue(numbers, count).SetIn(*this, path, exact, onlyExisting);
+  return BuiltValue(numbers, count).SetIn(*this, path, exact, onlyExisting);
 }
 
 bool CMyJsonObj::SetItem(const char* path, CMyJsonObj* obj, bool exact, bool onlyExisting) {
-  return NewValue(obj).Borrowed().SetIn(*this, path, exact, onlyExisting);
+  return BuiltValue(obj).Borrowed().SetIn(*this, path, exact, onlyExisting);
 }
 
 bool CMyJsonObj::SetItem2Empty(const char* path, bool exact, bool onlyExisting) {
-  return NewValue().SetIn(*this, path, exact, onlyExisting);
+  return BuiltValue().SetIn(*this, path, exact, onlyExisting);
 }
 
 void CMyJsonObj::DelItemEx(const char* key, bool exact) {
-  const int found = quarnfc::json::FindKey(*imp_, key, exact);
+  const int found = key != nullptr ? quarnfc::json::FindKey(*imp_, key, exact) : -1;
   if (found < 0) return;
   delete imp_->values[static_cast<std::size_t>(found)];
+  imp_->index.Erasing(static_cast<std::size_t>(found));
   imp_->values.erase(imp_->values.begin() + found);
   imp_->keys.erase(imp_->keys.begin() + found);
 }

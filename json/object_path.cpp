@@ -5,18 +5,28 @@
 #include <quarnfc/json_object.h>
 
 #include <limits>
+#include <string>
 
+#include "core/text/character.h"
 #include "core/text/multibyte.h"
 
 namespace quarnfc::json {
 namespace {
 
-template <class Matches>
-int FindFirst(const std::vector<CQNString>& keys, Matches matches) {
+int FindKeyWithoutCase(const KeyList& keys, std::string_view key) {
+  const std::string terminated(key);
   for (std::size_t i = 0; i < keys.size(); ++i) {
-    if (matches(keys[i])) return static_cast<int>(i);
+    if (MbsICmp(Bytes(keys[i].Characters()), Bytes(terminated.c_str())) == 0) {
+      return static_cast<int>(i);
+    }
   }
   return -1;
+}
+
+// The first backslash that is a character of its own, or the end of the text.
+const char* FindSeparator(const char* at) {
+  while (*at != '\\' && *at != '\0') at += CharWidth(at);
+  return at;
 }
 
 int Truncate(double number) {
@@ -36,30 +46,15 @@ const CMyJsonValue* FindTyped(const CMyJsonObj& object, const char* path,
 
 }  // namespace
 
-int FindKey(const CMyJsonObjImp& record, const char* key, bool exact) {
-  if (key == nullptr) return -1;
-  const int equal =
-      FindFirst(record.keys, [key](const CQNString& other) { return other.Compare(key) == 0; });
-  if (equal >= 0 || exact) return equal;
-  return FindFirst(record.keys,
-                   [key](const CQNString& other) { return other.CompareNoCase(key) == 0; });
+int FindKey(const CMyJsonObjImp& record, std::string_view key, bool exact) {
+  const int equal = record.index.Find(record.keys, key);
+  return equal >= 0 || exact ? equal : FindKeyWithoutCase(record.keys, key);
 }
 
-PathParts::PathParts(const char* path) { Cut(path); }
-
-void PathParts::Next() { Cut(rest_); }
-
 void PathParts::Cut(const char* part) {
-  const unsigned char* separator =
-      quarnfc::MbsChr(reinterpret_cast<const unsigned char*>(part), '\\');
-  if (separator == nullptr) {
-    key_ = part;
-    rest_ = nullptr;
-  } else {
-    const char* end = reinterpret_cast<const char*>(separator);
-    key_ = CQNString(part, static_cast<int>(end - part));
-    rest_ = end + 1;
-  }
+  const char* end = FindSeparator(part);
+  key_ = {part, static_cast<std::size_t>(end - part)};
+  rest_ = *end != '\0' ? end + 1 : nullptr;
 }
 
 }  // namespace quarnfc::json

@@ -1,21 +1,26 @@
 #include "json/piece_list.h"
 
+#include <algorithm>
 #include <limits>
 #include <new>
 
 namespace quarnfc::json {
 
-char* PieceList::Extend(std::size_t count) {
-  const std::size_t length = current_.size();
-  current_.resize(length + count);
-  return current_.data() + length;
+void PieceList::BeginPiece(std::size_t count) {
+  constexpr std::size_t kLongestPiece = 262144;
+  EndPiece();
+  const std::size_t capacity = std::max(count, capacity_);
+  capacity_ = std::min(capacity_ * 2, kLongestPiece);
+  pieces_.push_back({OwnedText(AllocChars(capacity)), 0});
+  next_ = pieces_.back().bytes.get();
+  end_ = next_ + capacity;
 }
 
 void PieceList::EndPiece() {
-  length_ += current_.size();
+  if (pieces_.empty()) return;
+  pieces_.back().length = static_cast<std::size_t>(next_ - pieces_.back().bytes.get());
+  length_ += pieces_.back().length;
   if (length_ > static_cast<std::size_t>(std::numeric_limits<int>::max())) throw std::bad_alloc();
-  pieces_.push_back(current_);
-  current_.clear();
 }
 
 CQNString PieceList::Join() {
@@ -23,9 +28,10 @@ CQNString PieceList::Join() {
   CQNString text;
   if (length_ == 0) return text;
   char* target = text.GetBufferSetLength(static_cast<int>(length_));
-  for (; !pieces_.empty(); pieces_.pop_front()) {
-    const std::string& piece = pieces_.front();
-    target += piece.copy(target, piece.size());
+  for (Piece& piece : pieces_) {
+    std::memcpy(target, piece.bytes.get(), piece.length);
+    target += piece.length;
+    piece.bytes.reset();
   }
   return text;
 }

@@ -1,42 +1,63 @@
-// Text gathered as a list of pieces and joined once, in one buffer of the final length.
+// Text gathered as a list of pieces and joined once, in one buffer of the final length. Pieces are
+// as long as the blocks they lie in, and every block is twice as long as the one before it, up to a
+// limit: no byte is moved before it is joined.
 #ifndef QUARNFC_JSON_PIECE_LIST_H_
 #define QUARNFC_JSON_PIECE_LIST_H_
 
 #include <quarnfc/qn_string.h>
 
 #include <cstddef>
-#include <deque>
-#include <string>
+#include <cstring>
+#include <memory>
 #include <string_view>
+#include <vector>
+
+#include "core/memory/memory.h"
 
 namespace quarnfc::json {
 
 class PieceList {
  public:
-  void Append(char byte) { current_.push_back(byte); }
-  void Append(std::string_view text) { current_.append(text); }
-  void Append(std::size_t count, char byte) { current_.append(count, byte); }
+  void Append(char byte) { *Extend(1) = byte; }
 
-  // Appends count bytes for the caller to fill at once.
-  char* Extend(std::size_t count);
-
-  // Begins a new piece when the current one has grown long enough.
-  void EndItem() {
-    if (current_.size() > kPieceLength) EndPiece();
+  void Append(std::string_view text) {
+    if (!text.empty()) std::memcpy(Extend(text.size()), text.data(), text.size());
   }
 
-  // Begins a new piece. Throws std::bad_alloc when the text would exceed 2 GiB.
-  void EndPiece();
+  void Append(std::size_t count, char byte) { std::memset(Extend(count), byte, count); }
 
-  // The whole text. The pieces are released while they are copied.
+  // Appends count bytes for the caller to fill at once.
+  char* Extend(std::size_t count) {
+    char* room = Room(count);
+    next_ += count;
+    return room;
+  }
+
+  // Room for up to count bytes; what is written there is appended by Finish with its end.
+  char* Room(std::size_t count) {
+    if (static_cast<std::size_t>(end_ - next_) < count) BeginPiece(count);
+    return next_;
+  }
+  void Finish(char* end) { next_ = end; }
+
+  // The whole text. Throws std::bad_alloc when it would exceed 2 GiB.
   CQNString Join();
 
  private:
-  static constexpr std::size_t kPieceLength = 512;
+  struct Piece {
+    OwnedText bytes;
+    std::size_t length;
+  };
 
-  std::deque<std::string> pieces_;
-  std::string current_;
-  std::size_t length_ = 0;  // of the finished pieces
+  // Begins a piece of at least this many bytes.
+  void BeginPiece(std::size_t count);
+  void EndPiece();
+
+  std::vector<Piece> pieces_;  // the last one is being written
+  char* next_ = nullptr;
+  char* end_ = nullptr;
+  std::size_t capacity_ = 512;  // of the next piece
+  std::size_t length_ = 0;      // of the finished pieces
 };
 
 }  // namespace quarnfc::json

@@ -9,77 +9,38 @@
 
 #include <cstddef>
 #include <utility>
-#include <vector>
 
-#include "core/memory/memory.h"
+#include "json/compact_list.h"
+#include "json/key_index.h"
+#include "json/record_block.h"
+#include "json/shared_text.h"
 
 namespace quarnfc::json {
 
-// Base of everything here that is allocated on its own.
-struct NodeMemory {
-  static void* operator new(std::size_t size) { return AllocNode(size); }
-  static void operator delete(void* node, std::size_t size) noexcept { FreeNode(node, size); }
-};
-
-struct StringNode : NodeMemory {
-  CQNString text;
-};
-
-// A string kept apart from its record and made only when text first arrives: most values of a
-// document are no strings, and a missing one reads like an empty one.
-class LazyString {
- public:
-  LazyString() = default;
-  LazyString(const LazyString&) = delete;
-  LazyString& operator=(const LazyString&) = delete;
-  ~LazyString() { delete node_; }
-
-  const char* Characters() const {
-    return node_ != nullptr ? static_cast<const char*>(node_->text) : "";
-  }
-
-  int Length() const { return node_ != nullptr ? node_->text.GetLength() : 0; }
-
-  CQNString Get() const { return node_ != nullptr ? node_->text : CQNString(); }
-
-  // The string, to be written to.
-  CQNString& Make() {
-    if (node_ == nullptr) node_ = new StringNode;
-    return node_->text;
-  }
-
-  void Set(const CQNString& text) {
-    if (node_ != nullptr || text.IsEmpty() == 0) Make() = text;
-  }
-
-  void Set(const LazyString& other) { Set(other.Get()); }
-
-  void Swap(LazyString& other) noexcept { std::swap(node_, other.node_); }
-
- private:
-  StringNode* node_ = nullptr;
-};
-
-using ValueList = std::vector<CMyJsonValue*>;
+using ValueList = CompactList<CMyJsonValue*>;
+using KeyList = CompactList<SharedText>;
 
 }  // namespace quarnfc::json
 
-struct CMyJsonValueImp : quarnfc::json::NodeMemory {
+struct CMyJsonValueImp {
   CMyJsonValue::EValueType type = CMyJsonValue::eEmpty;
-  quarnfc::json::LazyString string;
+  bool boolean = false;
+  quarnfc::json::RecordPlace place;
+  quarnfc::json::SharedText string;
   union {
     double number = 0;
     CMyJsonValueImp* next_doomed;  // links the records of a tree that is being destroyed
   };
   quarnfc::json::ValueList array;  // owned; empty unless the type is eArr
-  bool boolean = false;
-  CMyJsonObj* object = nullptr;  // owned; null unless the type is eObj
+  CMyJsonObj* object = nullptr;    // owned; null unless the type is eObj
 };
 
-struct CMyJsonObjImp : quarnfc::json::NodeMemory {
-  quarnfc::json::LazyString error;
-  std::vector<CQNString> keys;
+struct CMyJsonObjImp {
+  quarnfc::json::SharedText error;
+  quarnfc::json::KeyList keys;
   quarnfc::json::ValueList values;  // owned; entry i belongs to key i
+  quarnfc::json::KeyIndex index;    // of the keys; follows every change of them
+  quarnfc::json::RecordPlace place;
 };
 
 static_assert(sizeof(CMyJsonValue) == sizeof(void*), "a value is one pointer wide");
@@ -87,19 +48,51 @@ static_assert(sizeof(CMyJsonObj) == sizeof(void*), "an object is one pointer wid
 
 namespace quarnfc::json {
 
+using ValueBlock = RecordBlock<CMyJsonValue, CMyJsonValueImp>;
+using ObjectBlock = RecordBlock<CMyJsonObj, CMyJsonObjImp>;
+
 struct JsonAccess {
   static CMyJsonValueImp& Record(CMyJsonValue& value) { return *value.imp_; }
   static const CMyJsonValueImp& Record(const CMyJsonValue& value) { return *value.imp_; }
   static CMyJsonObjImp& Record(CMyJsonObj& object) { return *object.imp_; }
   static const CMyJsonObjImp& Record(const CMyJsonObj& object) { return *object.imp_; }
 
-  // Takes the record out of a value or object that is about to be freed.
-  static CMyJsonValueImp* Detach(CMyJsonValue& value) { return std::exchange(value.imp_, nullptr); }
-  static CMyJsonObjImp* Detach(CMyJsonObj& object) { return std::exchange(object.imp_, nullptr); }
+  // A new eEmpty value and a new empty object, each in one block with its record; released with
+  // delete.
+  static CMyJsonValue* NewValue() { return Shell<CMyJsonValue>(ValueBlock::NewTogether()); }
+  static CMyJsonObj* NewObject() { return Shell<CMyJsonObj>(ObjectBlock::NewTogether()); }
+
+  // Takes the record out of a value or object on the heap that is about to be freed.
+  template <class HeapShell>
+  static auto* Detach(HeapShell& shell) {
+    return std::exchange(shell.imp_, nullptr);
+  }
+
+ private:
+  // The shell behind a record: a pointer to that record and nothing else. (The public constructors
+  // would make another record.)
+  template <class NewShell, class Record>
+  static NewShell* Shell(Record* record) {
+    auto* shell = reinterpret_cast<NewShell*>(record + 1);
+    shell->imp_ = record;
+    return shell;
+  }
 };
 
 inline bool IsContainer(const CMyJsonValueImp& record) {
   return !record.array.empty() || record.object != nullptr;
+}
+
+// The text as a string of its own.
+inline CQNString AsString(const SharedText& text) {
+  return CQNString(text.Characters(), static_cast<int>(text.Length()));
+}
+
+inline void SwapMembers(CMyJsonObjImp& left, CMyJsonObjImp& right) noexcept {
+  left.keys.swap(right.keys);
+  left.values.swap(right.values);
+  left.index.Drop();
+  right.index.Drop();
 }
 
 }  // namespace quarnfc::json

@@ -2,8 +2,11 @@
 
 #include <quarnfc/json_object.h>
 
+#include <iterator>
+
 #include "json/doomed_tree.h"
 #include "json/messages.h"
+#include "json/value_content.h"
 
 namespace quarnfc::json {
 
@@ -59,7 +62,7 @@ bool TextReader::ReadKey() {
   at_ = SkipWhitespace(at_);
   if (*at_ != ':') return Fail(kNoColon, at_);
   at_ = SkipWhitespace(at_ + 1);
-  keys_.push_back(key);
+  keys_.push_back(key_cache_.Decode(key));
   return true;
 }
 
@@ -94,9 +97,9 @@ bool TextReader::ReadStringValue() {
   RawString raw;
   const char* quote = at_++;
   if (!ReadString(at_, raw)) return Fail(kInvalidString, quote);
-  CMyJsonValueImp& record = JsonAccess::Record(AddValue());
+  CMyJsonValueImp& record = AddValue();
+  record.string = DecodeString(raw);
   record.type = CMyJsonValue::eStr;
-  DecodeString(raw, record.string);
   EndItem();
   return true;
 }
@@ -115,25 +118,22 @@ void TextReader::OpenContainer() {
 void TextReader::CloseObject() {
   const auto first = values_.begin() + static_cast<std::ptrdiff_t>(open_.back().first_value);
   const auto first_key = keys_.end() - (values_.end() - first);
-  auto object = std::make_unique<CMyJsonObj>();
-  auto value = std::make_unique<CMyJsonValue>(object.get());
-  CMyJsonObjImp& record = JsonAccess::Record(*object.release());
-  record.keys.resize(static_cast<std::size_t>(keys_.end() - first_key));
-  auto key = record.keys.begin();
-  for (auto raw = first_key; raw != keys_.end(); ++raw) DecodeString(*raw, *key++);
-  record.values.assign(first, values_.end());
-  values_.erase(first, values_.end());
+  std::unique_ptr<CMyJsonValue> value = NewObjectValue();
+  CMyJsonObjImp& record = JsonAccess::Record(*value->ValueObj());
+  record.keys = {std::make_move_iterator(first_key), std::make_move_iterator(keys_.end())};
+  record.values = {first, values_.end()};
+  values_.shrink(first);
   keys_.erase(first_key, keys_.end());
   EndContainer(std::move(value));
 }
 
 void TextReader::CloseArray() {
   const auto first = values_.begin() + static_cast<std::ptrdiff_t>(open_.back().first_value);
-  auto value = std::make_unique<CMyJsonValue>();
+  std::unique_ptr<CMyJsonValue> value = NewValue();
   CMyJsonValueImp& record = JsonAccess::Record(*value);
   record.type = CMyJsonValue::eArr;
-  record.array.assign(first, values_.end());
-  values_.erase(first, values_.end());
+  record.array = {first, values_.end()};
+  values_.shrink(first);
   EndContainer(std::move(value));
 }
 
@@ -150,16 +150,15 @@ void TextReader::EndItem() {
   if (*at_ == ',') at_ = SkipWhitespace(at_ + 1);
 }
 
-template <class... Content>
-CMyJsonValue& TextReader::AddValue(Content... content) {
+CMyJsonValueImp& TextReader::AddValue() {
   values_.push_back(nullptr);
-  values_.back() = new CMyJsonValue(content...);
-  return *values_.back();
+  values_.back() = JsonAccess::NewValue();
+  return JsonAccess::Record(*values_.back());
 }
 
 template <class... Content>
 bool TextReader::AddScalar(Content... content) {
-  AddValue(content...);
+  SetContent(AddValue(), content...);
   EndItem();
   return true;
 }

@@ -28,6 +28,7 @@
 #include <memory>
 #include <vector>
 
+#include "json/key_cache.h"
 #include "json/records.h"
 #include "json/text_rules.h"
 
@@ -74,8 +75,7 @@ class TextReader {
   // Ends an item of the innermost container: skips white space and one optional comma.
   void EndItem();
 
-  template <class... Content>
-  CMyJsonValue& AddValue(Content... content);
+  CMyJsonValueImp& AddValue();
   template <class... Content>
   bool AddScalar(Content... content);
 
@@ -89,7 +89,8 @@ class TextReader {
   // the keys of the open objects. Containers are then made in one step, exactly as large as needed.
   std::vector<Open> open_;
   ValueList values_;
-  std::vector<RawString> keys_;
+  std::vector<SharedText> keys_;
+  KeyCache key_cache_;
 };
 
 }  // namespace quarnfc::json

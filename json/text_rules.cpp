@@ -2,10 +2,9 @@
 
 #include <array>
 #include <cstring>
-#include <limits>
-#include <new>
 #include <string_view>
 
+#include "json/decimal.h"
 #include "json/number_text.h"
 
 namespace quarnfc::json {
@@ -47,8 +46,8 @@ char DecodeEscaped(char byte) {
   }
 }
 
-// Copies raw to target without its escapes and returns the end of what it wrote.
-char* Decode(const RawString& raw, char* target) {
+// Copies raw to target without its escapes.
+void Decode(const RawString& raw, char* target) {
   const char* at = raw.text;
   const char* const end = raw.text + raw.length;
   while (const void* found = std::memchr(at, '\\', static_cast<std::size_t>(end - at))) {
@@ -61,16 +60,16 @@ char* Decode(const RawString& raw, char* target) {
   }
   const auto plain = static_cast<std::size_t>(end - at);
   std::memcpy(target, at, plain);
-  return target + plain;
 }
 
 }  // namespace
 
 bool ReadString(const char*& at, RawString& raw) {
-  for (const char* stop = at;; stop += 2) {
+  std::size_t escapes = 0;
+  for (const char* stop = at;; stop += 2, ++escapes) {
     stop = FindStop(stop, kStringStops);
     if (*stop == '"') {
-      raw = {at, static_cast<std::size_t>(stop - at)};
+      raw = {at, static_cast<std::size_t>(stop - at), escapes};
       at = stop + 1;
       return true;
     }
@@ -78,16 +77,11 @@ bool ReadString(const char*& at, RawString& raw) {
   }
 }
 
-void DecodeString(const RawString& raw, LazyString& string) {
-  if (raw.length > 0 || string.Length() > 0) DecodeString(raw, string.Make());
-}
-
-void DecodeString(const RawString& raw, CQNString& string) {
-  if (raw.length > static_cast<std::size_t>(std::numeric_limits<int>::max()))
-    throw std::bad_alloc();
-  if (raw.length == 0) return string.Empty();
-  char* buffer = string.GetBuffer(static_cast<int>(raw.length));
-  string.ReleaseBuffer(static_cast<int>(Decode(raw, buffer) - buffer));
+SharedText DecodeString(const RawString& raw) {
+  if (raw.escapes == 0) return SharedText(std::string_view(raw.text, raw.length));
+  SharedText text(raw.length - raw.escapes);
+  Decode(raw, text.Writable());
+  return text;
 }
 
 bool ReadBool(const char*& at, bool& flag) {
@@ -100,7 +94,12 @@ bool ReadBool(const char*& at, bool& flag) {
 bool ReadNull(const char*& at) { return ReadWord(at, "null"); }
 
 bool ReadNumber(const char*& at, double& number) {
-  const char* end = FindStop(at, kNumberStops);
+  const char* end = ReadDecimal(at, number);
+  if (end != nullptr && *end != '\0' && kNumberStops[static_cast<unsigned char>(*end)]) {
+    at = end;
+    return true;
+  }
+  end = FindStop(at, kNumberStops);
   if (*end == '\0') return false;
   number = ParseNumber(at, end);
   at = end;

@@ -19,18 +19,18 @@ inline const char* SkipWhitespace(const char* at) {
 
 // What stands between the quotes of a string, escapes not yet decoded.
 struct RawString {
-  const char* text;
-  std::size_t length;
+  const char* text = "";
+  std::size_t length = 0;
+  std::size_t escapes = 0;  // one byte each goes when the string is decoded
 };
 
 // Reads a string. at stands behind the opening quote and moves behind the closing one; false, with
 // at where it was, when the text ends first.
 bool ReadString(const char*& at, RawString& raw);
 
-// Replaces the string by the decoded text: \t, \r and \n are control characters, any other escaped
-// byte is itself (\u escapes are not decoded, deliberately).
-void DecodeString(const RawString& raw, LazyString& string);
-void DecodeString(const RawString& raw, CQNString& string);
+// The decoded text: \t, \r and \n are control characters, any other escaped byte is itself (\u
+// escapes are not decoded, deliberately).
+SharedText DecodeString(const RawString& raw);
 
 // Reads "true" or "false", whatever follows. False, with at where it was, when neither is there.
 bool ReadBool(const char*& at, bool& flag);

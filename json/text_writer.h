@@ -15,6 +15,7 @@
 #include <quarnfc/qn_string.h>
 
 #include <cstddef>
+#include <string_view>
 #include <vector>
 
 #include "json/piece_list.h"
@@ -45,10 +46,10 @@ class TextWriter {
   void OpenArray(const CMyJsonValueImp& array);
   void WriteOpen();
   void WriteItem();
-  void WriteKey(const CQNString& key);
+  void WriteKey(std::string_view key);
   void PlaceElement(const CMyJsonValueImp& element);
   void WriteValue(const CMyJsonValueImp& value);
-  void WriteString(const LazyString& string);
+  void WriteString(std::string_view text);
   void WriteNumber(double number);
   void CloseContainer();
   void EndItem(bool container);

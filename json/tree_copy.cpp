@@ -1,5 +1,8 @@
 #include "json/tree_copy.h"
 
+#include <utility>
+#include <vector>
+
 namespace quarnfc::json {
 namespace {
 
@@ -12,7 +15,7 @@ class TreeCopier {
   }
 
   void CopyMembers(const CMyJsonObjImp& source, CMyJsonObjImp& target) {
-    target.keys = source.keys;
+    target.keys = {source.keys.begin(), source.keys.end()};
     CopyList(source.values, target.values);
   }
 
@@ -35,7 +38,7 @@ class TreeCopier {
     target.type = source.type;
     switch (source.type) {
       case CMyJsonValue::eStr:
-        target.string.Set(source.string);
+        target.string = source.string;
         break;
       case CMyJsonValue::eNumber:
         target.number = source.number;
@@ -49,9 +52,9 @@ class TreeCopier {
   }
 
   void CopyObject(const CMyJsonObj& source, CMyJsonValueImp& target) {
-    target.object = new CMyJsonObj;
+    target.object = JsonAccess::NewObject();
     CMyJsonObjImp& record = JsonAccess::Record(*target.object);
-    record.error.Set(JsonAccess::Record(source).error);
+    record.error = JsonAccess::Record(source).error;
     CopyMembers(JsonAccess::Record(source), record);
   }
 
@@ -60,7 +63,7 @@ class TreeCopier {
     for (const CMyJsonValue* value : source) {
       target.push_back(nullptr);
       if (value == nullptr) continue;
-      target.back() = new CMyJsonValue;
+      target.back() = JsonAccess::NewValue();
       Copy(JsonAccess::Record(*value), JsonAccess::Record(*target.back()));
     }
   }
@@ -88,7 +91,7 @@ void TakeContent(CMyJsonValueImp& target, CMyJsonValueImp& fresh) noexcept {
   std::swap(target.object, fresh.object);
   switch (target.type) {
     case CMyJsonValue::eStr:
-      target.string.Swap(fresh.string);
+      std::swap(target.string, fresh.string);
       break;
     case CMyJsonValue::eNumber:
       target.number = fresh.number;

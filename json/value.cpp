@@ -3,83 +3,74 @@
 #include <quarnfc/json_value.h>
 
 #include <memory>
+#include <string_view>
 
 #include "json/doomed_tree.h"
 #include "json/records.h"
 #include "json/tree_copy.h"
+#include "json/value_content.h"
 
-namespace {
+namespace quarnfc::json {
 
-template <class Number>
-void FillArray(CMyJsonValueImp& record, const Number* numbers, int count) {
-  record.type = CMyJsonValue::eArr;
-  if (numbers == nullptr || count < 1) return;
-  record.array.reserve(static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) {
-    record.array.push_back(new CMyJsonValue(static_cast<double>(numbers[i])));
-  }
-}
-
-}  // namespace
-
-CMyJsonValue::CMyJsonValue() : imp_(new CMyJsonValueImp) {}
-
-CMyJsonValue::CMyJsonValue(const char* text) : CMyJsonValue() {
+void SetContent(CMyJsonValueImp& record, const char* text) {
   if (text == nullptr) return;
-  if (*text != '\0') imp_->string.Make() = text;
-  imp_->type = eStr;
+  record.string = SharedText(std::string_view(text));
+  record.type = CMyJsonValue::eStr;
 }
 
-CMyJsonValue::CMyJsonValue(double number) : CMyJsonValue() {
-  imp_->type = eNumber;
-  imp_->number = number;
+void SetContent(CMyJsonValueImp& record, CMyJsonValue* const* values, int count) {
+  record.type = CMyJsonValue::eArr;
+  if (values != nullptr && count > 0) record.array = {values, values + count};
 }
 
-CMyJsonValue::CMyJsonValue(int number) : CMyJsonValue(static_cast<double>(number)) {}
+}  // namespace quarnfc::json
 
-CMyJsonValue::CMyJsonValue(bool flag) : CMyJsonValue() {
-  imp_->type = eBool;
-  imp_->boolean = flag;
-}
+using quarnfc::json::JsonAccess;
+using quarnfc::json::SetContent;
+
+CMyJsonValue::CMyJsonValue() : imp_(quarnfc::json::ValueBlock::NewAlone()) {}
+
+CMyJsonValue::CMyJsonValue(const char* text) : CMyJsonValue() { SetContent(*imp_, text); }
+
+CMyJsonValue::CMyJsonValue(double number) : CMyJsonValue() { SetContent(*imp_, number); }
+
+CMyJsonValue::CMyJsonValue(int number) : CMyJsonValue() { SetContent(*imp_, number); }
+
+CMyJsonValue::CMyJsonValue(bool flag) : CMyJsonValue() { SetContent(*imp_, flag); }
 
 CMyJsonValue::CMyJsonValue(CMyJsonValue* const* values, int count) : CMyJsonValue() {
-  imp_->type = eArr;
-  if (values != nullptr && count > 0) imp_->array.assign(values, values + count);
+  SetContent(*imp_, values, count);
 }
 
 CMyJsonValue::CMyJsonValue(const float* numbers, int count) : CMyJsonValue() {
-  FillArray(*imp_, numbers, count);
+  SetContent(*imp_, numbers, count);
 }
 
 CMyJsonValue::CMyJsonValue(const double* numbers, int count) : CMyJsonValue() {
-  FillArray(*imp_, numbers, count);
+  SetContent(*imp_, numbers, count);
 }
 
 CMyJsonValue::CMyJsonValue(const int* numbers, int count) : CMyJsonValue() {
-  FillArray(*imp_, numbers, count);
+  SetContent(*imp_, numbers, count);
 }
 
 CMyJsonValue::CMyJsonValue(const unsigned int* numbers, int count) : CMyJsonValue() {
-  FillArray(*imp_, numbers, count);
+  SetContent(*imp_, numbers, count);
 }
 
 CMyJsonValue::CMyJsonValue(const unsigned short* numbers, int count) : CMyJsonValue() {
-  FillArray(*imp_, numbers, count);
+  SetContent(*imp_, numbers, count);
 }
 
 CMyJsonValue::CMyJsonValue(const short* numbers, int count) : CMyJsonValue() {
-  FillArray(*imp_, numbers, count);
+  SetContent(*imp_, numbers, count);
 }
 
 CMyJsonValue::CMyJsonValue(const unsigned char* numbers, int count) : CMyJsonValue() {
-  FillArray(*imp_, numbers, count);
+  SetContent(*imp_, numbers, count);
 }
 
-CMyJsonValue::CMyJsonValue(CMyJsonObj* obj) : CMyJsonValue() {
-  if (obj == nullptr) return;
-  imp_->type = eObj;
-  imp_->object = obj;
-}
+CMyJsonValue::CMyJsonValue(CMyJsonObj* obj) : CMyJsonValue() { SetContent(*imp_, obj); }
 
 CMyJsonValue::CMyJsonValue(const CMyJsonValue& other) = default;
 CMyJsonValue& CMyJsonValue::operator=(const CMyJsonValue& other) = default;
@@ -89,10 +80,12 @@ CMyJsonValue::~CMyJsonValue() {
   doomed.Add(imp_);
 }
 
-void* CMyJsonValue::operator new(std::size_t size) { return quarnfc::AllocNode(size); }
+void* CMyJsonValue::operator new(std::size_t size) {
+  return quarnfc::json::ValueBlock::AllocShell(size);
+}
 
-void CMyJsonValue::operator delete(void* value, std::size_t size) noexcept {
-  quarnfc::FreeNode(value, size);
+void CMyJsonValue::operator delete(void* value, std::size_t /*size*/) noexcept {
+  quarnfc::json::ValueBlock::FreeShell(value);
 }
 
 CMyJsonValue::EValueType CMyJsonValue::Type() const { return imp_->type; }
@@ -120,7 +113,7 @@ void CMyJsonValue::ValueArr(CMyJsonValue** /*items*/, int& count) const {
 }
 
 CMyJsonValue* CMyJsonValue::Clone() const {
-  auto clone = std::make_unique<CMyJsonValue>();
+  std::unique_ptr<CMyJsonValue> clone(JsonAccess::NewValue());
   clone->CopyFrom(this);
   return clone.release();
 }

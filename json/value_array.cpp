@@ -3,12 +3,15 @@
 #include <quarnfc/json_value.h>
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 
 #include "json/records.h"
+#include "json/value_content.h"
 
 namespace {
 
+using quarnfc::json::NewValue;
 using quarnfc::json::ValueList;
 using EValueType = CMyJsonValue::EValueType;
 
@@ -36,7 +39,7 @@ CMyJsonValue* Insert(ValueList& array, std::unique_ptr<CMyJsonValue> value, int 
 template <class Content>
 bool AddNew(CMyJsonValueImp& record, EValueType type, Content content, int pos) {
   if (!Accepts(record, type)) return false;
-  Insert(record.array, std::make_unique<CMyJsonValue>(content), pos);
+  Insert(record.array, NewValue(content), pos);
   return true;
 }
 
@@ -45,7 +48,8 @@ bool AddNew(CMyJsonValueImp& record, EValueType type, Content content, int pos) 
 ValueList SpliceableTail(const ValueList& target, const ValueList& source) {
   if (source.empty()) return {};
   const EValueType type = TypeOf(target.empty() ? source.back() : target.front());
-  const auto mismatch = std::find_if(source.rbegin(), source.rend(),
+  const auto mismatch = std::find_if(std::make_reverse_iterator(source.end()),
+                                     std::make_reverse_iterator(source.begin()),
                                      [type](CMyJsonValue* value) { return TypeOf(value) != type; });
   return ValueList(mismatch.base(), source.end());
 }
@@ -124,7 +128,7 @@ bool CMyJsonValue::MoveToArr(CMyJsonValue* value, int pos) {
 bool CMyJsonValue::MoveToArr(CMyJsonObj* obj, int pos) {
   if (!Accepts(*imp_, eObj)) return false;
   // The new value takes obj in only when nothing can fail any more.
-  CMyJsonValue* holder = Insert(imp_->array, std::make_unique<CMyJsonValue>(), pos);
+  CMyJsonValue* holder = Insert(imp_->array, NewValue(), pos);
   if (obj != nullptr) {
     holder->imp_->type = eObj;
     holder->imp_->object = obj;

@@ -1,13 +1,10 @@
 // Storage of the HTTP client's objects: the library's memory, whichever module creates or deletes
 // them.
-
-// First, because MinGW exports the type information of a class that is defined after an exported
-// one.
-#include <new>
-
 #include <quarnfc/internet.h>
 #include <quarnfc/internet_exception.h>
 #include <quarnfc/internet_file.h>
+
+#include <new>
 
 #include "core/memory/memory.h"
 

@@ -32,12 +32,6 @@ def report_test(test):
     return bool(failures)
 
 
-def tests_of(report):
-    """The tests of a report, in which messages may have bytes of any code page."""
-    text = Path(report).read_bytes().decode(errors="replace")
-    return list(xml.fromstring(text).iter("testcase"))
-
-
 def running_test(log):
     """The test that a broken-off log ends in."""
     started = [line for line in log.splitlines() if line.startswith("[ RUN      ] ")]
@@ -47,7 +41,7 @@ def running_test(log):
 def main(run, status):
     log = Path(run + ".log").read_text(errors="replace") if Path(run + ".log").exists() else ""
     try:
-        tests = tests_of(run + ".xml")
+        tests = list(xml.parse(run + ".xml").iter("testcase"))
     except (OSError, xml.ParseError):
         print("failed the program ended early, exit code", status, "in", running_test(log))
         print(log[-4000:], file=sys.stderr)

@@ -7,7 +7,7 @@ cd "$(dirname "$0")/../.."
 
 # The includes of the library as lines "FILE INCLUDED", the brackets or quotes kept.
 includes() {
-  git ls-files -- '*.h' '*.cpp' | grep -E '^(include|platform|core|json|geo|net|codec|io|c)/' |
+  git ls-files -- '*.h' '*.cpp' | grep -E '^(include|platform|core|json|geo|net|codec|io)/' |
     xargs grep -HE '^[[:space:]]*#[[:space:]]*include' |
     sed -E 's/^([^:]*):[[:space:]]*#[[:space:]]*include[[:space:]]*([<"][^>"]*[>"]).*/\1 \2/'
 }
@@ -25,21 +25,20 @@ header_rooms() {
 }
 
 awk '
-  # include/quarnfc/x.h by the list, include/quarnfc/ext/x.h "ext", json/x.cpp "json",
-  # core/text/x.cpp "core/text", core/x.cpp "core".
-  function room_of(path, part, count) {
-    count = split(path, part, "/")
-    if (part[1] != "include") return part[1] == "core" && count > 2 ? "core/" part[2] : part[1]
-    if (count > 3) return part[3]
-    return part[3] in header_room ? header_room[part[3]] : "boundary"
+  function room_of(path) {
+    if (path ~ /^include\/quarnfc\//) {
+      sub(/.*\//, "", path)
+      return path in header_room ? header_room[path] : "boundary"
+    }
+    return path ~ /^core\// ? core_room(path) : substr(path, 1, index(path, "/") - 1)
   }
+  function core_room(path, part) { split(path, part, "/"); return part[1] "/" part[2] }
   function wrong(text) { print "   " file ": " text; errors++ }
   # Whether a room may use another.
   function allowed(from, to) { return index(" " below[from] " ", " " to " ") > 0 }
 
   BEGIN {
     below["boundary"] = ""
-    below["core"] = "boundary"
     below["platform"] = "boundary"
     below["core/memory"] = below["platform"] " platform"
     below["core/text"] = below["core/memory"] " core/memory"
@@ -48,8 +47,6 @@ awk '
     below["core/diagnostics"] = below["core/text"] " core/text"
     core = below["core/collections"] " core/collections core/diagnostics"
     below["json"] = below["geo"] = below["net"] = below["codec"] = below["io"] = core
-    below["ext"] = core
-    below["c"] = core " json geo net codec io core"
   }
   NR == FNR { if (!($1 in header_room)) header_room[$1] = $2; next }
   $1 == "include/quarnfc/quarnfc.h" { next }  # includes all by design
@@ -79,7 +76,7 @@ awk '
     if (!allowed(from, to)) wrong(from " does not use " to ": " $2)
   }
   END {
-    count = split("c ext io codec net geo json core core/collections core/diagnostics core/objects core/text " \
+    count = split("io codec net geo json core/collections core/diagnostics core/objects core/text " \
                   "core/memory platform boundary", rooms, " ")
     for (i = 1; i <= count; i++) {
       line = ""

@@ -9,7 +9,7 @@ cd "$project"
 # configure PRESET: the compile commands of a preset in build/tidy-PRESET, without the precompiled
 # headers and the option that clang does not know.
 configure() {
-  configure_preset "$1" -B "build/tidy-$1" -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON
+  configure_preset "$1" -B "build/tidy-$1" -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON -DQUARNFC_BUILD_BENCH=OFF
   sed -i 's/ -fno-keep-inline-dllexport//' "build/tidy-$1/compile_commands.json"
 }
 
@@ -42,7 +42,7 @@ configure linux
 configure windows
 mapfile -t cross < <(cross_arguments)
 mapfile -t native_files < <(sources linux | chosen)
-mapfile -t windows_files < <(LC_ALL=C comm -13 <(sources linux) <(sources windows) | chosen)
+mapfile -t windows_files < <(comm -13 <(sources linux) <(sources windows) | chosen)
 failed=0
 printf '%s\n' "${native_files[@]}" | tidy linux || failed=1
 printf '%s\n' "${windows_files[@]}" | tidy windows "${cross[@]}" || failed=1
