@@ -5,6 +5,8 @@
 set(include_dir "${PROJECT_SOURCE_DIR}/include")
 # Listed by pattern: a header that somebody adds must not escape the check.
 file(GLOB headers RELATIVE "${include_dir}" CONFIGURE_DEPENDS "${include_dir}/quarnfc/*.h")
+# The header-only additions stand beside the umbrella header.
+file(GLOB additions RELATIVE "${include_dir}" CONFIGURE_DEPENDS "${include_dir}/quarnfc/ext/*.h")
 set(generated "${CMAKE_CURRENT_BINARY_DIR}/headers")
 
 # header_unit(<list> <name> <line>...): a generated source of the lines, added to the list.
@@ -25,6 +27,13 @@ foreach(header IN LISTS headers)
   header_unit(units20 "${name}_20.cpp" "${include}" "${include}")
   string(TOUPPER "${name}" guard)
   list(APPEND umbrella "#if !defined(QUARNFC_${guard}_H_)" "#error \"${header} is missing\"" "#endif")
+endforeach()
+foreach(header IN LISTS additions)
+  get_filename_component(name "${header}" NAME_WE)
+  foreach(standard 17 20)
+    header_unit(units${standard} "ext_${name}_${standard}.cpp" "#include <${header}>"
+                "#include <${header}>")
+  endforeach()
 endforeach()
 header_unit(units17 umbrella.cpp ${umbrella} ${platform_headers})
 list(APPEND units17 "${CMAKE_CURRENT_SOURCE_DIR}/careful_host.cpp")
