@@ -49,6 +49,8 @@ TEST(JsonTextEdit, ReplacingAValueKeepsEveryOtherByte) {
 TEST(JsonTextEdit, NewItemsTakeTheLayoutOfTheLast) {
   EXPECT_EQ(Appended("{}", "k", "1"), "{\"k\": 1}");
   EXPECT_EQ(Appended("{\"a\":1}", "k", "2"), "{\"a\":1,\"k\":2}");
+  EXPECT_EQ(Appended("{\"a\": 1}", "k", "2"), "{\"a\": 1, \"k\": 2}");
+  EXPECT_EQ(Appended("[1]", nullptr, "2"), "[1,2]");
   EXPECT_EQ(Appended("{\"a\": 1, \"b\": 2}", "k", "3"), "{\"a\": 1, \"b\": 2, \"k\": 3}");
   EXPECT_EQ(Appended("{\r\n\t\"a\":1\r\n}", "\"", "2"), "{\r\n\t\"a\":1,\r\n\t\"\\\"\":2\r\n}");
   EXPECT_EQ(Appended("[]", nullptr, "1"), "[1]");

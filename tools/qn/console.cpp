@@ -1,6 +1,9 @@
 #include "console.h"
 
+#include <quarnfc/ext/utf8_text.h>
+
 #include <cstdio>
+#include <cstdlib>
 #include <optional>
 #include <utility>
 
@@ -9,9 +12,22 @@
 
 namespace qn {
 
+namespace {
+
+std::string ShownText(std::string_view text) {
+  return quarnfc::ext::IsUtf8(text) ? std::string(text) : FromLibrary(text);
+}
+
+}  // namespace
+
 void PrepareConsole() { os::PrepareStreams(); }
 
-void Print(std::string_view text) { os::WriteText(stdout, text); }
+void Print(std::string_view text) {
+  if (!os::WriteText(stdout, ShownText(text), false)) {
+    throw Failure(
+        "the output holds a character that the code page lacks; -o or a console takes it");
+  }
+}
 
 void PrintLine(std::string_view text) { Print(std::string(text) + "\n"); }
 
@@ -19,28 +35,59 @@ void PrintBytes(std::string_view bytes) { std::fwrite(bytes.data(), 1, bytes.siz
 
 void PrintError(std::string_view message) {
   std::fflush(stdout);
-  os::WriteText(stderr, "qn: " + std::string(message) + "\n");
+  const bool colour = os::IsTerminal(stderr) && std::getenv("NO_COLOR") == nullptr;
+  const std::string name = colour ? "\x1B[31mqn:\x1B[0m " : "qn: ";
+  os::WriteText(stderr, name + ShownText(message) + "\n", true);
+}
+
+void PrintNote(std::string_view message) {
+  std::fflush(stdout);
+  os::WriteText(stderr, "qn: note: " + ShownText(message) + "\n", true);
 }
 
 bool FlushOutput() { return std::fflush(stdout) == 0 && std::ferror(stdout) == 0; }
 
 std::string LibraryText(std::string_view argument) {
-  std::optional<std::string> text = os::AnsiFromArgument(argument, false);
+  std::optional<std::string> text = os::ToCodePage(argument);
   if (!text) {
     throw UsageError("'" + DisplayText(argument) + "' holds characters that the code page lacks");
   }
   return *std::move(text);
 }
 
-std::string DisplayText(std::string_view argument) {
-  return os::AnsiFromArgument(argument, true).value_or("?");
+std::string FromLibrary(std::string_view text) {
+  if (std::optional<std::string> whole = os::FromCodePage(text)) return *std::move(whole);
+  std::string shown;
+  while (!text.empty()) {
+    const std::size_t length = os::IsLeadByte(text[0]) && text.size() > 1 ? 2 : 1;
+    shown += os::FromCodePage(text.substr(0, length)).value_or("?");
+    text.remove_prefix(length);
+  }
+  return shown;
 }
 
-std::string FileMessage(std::string_view message, std::string_view path) {
-  std::string text(message);
-  const std::size_t quoted = text.find(path);
-  if (quoted != std::string::npos) text.replace(quoted, path.size(), DisplayText(path));
-  return text;
+std::string PathForLibrary(const std::string& path) {
+  const std::optional<std::string> converted = os::LibraryPath(path);
+  if (!converted)
+    throw Failure(DisplayText(path) + ": the code page lacks a character of the name");
+  return *converted;
+}
+
+std::string FileMessage(const std::string& message, const std::string& path) {
+  const std::size_t quoted = message.find(path);
+  if (quoted == std::string::npos) return FromLibrary(message);
+  return FromLibrary(message.substr(0, quoted)) + DisplayText(path) +
+         FromLibrary(message.substr(quoted + path.size()));
+}
+
+std::string DisplayText(std::string_view argument) {
+  std::string shown;
+  for (std::size_t i = 0; i < argument.size();) {
+    const std::size_t length = quarnfc::ext::Utf8CharLength(argument, i);
+    shown += length == 0 ? "?" : argument.substr(i, length);
+    i += length == 0 ? 1 : length;
+  }
+  return shown;
 }
 
 Progress::Progress(std::string label)
@@ -70,7 +117,7 @@ void Progress::Draw(std::string line) {
   std::string drawn = "\r" + line;
   drawn.append(blanks, ' ').append(blanks, '\b');
   if (line.empty()) drawn += '\r';
-  os::WriteText(stderr, drawn);
+  os::WriteText(stderr, drawn, true);
   std::fflush(stderr);
   shown_ = std::move(line);
 }

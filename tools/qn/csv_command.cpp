@@ -28,7 +28,10 @@ std::string_view View(const CQNString& text) {
 class CsvInput {
  public:
   explicit CsvInput(const std::string& path) : progress_(DisplayText(path) + ", rows") {
-    if (!reader_.Open(path.c_str())) throw Failure(FileMessage(reader_.GetLastError(), path));
+    const std::string library_path = PathForLibrary(path);
+    if (!reader_.Open(library_path.c_str())) {
+      throw Failure(FileMessage(reader_.GetLastError(), path));
+    }
     reader_.GetFields(header_);
   }
 

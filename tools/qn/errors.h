@@ -6,7 +6,7 @@
 
 namespace qn {
 
-// The operation failed, or the data says no. The text is library text (ANSI code page).
+// The operation failed, or the data says no. The text is UTF-8.
 class Failure : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };

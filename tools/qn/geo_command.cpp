@@ -252,7 +252,7 @@ int RunCities(std::span<const std::string> arguments) {
   const std::vector<std::string>& given = options.Positional();
   const std::set<std::string> wanted(given.begin() + 1, given.end());
   CQNCSVFileReader reader;
-  if (!reader.Open(given[0].c_str())) throw Failure(FileMessage(reader.GetLastError(), given[0]));
+  if (!reader.Open(given[0].c_str())) throw Failure(FromLibrary(reader.GetLastError()));
   PrintLine(Format("%-6s  %-20s %11s %10s   %4s  %s %13s %13s %8s", "code", "place", "longitude",
                    "latitude", "CM", "EPSG", "easting", "northing", "back/mm"));
   std::vector<CQNString> row;

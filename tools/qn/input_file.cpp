@@ -7,6 +7,7 @@
 
 #include "console.h"
 #include "errors.h"
+#include "os.h"
 
 namespace qn {
 namespace {
@@ -33,7 +34,7 @@ std::string ReadAll(FILE* file, const std::string& path) {
 
 std::string ReadInput(const std::string& path) {
   if (path == "-") return ReadAll(stdin, "standard input");
-  const std::unique_ptr<FILE, int (*)(FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
+  const std::unique_ptr<FILE, int (*)(FILE*)> file(os::OpenFile(path, "rb"), std::fclose);
   if (!file) Fail("cannot open ", path);
   return ReadAll(file.get(), path);
 }

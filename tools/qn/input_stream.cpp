@@ -2,10 +2,9 @@
 
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
-#include <system_error>
 
 #include "errors.h"
+#include "os.h"
 
 namespace qn {
 namespace {
@@ -14,19 +13,12 @@ std::string NameOf(const std::string& path) {
   return path == "-" ? "standard input" : DisplayText(path);
 }
 
-// 0 where there is no size, as for a pipe.
-unsigned long long SizeOf(const std::string& path) {
-  std::error_code error;
-  const auto size = std::filesystem::file_size(path, error);
-  return error ? 0 : size;
-}
-
 [[noreturn]] void Fail(const char* what, const std::string& name) {
   throw Failure(what + name + ": " + std::strerror(errno));
 }
 
 FILE* Open(const std::string& path, const std::string& name) {
-  FILE* const file = path == "-" ? stdin : std::fopen(path.c_str(), "rb");
+  FILE* const file = path == "-" ? stdin : os::OpenFile(path, "rb");
   if (file == nullptr) Fail("cannot open ", name);
   return file;
 }
@@ -35,7 +27,7 @@ FILE* Open(const std::string& path, const std::string& name) {
 
 InputStream::InputStream(const std::string& path)
     : name_(NameOf(path)), file_(Open(path, name_)), progress_(name_) {
-  if (path != "-") total_ = SizeOf(path);
+  if (path != "-") total_ = os::FileSize(path);
 }
 
 std::string InputStream::Read(std::size_t size) {

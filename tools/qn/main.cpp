@@ -6,10 +6,11 @@
 #include "command.h"
 #include "console.h"
 #include "exit_code.h"
+#include "os.h"
 
 int main(int argc, char** argv) {
   qn::PrepareConsole();
-  const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+  const std::vector<std::string> arguments = qn::os::Arguments(argc, argv);
   int code = qn::kSuccess;
   if (arguments.size() == 1 && arguments[0] == "--version") {
     qn::PrintLine("qn " QN_VERSION);

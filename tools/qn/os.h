@@ -1,26 +1,51 @@
 // What qn needs from the operating system. os.cpp is the only file of qn that differs between
-// platforms.
+// platforms. Text and paths are UTF-8 on every platform; the code page is the process ANSI code
+// page, which is 936 off Windows, as the library has it.
 #ifndef QN_OS_H_
 #define QN_OS_H_
 
+#include <cstddef>
 #include <cstdio>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qn::os {
 
 // Standard input and output carry bytes: no line-end translation.
 void PrepareStreams();
 
+// The command line without the program's name. On Windows it comes as wide text, so that no
+// character is lost on the way.
+std::vector<std::string> Arguments(int argc, char** argv);
+
 bool IsTerminal(FILE* stream);
 
-// Writes library text as the stream's reader expects it; see console.h.
-void WriteText(FILE* stream, std::string_view text);
+// Writes text as the stream's reader expects it; see console.h. False, and nothing written, when
+// the text holds a character that the stream cannot carry and lossy is false.
+bool WriteText(FILE* stream, std::string_view text, bool lossy);
 
-// A command-line argument in the process ANSI code page. What cannot be converted becomes "?" when
-// lossy, and makes the result empty otherwise.
-std::optional<std::string> AnsiFromArgument(std::string_view argument, bool lossy);
+// --- the code page ------------------------------------------------------------------------------
+
+// Whether a byte is the first of two.
+bool IsLeadByte(char byte);
+
+// From and to UTF-8. Nothing when a character has no counterpart.
+std::optional<std::string> FromCodePage(std::string_view bytes);
+std::optional<std::string> ToCodePage(std::string_view text);
+
+// --- files --------------------------------------------------------------------------------------
+
+// A path as the library's own functions take it: in the code page on Windows, as it is elsewhere.
+// Nothing when it holds a character that the code page lacks.
+std::optional<std::string> LibraryPath(const std::string& path);
+
+// fopen.
+FILE* OpenFile(const std::string& path, const char* mode);
+
+// The size in bytes; 0 where there is none, as for a pipe.
+unsigned long long FileSize(const std::string& path);
 
 // Whether path names something that exists and is no regular file: a device, a pipe.
 bool IsSpecialFile(const std::string& path);
@@ -34,6 +59,11 @@ FILE* CreateFileLike(const std::string& path, const std::string& like);
 
 // Renames a file, replacing the target in one step.
 bool RenameOver(const std::string& from, const std::string& to);
+
+void RemoveFile(const std::string& path);
+
+// The file that is removed when the user interrupts the program; "" for none.
+void RemoveOnInterrupt(const std::string& path);
 
 unsigned long ProcessId();
 

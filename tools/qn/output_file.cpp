@@ -12,18 +12,21 @@ namespace qn {
 OutputFile::OutputFile(const std::string& path) : target_(path) {
   if (os::IsSpecialFile(path)) {
     name_ = path;
-    file_ = std::fopen(path.c_str(), "wb");
+    file_ = os::OpenFile(path, "wb");
   } else {
     target_ = os::ResolveLinks(path);
     name_ = target_ + "." + std::to_string(os::ProcessId()) + ".tmp";
     file_ = os::CreateFileLike(name_, target_);
+    if (file_ != nullptr) os::RemoveOnInterrupt(name_);
   }
   if (file_ == nullptr) Fail("cannot create ");
 }
 
 OutputFile::~OutputFile() {
   if (file_ != nullptr) std::fclose(file_);
-  if (!name_.empty() && name_ != target_) std::remove(name_.c_str());
+  if (name_.empty() || name_ == target_) return;
+  os::RemoveFile(name_);
+  os::RemoveOnInterrupt("");
 }
 
 void OutputFile::Write(std::string_view bytes) {
@@ -39,6 +42,7 @@ void OutputFile::Commit() {
   Close();
   if (name_ != target_ && !os::RenameOver(name_, target_)) Fail("cannot write ");
   name_.clear();
+  os::RemoveOnInterrupt("");
 }
 
 void OutputFile::Close() {

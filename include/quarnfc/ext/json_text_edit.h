@@ -95,6 +95,10 @@ inline JsonLayout LayoutOf(const JsonText& json, const JsonTextNode& container) 
     }
     before = item.value.End();
   }
+  // A single member shows by its colon whether blanks follow punctuation.
+  if (container.Count() == 1 && layout.lead.empty() && layout.colon.back() == ' ') {
+    layout.lead = container.IsObject() ? " " : "";
+  }
   return layout;
 }
 

@@ -1,13 +1,10 @@
-#include "json_fault.h"
+#include "json/lenient_fault.h"
 
 #include <quarnfc/json_value.h>
 
 #include <algorithm>
 #include <chrono>
-#include <iterator>
 #include <string_view>
-
-#include "wide_text.h"
 
 namespace qn {
 namespace {
@@ -78,7 +75,7 @@ using Clock = std::chrono::steady_clock;
 // Examining a place may take reading the whole text, and there may be a million places.
 constexpr std::chrono::seconds kLongestSearch{3};
 
-JsonFault Locate(const std::string& text, const Kind& kind, const std::string& message) {
+LenientFault Locate(const std::string& text, const Kind& kind, const std::string& message) {
   constexpr std::size_t kCutAt = 50;
   const std::string snippet = message.substr(kind.message.size());
   if (snippet.size() < kCutAt) return {text.size() - snippet.size(), kind.meaning, true};
@@ -97,31 +94,9 @@ JsonFault Locate(const std::string& text, const Kind& kind, const std::string& m
   return {found.value_or(first), kind.meaning, found.has_value()};
 }
 
-// --- places -------------------------------------------------------------------------------------
-
-// A part of a line, on one line whatever is in it.
-std::string Narrow(WideText::const_iterator begin, WideText::const_iterator end) {
-  std::string narrow = AnsiFromWide(WideText(begin, end));
-  std::replace_if(
-      narrow.begin(), narrow.end(), [](char ch) { return ch >= '\0' && ch < ' '; }, ' ');
-  return narrow;
-}
-
-// In the code page a character has as many bytes as it is columns wide, which places the mark.
-std::string Excerpt(const WideText& before, const WideText& behind) {
-  constexpr std::ptrdiff_t kMostBefore = 40;
-  constexpr std::ptrdiff_t kMostBehind = 35;
-  const auto start = before.end() - std::min(std::ssize(before), kMostBefore);
-  const auto end = behind.begin() + std::min(std::ssize(behind), kMostBehind);
-  const std::string left =
-      (start != before.begin() ? "    ..." : "    ") + Narrow(start, before.end());
-  const std::string right = Narrow(behind.begin(), end) + (end != behind.end() ? "..." : "");
-  return left + right + "\n" + std::string(left.size(), ' ') + "^";
-}
-
 }  // namespace
 
-std::optional<JsonFault> FindJsonFault(const std::string& text) {
+std::optional<LenientFault> FindLenientFault(const std::string& text) {
   CMyJsonValue value;
   CQNString reason;
   if (value.Load(text.c_str(), reason)) return std::nullopt;
@@ -130,19 +105,8 @@ std::optional<JsonFault> FindJsonFault(const std::string& text) {
     if (message.starts_with(kind.message)) return Locate(text, kind, message);
   }
   const std::size_t start = std::min(text.find_first_not_of(kWhitespace), text.size());
-  if (message.empty()) return JsonFault{start, "the array that begins here does not end", true};
-  return JsonFault{start, "this is no JSON value, or does not end", true};
-}
-
-JsonPlace PlaceOf(const std::string& text, std::size_t offset) {
-  const std::size_t line_end = std::min(text.find('\n', offset), text.size());
-  const std::size_t break_before = offset == 0 ? std::string::npos : text.rfind('\n', offset - 1);
-  const std::size_t line_start = break_before == std::string::npos ? 0 : break_before + 1;
-  const auto breaks =
-      std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(line_start), '\n');
-  const WideText before = WideFromAnsi(text.substr(line_start, offset - line_start).c_str());
-  const WideText behind = WideFromAnsi(text.substr(offset, line_end - offset).c_str());
-  return {static_cast<std::size_t>(breaks) + 1, before.size() + 1, Excerpt(before, behind)};
+  if (message.empty()) return LenientFault{start, "the array that begins here does not end", true};
+  return LenientFault{start, "this is no JSON value, or does not end", true};
 }
 
 }  // namespace qn

@@ -2,14 +2,14 @@
 #ifndef QN_JSON_SHAPE_H_
 #define QN_JSON_SHAPE_H_
 
-#include <quarnfc/json_value.h>
+#include <quarnfc/ext/json_text.h>
 
 #include <string>
 
 namespace qn {
 
 // Lines of text: how many values of which type, how deep, the longest arrays, the keys per level.
-std::string DescribeJsonShape(const CMyJsonValue& root);
+std::string DescribeJsonShape(const quarnfc::ext::JsonTextNode& root);
 
 }  // namespace qn
 

@@ -1,4 +1,4 @@
-#include "json_shape.h"
+#include "json/shape.h"
 
 #include <algorithm>
 #include <array>
@@ -6,29 +6,43 @@
 #include <string_view>
 #include <vector>
 
-#include "json_tree.h"
+#include "json/walk.h"
 
 namespace qn {
 namespace {
+
+using quarnfc::ext::JsonKind;
+using quarnfc::ext::JsonTextNode;
 
 constexpr std::size_t kMostArrays = 5;
 constexpr std::size_t kMostLevels = 5;
 constexpr std::size_t kMostKeys = 8;
 
-// By CMyJsonValue::EValueType.
-constexpr std::array<const char*, 6> kTypeNames = {"nulls",  "strings",  "numbers",
-                                                   "arrays", "booleans", "objects"};
+struct TypeName {
+  const char* name;
+  bool (*is)(JsonKind kind);
+};
+
+// In the order in which they are shown.
+constexpr std::array<TypeName, 6> kTypes = {{
+    {"objects", [](JsonKind kind) { return kind == JsonKind::kObject; }},
+    {"arrays", [](JsonKind kind) { return kind == JsonKind::kArray; }},
+    {"strings", [](JsonKind kind) { return kind == JsonKind::kString; }},
+    {"numbers", [](JsonKind kind) { return kind == JsonKind::kNumber; }},
+    {"booleans", [](JsonKind kind) { return kind == JsonKind::kTrue || kind == JsonKind::kFalse; }},
+    {"nulls", [](JsonKind kind) { return kind == JsonKind::kNull; }},
+}};
 
 struct LongArray {
-  int length;
+  std::size_t length;
   std::string path;
 };
 
 // The keys of one level, in order of appearance, and how often each occurs.
 class LevelKeys {
  public:
-  void Add(const CQNString& key) {
-    const auto [place, added] = counts_.try_emplace(static_cast<const char*>(key), 0);
+  void Add(const std::string& key) {
+    const auto [place, added] = counts_.try_emplace(key, 0);
     if (added) order_.emplace_back(place);
     ++place->second;
   }
@@ -52,7 +66,7 @@ class LevelKeys {
 
 class Shape {
  public:
-  explicit Shape(const CMyJsonValue& root) {
+  explicit Shape(const JsonTextNode& root) {
     JsonWalk walk(root);
     while (walk.Next()) Count(walk);
   }
@@ -64,16 +78,18 @@ class Shape {
 
  private:
   void Count(const JsonWalk& walk) {
-    const CMyJsonValue& value = walk.Value();
-    ++types_[static_cast<std::size_t>(value.Type())];
-    if (value.IsObj() || value.IsArr()) depth_ = std::max(depth_, walk.Level() + 1);
-    if (walk.IsMember() && walk.Level() <= kMostLevels) keys_[walk.Level() - 1].Add(walk.Key());
-    if (value.IsArr()) CountArray(walk);
+    const JsonTextNode& value = walk.Value();
+    for (std::size_t i = 0; i < kTypes.size(); ++i) counts_[i] += kTypes[i].is(value.Kind());
+    if (value.IsObject() || value.IsArray()) depth_ = std::max(depth_, walk.Level() + 1);
+    if (walk.Key() && walk.Level() <= kMostLevels) {
+      keys_[walk.Level() - 1].Add(walk.Key()->String());
+    }
+    if (value.IsArray()) CountArray(walk);
   }
 
   // The first of equally long arrays goes before the others.
   void CountArray(const JsonWalk& walk) {
-    const int length = walk.Value().ValueArrLength();
+    const std::size_t length = walk.Value().Count();
     if (arrays_.size() == kMostArrays && arrays_.back().length >= length) return;
     const auto place = std::find_if(arrays_.begin(), arrays_.end(),
                                     [&](const LongArray& other) { return other.length < length; });
@@ -83,10 +99,9 @@ class Shape {
 
   std::string DescribeTypes() const {
     std::string line;
-    for (const auto type : {CMyJsonValue::eObj, CMyJsonValue::eArr, CMyJsonValue::eStr,
-                            CMyJsonValue::eNumber, CMyJsonValue::eBool, CMyJsonValue::eEmpty}) {
-      if (types_[type] == 0) continue;
-      line += (line.empty() ? "" : ", ") + std::to_string(types_[type]) + " " + kTypeNames[type];
+    for (std::size_t i = 0; i < kTypes.size(); ++i) {
+      if (counts_[i] == 0) continue;
+      line += (line.empty() ? "" : ", ") + std::to_string(counts_[i]) + " " + kTypes[i].name;
     }
     return "values    " + line + "\n";
   }
@@ -112,7 +127,7 @@ class Shape {
     return "keys, and how often they occur\n" + lines;
   }
 
-  std::array<long long, kTypeNames.size()> types_{};
+  std::array<long long, kTypes.size()> counts_{};
   std::size_t depth_ = 0;
   std::vector<LongArray> arrays_;
   std::array<LevelKeys, kMostLevels> keys_;
@@ -120,6 +135,6 @@ class Shape {
 
 }  // namespace
 
-std::string DescribeJsonShape(const CMyJsonValue& root) { return Shape(root).Describe(); }
+std::string DescribeJsonShape(const JsonTextNode& root) { return Shape(root).Describe(); }
 
 }  // namespace qn

@@ -1,0 +1,72 @@
+#include "json/document.h"
+
+#include <utility>
+
+#include "console.h"
+#include "errors.h"
+#include "input_file.h"
+#include "output.h"
+#include "text/excerpt.h"
+
+namespace qn {
+
+using quarnfc::ext::JsonTextError;
+using quarnfc::ext::JsonTextLimits;
+
+namespace {
+
+// Reading takes no stack, so that any depth may be read.
+constexpr JsonTextLimits kAnyDepth = {0xFFFFFFFF};
+
+}  // namespace
+
+JsonDocument::JsonDocument(const std::string& path, std::optional<Encoding> encoding)
+    : name_(path == "-" ? "standard input" : DisplayText(path)), bytes_(ReadInput(path)) {
+  Document document = DecodeDocument(bytes_, name_, encoding);
+  encoding_ = document.encoding;
+  original_ = document.text;
+  Change(std::move(document.text));
+}
+
+void JsonDocument::Change(std::string text) {
+  JsonTextError error;
+  if (json_.Parse(text, &error, kAnyDepth)) return;
+  throw Failure(DescribeJsonError(name_, text, error));
+}
+
+Encoding JsonDocument::EncodingFor(const SaveOptions& options) const {
+  if (options.encoding) return *options.encoding;
+  const bool told = encoding_ != Encoding() || !IsAscii(original_);
+  if (told || IsAscii(json_.Text())) return encoding_;
+  // The library's readers take text without mark for text in the code page.
+  PrintNote(name_ + " was plain ASCII and is written in the code page now; --encoding chooses");
+  return {Charset::kCodePage, false};
+}
+
+void JsonDocument::Save(const SaveOptions& options) const {
+  const Encoding encoding = EncodingFor(options);
+  // Some characters have two codes. Then the text would not come back as the same bytes.
+  if (encoding == encoding_ && !options.lossy &&
+      EncodeDocument(original_, encoding_, false) != bytes_) {
+    throw Failure(name_ +
+                  ": bytes that need no change would change with the encoding; --lossy"
+                  " writes all the same");
+  }
+  Output output(options.output);
+  output.Write(EncodeDocument(json_.Text(), encoding, options.lossy));
+  output.Commit();
+}
+
+std::string DescribeJsonError(const std::string& name, std::string_view text,
+                              const JsonTextError& error) {
+  return name + ":" + std::to_string(error.line) + ":" + std::to_string(error.column) + ": " +
+         error.Message() + "\n" + Excerpt(text, error.offset);
+}
+
+std::string DescribeJsonRoot(const quarnfc::ext::JsonTextNode& root) {
+  if (root.IsObject()) return "an object with " + std::to_string(root.Count()) + " members";
+  if (root.IsArray()) return "an array with " + std::to_string(root.Count()) + " elements";
+  return "a single value";
+}
+
+}  // namespace qn

@@ -1,0 +1,22 @@
+// JSON written anew: only blanks change, every scalar keeps its spelling.
+#ifndef QN_JSON_LAYOUT_H_
+#define QN_JSON_LAYOUT_H_
+
+#include <quarnfc/ext/json_text.h>
+
+#include <string>
+
+namespace qn {
+
+enum class JsonStyle {
+  kCompact,  // on one line
+  kLibrary,  // as the library's writer: tabs, CR LF, scalars of an array on one line
+  kSpaces,   // each item on a line of its own, LF
+};
+
+std::string LayOutJson(const quarnfc::ext::JsonTextNode& root, JsonStyle style,
+                       std::size_t spaces = 2);
+
+}  // namespace qn
+
+#endif  // QN_JSON_LAYOUT_H_

@@ -1,0 +1,122 @@
+// qn json format, get, keys, length and shape: what leaves the document as it is.
+#include <quarnfc/ext/json_text_edit.h>
+
+#include "console.h"
+#include "errors.h"
+#include "exit_code.h"
+#include "json/commands.h"
+#include "json/document.h"
+#include "json/layout.h"
+#include "json/path.h"
+#include "json/shape.h"
+#include "output.h"
+
+namespace qn::json {
+namespace {
+
+using quarnfc::ext::CountUtf8Chars;
+using quarnfc::ext::JsonTextNode;
+using quarnfc::ext::QuoteJson;
+
+constexpr OptionSpec kCompactOption = {"compact", 'c'};
+constexpr OptionSpec kIndentOption = {"indent", '\0', Takes::kValue};
+
+std::string LaidOut(const JsonTextNode& node, const Options& options) {
+  if (options.Has("compact")) return LayOutJson(node, JsonStyle::kCompact);
+  if (!options.Has("indent")) return LayOutJson(node, JsonStyle::kLibrary);
+  return LayOutJson(node, JsonStyle::kSpaces,
+                    static_cast<std::size_t>(options.Number("indent", 2, 0, 16)));
+}
+
+// The encoding to be written when the user has named one.
+std::optional<Encoding> TargetEncoding(const Options& options) {
+  if (options.Has("utf8")) return Encoding{Charset::kUtf8, true};
+  if (!options.Has("to")) return std::nullopt;
+  return EncodingFromName(options.Value("to"));
+}
+
+// The value that an optional second argument names; the document without one.
+JsonTextNode ValueOf(const JsonDocument& document, const Options& options) {
+  const auto& positional = options.Positional();
+  return ValueAtJsonPath(document.Root(), positional.size() > 1 ? positional[1] : "",
+                         options.Has("ignore-case"));
+}
+
+}  // namespace
+
+int RunFormat(Arguments arguments) {
+  const Options options(arguments, {kCompactOption,
+                                    kIndentOption,
+                                    {"utf8"},
+                                    {"to", '\0', Takes::kValue},
+                                    {"lossy"},
+                                    kEncodingOption,
+                                    kOutputOption});
+  options.ExpectPositional(1, 1);
+  JsonDocument document(options.Positional()[0], EncodingFrom(options));
+  const std::string text = LaidOut(document.Root(), options);
+  const std::optional<Encoding> encoding = TargetEncoding(options);
+  if (!options.Has("output") && !encoding) {
+    PrintLine(text);
+    return kSuccess;
+  }
+  Output output(options.Value("output", "-"));
+  output.Write(EncodeDocument(text, encoding.value_or(document.StoredAs()), options.Has("lossy")));
+  output.Commit();
+  return kSuccess;
+}
+
+int RunGet(Arguments arguments) {
+  const Options options(
+      arguments, {kIgnoreCaseOption, kCompactOption, kIndentOption, {"json"}, kEncodingOption});
+  options.ExpectPositional(2, 2);
+  const JsonDocument document(options.Positional()[0], EncodingFrom(options));
+  const JsonTextNode value = ValueOf(document, options);
+  PrintLine(value.IsString() && !options.Has("json") ? value.String() : LaidOut(value, options));
+  return kSuccess;
+}
+
+int RunKeys(Arguments arguments) {
+  const Options options(arguments, {kIgnoreCaseOption, {"json"}, kEncodingOption});
+  options.ExpectPositional(1, 2);
+  const JsonDocument document(options.Positional()[0], EncodingFrom(options));
+  const JsonTextNode value = ValueOf(document, options);
+  if (!value.IsObject()) throw Failure("the value is no object and has no keys");
+  std::string list;
+  for (const auto& item : value.Items()) {
+    if (options.Has("json")) {
+      list += (list.empty() ? "" : ",") + std::string(item.key->Source());
+    } else {
+      PrintLine(item.key->String());
+    }
+  }
+  if (options.Has("json")) PrintLine("[" + list + "]");
+  return kSuccess;
+}
+
+int RunLength(Arguments arguments) {
+  const Options options(arguments, {kIgnoreCaseOption, kEncodingOption});
+  options.ExpectPositional(1, 2);
+  const JsonDocument document(options.Positional()[0], EncodingFrom(options));
+  const JsonTextNode value = ValueOf(document, options);
+  if (!value.IsObject() && !value.IsArray() && !value.IsString()) {
+    throw Failure("only objects, arrays and strings have a length");
+  }
+  PrintLine(std::to_string(value.IsString() ? CountUtf8Chars(value.String()) : value.Count()));
+  return kSuccess;
+}
+
+int RunShape(Arguments arguments) {
+  const Options options(arguments, {kEncodingOption});
+  options.ExpectPositional(1, 100'000);
+  for (const std::string& path : options.Positional()) {
+    const JsonDocument document(path, EncodingFrom(options));
+    if (options.Positional().size() > 1) PrintLine(document.Name());
+    PrintLine("document  " + DescribeJsonRoot(document.Root()) + ", " +
+              NameOf(document.StoredAs()));
+    Print(DescribeJsonShape(document.Root()));
+  }
+  return kSuccess;
+}
+
+}  // namespace qn::json
