@@ -1,0 +1,100 @@
+#!/usr/bin/env bash
+# Checks the documentation: links lead to files, Chinese pages have the contents and the code of
+# their English ones, and every public function is named on a page. Prints how many there are.
+# Usage: check-docs.sh [REFERENCE]    the folder of Doxygen's XML; without it functions are not counted
+set -euo pipefail
+source "$(dirname "$0")/lib.sh"
+
+cd "$project"
+export LC_ALL=C
+failed=0
+
+complain() {
+  printf '%s\n' "$*" >&2
+  failed=1
+}
+
+mapfile -t pages < <(git ls-files --cached --others --exclude-standard '*.md')
+
+# The targets of the links of a page, without code and without addresses of the web.
+links_of() {
+  # shellcheck disable=SC2016  # back quotes of Markdown
+  awk '/^ *```/ { code = !code; next } !code' "$1" | sed 's/`[^`]*`//g' |
+    grep -o ']([^)]*)' | sed 's/^](//; s/)$//' | grep -v '^[a-z]*:' || true
+}
+
+check_links() {
+  local page link count=0
+  for page in "${pages[@]}"; do
+    while read -r link; do
+      count=$((count + 1))
+      [ -e "$(dirname "$page")/${link%%#*}" ] || [ "${link#\#}" != "$link" ] ||
+        complain "$page: no such file: $link"
+    done < <(links_of "$page")
+  done
+  printf '%d pages, %d links\n' "${#pages[@]}" "$count"
+}
+
+# The levels of a page's headings and its code blocks, line by line. Indented code counts as well.
+skeleton_of() {
+  awk '/^```/ { code = !code; print; next }
+       code { print; next }
+       /^#+ / { sub(/ .*/, ""); print; next }
+       /^    / { print }
+       /^\| *`[^`]*` *\|/ { split($0, cells, "|"); print "row" cells[2] }
+       /^\|/ { rows++ }
+       END { print rows + 0, "rows of tables" }' "$1" | sed 's/ *$//'
+}
+
+# same_skeleton ENGLISH CHINESE
+same_skeleton() {
+  local difference
+  difference=$(diff <(skeleton_of "$1") <(skeleton_of "$2")) ||
+    complain "$1 and $2 differ in contents or code:" "$difference"
+}
+
+check_translations() {
+  local page
+  same_skeleton README.md README.zh-CN.md
+  for page in docs/zh/*.md; do
+    if [ -f "docs/${page##*/}" ]; then
+      same_skeleton "docs/${page##*/}" "$page"
+    else
+      complain "$page has no English page"
+    fi
+  done
+}
+
+# The public functions, as CLASS::NAME or NAME, of Doxygen's XML.
+public_functions() {
+  awk '/<compoundname>/ { gsub(/.*<compoundname>|<\/compoundname>.*/, ""); scope = $0 ~ /\.h$/ ? "" : $0 "::" }
+       /<memberdef / { wanted = /kind="function"/ && /prot="public"/ }
+       wanted && /^ *<name>/ { gsub(/ *<\/?name>/, ""); print scope $0; wanted = 0 }' "$1"/*.xml |
+    grep -v -e operator -e '~' | awk -F'::' 'NF == 1 || $NF != $(NF - 1)' | sort -u
+}
+
+# A function is covered by a page that names both its class or namespace and itself.
+check_functions() {
+  local function name scope total=0 covered=0 page found
+  while read -r function; do
+    total=$((total + 1))
+    name=${function##*::}
+    scope=${function%"$name"}
+    scope=${scope%::}
+    found=
+    for page in docs/*.md; do
+      if grep -qwF -e "$name" "$page" && { [ -z "$scope" ] || grep -qwF -e "${scope##*::}" "$page"; }; then
+        found=$page
+        break
+      fi
+    done
+    if [ -n "$found" ]; then covered=$((covered + 1)); else complain "on no page: $function"; fi
+  done < <(public_functions "$1")
+  printf '%d of %d public functions are on a page\n' "$covered" "$total"
+  [ "$total" -gt 200 ] || complain "only $total public functions were found in $1"
+}
+
+check_links
+check_translations
+[ $# -eq 0 ] || check_functions "$1"
+exit "$failed"
