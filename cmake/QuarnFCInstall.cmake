@@ -58,7 +58,8 @@ endif()
 # find_package(QuarnFC 1.0 CONFIG)
 configure_package_config_file(
   "${PROJECT_SOURCE_DIR}/cmake/QuarnFCConfig.cmake.in" "${PROJECT_BINARY_DIR}/QuarnFCConfig.cmake"
-  INSTALL_DESTINATION "${QUARNFC_INSTALL_CMAKEDIR}" NO_SET_AND_CHECK_MACRO)
+  INSTALL_DESTINATION "${QUARNFC_INSTALL_CMAKEDIR}" PATH_VARS CMAKE_INSTALL_DATADIR
+  NO_SET_AND_CHECK_MACRO)
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/QuarnFCConfigVersion.cmake"
                                  COMPATIBILITY SameMajorVersion)
 install(
@@ -88,6 +89,27 @@ if(QUARNFC_SPLIT_DEBUG)
   if(TARGET qn)
     install(FILES "$<TARGET_FILE:qn>.debug" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT debug)
   endif()
+endif()
+
+# What debuggers show. gdb looks for a file named after the library's own.
+set(printers "${PROJECT_SOURCE_DIR}/tools/debug/quarnfc-gdb.py")
+install(FILES "${PROJECT_SOURCE_DIR}/tools/debug/quarnfc.natvis"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/quarnfc" COMPONENT devel)
+if(WIN32)
+  install(FILES "${printers}" DESTINATION "${CMAKE_INSTALL_BINDIR}"
+          RENAME QuarnFC.dll-gdb.py COMPONENT devel)
+else()
+  set(name "libQuarnFC.so.${PROJECT_VERSION}-gdb.py")
+  install(FILES "${printers}" DESTINATION "${CMAKE_INSTALL_LIBDIR}" RENAME "${name}"
+          COMPONENT devel)
+  # In the system's own folders gdb trusts this place alone.
+  install(CODE "
+    if(CMAKE_INSTALL_PREFIX STREQUAL \"/usr\")
+      file(INSTALL DESTINATION \"/usr/share/gdb/auto-load/usr/${CMAKE_INSTALL_LIBDIR}\"
+           TYPE FILE RENAME \"${name}\" FILES \"${printers}\")
+    endif()" COMPONENT devel)
+  install(PROGRAMS "${PROJECT_SOURCE_DIR}/tools/debug/quarnfc-resolve.sh"
+          DESTINATION "${CMAKE_INSTALL_BINDIR}" RENAME quarnfc-resolve COMPONENT debug)
 endif()
 
 if(TARGET qn)

@@ -7,6 +7,8 @@ function(quarnfc_split_debug target)
   if(NOT QUARNFC_SPLIT_DEBUG)
     return()
   endif()
+  # A path of the build would leave its length in the file.
+  set_target_properties(${target} PROPERTIES BUILD_RPATH_USE_ORIGIN ON)
   set(keep --strip-unneeded)
   if(WIN32)
     set(keep --strip-all)

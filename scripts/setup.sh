@@ -17,7 +17,7 @@ packages=(
   # (clang prints the layouts of classes under the Microsoft C++ ABI.)
   googletest clang-14 nginx-light openssl libssl-dev libgeographiclib-dev libproj-dev python3
   # Packages, and the tests of what is installed.
-  doxygen dpkg-dev pkg-config unzip
+  doxygen dpkg-dev gdb pkg-config unzip
 )
 if [ "${1:-}" = --checks ]; then
   packages+=(

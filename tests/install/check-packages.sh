@@ -37,6 +37,25 @@ check_debug() {
   ! "$objdump" -h "$1" | grep -q '\.debug_info' || fail "$1 still has its debug information"
 }
 
+# check_printers FOLDER: gdb shows the library's classes, and a crash record resolves.
+check_printers() {
+  quiet g++ -g -O0 -std=c++17 -fshort-wchar -Wno-delete-non-virtual-dtor "-I$1/include" \
+    "$here/../debug/debug_host.cpp" -o "$work/debug_host" "$1/lib/libQuarnFC.so" "-Wl,-rpath,$1/lib"
+  "$here/../debug/check-gdb.sh" "$work/debug_host" auto-load "$1" || [ $? -eq 77 ]
+  "$here/../debug/check-record.sh" "$1"
+}
+
+# An address of the DLL becomes a line of its source.
+check_addresses() {
+  local base start words
+  base=$(x86_64-w64-mingw32-objdump -p "$1" | awk '$1 == "ImageBase" { print $2 }')
+  start=$(x86_64-w64-mingw32-nm "$1.debug" | awk '$3 == "qnGetVersion" { print $1 }')
+  [ $((16#$start)) -gt $((16#$base)) ] || fail "qnGetVersion is not in $1"
+  words=$(x86_64-w64-mingw32-addr2line -C -f -p -e "$1.debug" "0x$start")
+  [[ $words == *core/version.cpp:* ]] || fail "qnGetVersion is at: $words"
+  echo "ok: an address of the DLL"
+}
+
 check_zip() {
   local archive debug
   archive=$(one 'quarnfc-*-windows-x64-mingw.zip')
@@ -46,6 +65,7 @@ check_zip() {
   forgets_paths -a "$work/zip"
   "$here/check-prefix.sh" windows "$work/zip"/*/
   check_debug "$work"/zip/*/bin/QuarnFC.dll
+  check_addresses "$work"/zip/*/bin/QuarnFC.dll
 }
 
 check_tgz() {
@@ -55,6 +75,7 @@ check_tgz() {
   forgets_paths -a "$work/tgz"
   "$here/check-prefix.sh" linux "$work/tgz"/*/
   check_debug "$(readlink -f "$work"/tgz/*/lib/libQuarnFC.so)"
+  check_printers "$(readlink -f "$work"/tgz/*/)"
 }
 
 check_deb() {

@@ -1,0 +1,12 @@
+// Describes the library's private records to the debugger where the library itself was built without
+// debug information.
+#include "core/collections/collection_items.h"
+#include "json/records.h"
+
+namespace quarnfc::tests {
+
+CMyJsonValueImp* value_record = nullptr;
+CMyJsonObjImp* object_record = nullptr;
+CQNCollectionItems* collection_record = nullptr;
+
+}  // namespace quarnfc::tests
