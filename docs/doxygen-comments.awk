@@ -28,8 +28,10 @@ function comment(indent, text) {
   emit(indent "/// " escape(text))
 }
 
-NR == 1 && /^\/\/ / { emit("/// @file"); comment("", substr($0, 4)); next }
-NR == 1 && /^\/\* / { emit("/** @file"); emit(escape(substr($0, 4))); block = 1; next }
+NR == 1 && /SPDX-License-Identifier/ { emit(""); next }
+!first { first = NR }
+NR == first && /^\/\/ / { emit("/// @file"); comment("", substr($0, 4)); next }
+NR == first && /^\/\* / { emit("/** @file"); emit(escape(substr($0, 4))); block = 1; next }
 block && /\*\/$/ { sub(/\*\/$/, ""); emit(escape($0) " */"); block = 0; next }
 block { sub(/^ \* ?/, ""); emit(" * " escape($0)); next }
 /^ *\/\* .*\*\/$/ { at = index($0, "/* "); emit(substr($0, 1, at - 1) "/** " escape(substr($0, at + 3, length($0) - at - 4)) "*/"); next }
