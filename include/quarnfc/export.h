@@ -32,4 +32,25 @@
 #define QN_CONTAINERS_CROSS 1
 #endif
 
+// Copying a CMyJsonValue or a CMyJsonObj by constructor or assignment shares its record, and
+// destroying both copies is a fault. A host that defines QUARNFC_WARN_SHARING_COPIES before it
+// includes any header of this library is warned of every such copy when it is compiled.
+#if defined(__cplusplus) && defined(QUARNFC_WARN_SHARING_COPIES)
+#define QN_SHARING_COPY [[deprecated("the copy shares its record; use Clone or CopyFrom")]]
+#else
+#define QN_SHARING_COPY
+#endif
+
+// The compiler compares the arguments of a Format function with its format, where it can.
+// Conversions of this library that it does not know (%I64d, %hs, %Lf of a double, depending on the
+// compiler) give warnings then: define QUARNFC_UNCHECKED_FORMAT to switch the comparison off.
+// Objects of a class are refused in any case.
+#if defined(QUARNFC_UNCHECKED_FORMAT) || !defined(__GNUC__)
+#define QN_FORMAT(text, first)
+#elif defined(_WIN32) && !defined(__clang__)
+#define QN_FORMAT(text, first) __attribute__((format(ms_printf, text, first)))
+#else
+#define QN_FORMAT(text, first) __attribute__((format(printf, text, first)))
+#endif
+
 #endif  // QUARNFC_EXPORT_H_

@@ -24,6 +24,7 @@
 #include <quarnfc/platform_types.h>
 
 #include <cstddef>
+#include <new>
 
 namespace quarnfc::net {
 struct InternetError;
@@ -59,8 +60,20 @@ class QN_API CQNInternetException {
   // Through the library's memory, whichever module says new or delete.
   static void* operator new(std::size_t size);
   static void* operator new(std::size_t, void* place) noexcept { return place; }
+
+  // Null instead of std::bad_alloc.
+  static void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    try {
+      return operator new(size);
+    } catch (...) {
+      return nullptr;
+    }
+  }
   static void operator delete(void* object) noexcept;
   static void operator delete(void*, void*) noexcept {}
+  static void operator delete(void* object, const std::nothrow_t&) noexcept {
+    operator delete(object);
+  }
 
  private:
   friend struct quarnfc::net::InternetError;

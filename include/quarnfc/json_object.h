@@ -44,9 +44,11 @@
 
 #include <quarnfc/export.h>
 #include <quarnfc/json_value.h>
+#include <quarnfc/overloads.h>
 #include <quarnfc/qn_string.h>
 
 #include <cstddef>
+#include <new>
 
 struct CMyJsonObjImp;
 
@@ -59,11 +61,11 @@ class QN_API CMyJsonObj {
 
   // Copying shares the private record, deliberately: both objects are then one, and only one of
   // them may be destroyed. What an assigned object held before is neither shared nor released.
-  CMyJsonObj(const CMyJsonObj& other);
+  QN_SHARING_COPY CMyJsonObj(const CMyJsonObj& other);
 
   // Hazard: the assignment shares in the same way, so that "a = b;" with both on the stack ends in
   // a double destruction. Use CopyFrom.
-  CMyJsonObj& operator=(const CMyJsonObj& other);
+  QN_SHARING_COPY CMyJsonObj& operator=(const CMyJsonObj& other);
 
   // Destroys the object and everything below it.
   ~CMyJsonObj();
@@ -72,8 +74,20 @@ class QN_API CMyJsonObj {
   // delete.
   static void* operator new(std::size_t size);
   static void* operator new(std::size_t, void* place) noexcept { return place; }
+
+  // Null instead of std::bad_alloc.
+  static void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    try {
+      return operator new(size);
+    } catch (...) {
+      return nullptr;
+    }
+  }
   static void operator delete(void* object, std::size_t size) noexcept;
   static void operator delete(void*, void*) noexcept {}
+  static void operator delete(void* object, const std::nothrow_t&) noexcept {
+    operator delete(object, sizeof(CMyJsonObj));
+  }
 
   // A new object with copies of the error message, the keys and everything below; release it with
   // delete.
@@ -119,6 +133,23 @@ class QN_API CMyJsonObj {
 
   // true or false. (Beware of pointers other than char*: they convert to bool.)
   void AddItem(const char* key, bool flag);
+
+  // A number of any other integer type. Beyond 53 bits it is rounded to the nearest double.
+  template <class Integer, quarnfc::overloads::IfInteger<Integer> = 0>
+  void AddItem(const char* key, Integer number) {
+    AddItem(key, static_cast<double>(number));
+  }
+
+  // An eEmpty value.
+  template <class Null, quarnfc::overloads::IfNull<Null> = 0>
+  void AddItem(const char* key, Null) {
+    AddItem(key);
+  }
+
+  // Any other pointer would become true.
+  template <class Pointer, quarnfc::overloads::IfForeignPointer<Pointer, const char*, CMyJsonValue*,
+                                                                CMyJsonObj*> = 0>
+  void AddItem(const char* key, Pointer) = delete;
 
   // An array that takes over the count values themselves, as the constructor of CMyJsonValue does.
   // The array of pointers stays the caller's.
@@ -168,6 +199,23 @@ class QN_API CMyJsonObj {
   // true or false.
   bool SetItem(const char* path, bool flag, bool exact, bool onlyExisting);
 
+  // A number of any other integer type. Beyond 53 bits it is rounded to the nearest double.
+  template <class Integer, quarnfc::overloads::IfInteger<Integer> = 0>
+  bool SetItem(const char* path, Integer number, bool exact, bool onlyExisting) {
+    return SetItem(path, static_cast<double>(number), exact, onlyExisting);
+  }
+
+  // SetItem2Empty.
+  template <class Null, quarnfc::overloads::IfNull<Null> = 0>
+  bool SetItem(const char* path, Null, bool exact, bool onlyExisting) {
+    return SetItem2Empty(path, exact, onlyExisting);
+  }
+
+  // Any other pointer would become true.
+  template <class Pointer, quarnfc::overloads::IfForeignPointer<Pointer, const char*, CMyJsonValue*,
+                                                                CMyJsonObj*> = 0>
+  bool SetItem(const char* path, Pointer, bool exact, bool onlyExisting) = delete;
+
   // An array that takes over the count values themselves on success; on refusal they stay the
   // caller's, each of them.
   bool SetItem(const char* path, CMyJsonValue* const* values, int count, bool exact,
@@ -215,6 +263,15 @@ class QN_API CMyJsonObj {
 
   // The number as it is kept.
   bool ValueEx(const char* path, double& number, bool exact) const;
+
+  // The number cut to any other integer type, by the rule for int.
+  template <class Integer, quarnfc::overloads::IfInteger<Integer> = 0>
+  bool ValueEx(const char* path, Integer& number, bool exact) const {
+    double found = 0;
+    if (!ValueEx(path, found, exact)) return false;
+    number = quarnfc::overloads::CutToInteger<Integer>(found);
+    return true;
+  }
 
   // A copy of the string, in the ANSI code page.
   bool ValueEx(const char* path, CQNString& text, bool exact) const;

@@ -33,9 +33,11 @@
 #define QUARNFC_JSON_VALUE_H_
 
 #include <quarnfc/export.h>
+#include <quarnfc/overloads.h>
 #include <quarnfc/qn_string.h>
 
 #include <cstddef>
+#include <new>
 
 class CMyJsonObj;
 struct CMyJsonValueImp;
@@ -73,6 +75,19 @@ class QN_API CMyJsonValue {
   // true or false.
   explicit CMyJsonValue(bool flag);
 
+  // A number of any other integer type. Beyond 53 bits it is rounded to the nearest double.
+  template <class Integer, quarnfc::overloads::IfInteger<Integer> = 0>
+  explicit CMyJsonValue(Integer number) : CMyJsonValue(static_cast<double>(number)) {}
+
+  // An eEmpty value.
+  template <class Null, quarnfc::overloads::IfNull<Null> = 0>
+  explicit CMyJsonValue(Null) : CMyJsonValue() {}
+
+  // Any other pointer would become true.
+  template <class Pointer,
+            quarnfc::overloads::IfForeignPointer<Pointer, const char*, CMyJsonObj*> = 0>
+  explicit CMyJsonValue(Pointer) = delete;
+
   // An array that takes over the count values themselves, made with new each and not owned by
   // another tree. The array of pointers stays the caller's. Types are not checked. A null element
   // counts as eEmpty; a count below 1 gives an empty array and reads nothing.
@@ -94,11 +109,11 @@ class QN_API CMyJsonValue {
 
   // Copying shares the private record, deliberately: both values are then one, and only one of
   // them may be destroyed. What an assigned value held before is neither shared nor released.
-  CMyJsonValue(const CMyJsonValue& other);
+  QN_SHARING_COPY CMyJsonValue(const CMyJsonValue& other);
 
   // Hazard: the assignment shares in the same way, so that "a = b;" with both on the stack ends in
   // a double destruction. Use CopyFrom.
-  CMyJsonValue& operator=(const CMyJsonValue& other);
+  QN_SHARING_COPY CMyJsonValue& operator=(const CMyJsonValue& other);
 
   // Destroys the value and everything below it.
   ~CMyJsonValue();
@@ -107,8 +122,20 @@ class QN_API CMyJsonValue {
   // delete.
   static void* operator new(std::size_t size);
   static void* operator new(std::size_t, void* place) noexcept { return place; }
+
+  // Null instead of std::bad_alloc.
+  static void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    try {
+      return operator new(size);
+    } catch (...) {
+      return nullptr;
+    }
+  }
   static void operator delete(void* value, std::size_t size) noexcept;
   static void operator delete(void*, void*) noexcept {}
+  static void operator delete(void* value, const std::nothrow_t&) noexcept {
+    operator delete(value, sizeof(CMyJsonValue));
+  }
 
   // --- type ------------------------------------------------------------------------------------
 
@@ -187,6 +214,23 @@ class QN_API CMyJsonValue {
 
   // Inserts a new boolean value.
   bool AddToArr(bool flag, int pos);
+
+  // A number of any other integer type. Beyond 53 bits it is rounded to the nearest double.
+  template <class Integer, quarnfc::overloads::IfInteger<Integer> = 0>
+  bool AddToArr(Integer number, int pos) {
+    return AddToArr(static_cast<double>(number), pos);
+  }
+
+  // An eEmpty value.
+  template <class Null, quarnfc::overloads::IfNull<Null> = 0>
+  bool AddToArr(Null, int pos) {
+    return AddToArr(static_cast<const char*>(nullptr), pos);
+  }
+
+  // Any other pointer would become true.
+  template <class Pointer, quarnfc::overloads::IfForeignPointer<
+                               Pointer, const char*, const CMyJsonValue*, const CMyJsonObj*> = 0>
+  bool AddToArr(Pointer, int pos) = delete;
 
   // Inserts value itself, which passes to this array on success and stays the caller's on refusal.
   // It must not be owned by a tree already: detach it there first (RemoveFromArr(index, false)).

@@ -26,6 +26,7 @@
 #include <quarnfc/platform_types.h>
 
 #include <cstddef>
+#include <new>
 
 // The name of a class and the record of its base class, so that a host can walk an object's class
 // chain by name.
@@ -83,8 +84,20 @@ class QN_API CQNObject {
   // delete.
   static void* operator new(std::size_t size);
   static void* operator new(std::size_t, void* place) noexcept { return place; }
+
+  // Null instead of std::bad_alloc.
+  static void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    try {
+      return operator new(size);
+    } catch (...) {
+      return nullptr;
+    }
+  }
   static void operator delete(void* object) noexcept;
   static void operator delete(void*, void*) noexcept {}
+  static void operator delete(void* object, const std::nothrow_t&) noexcept {
+    operator delete(object);
+  }
 
   // Adds one reference.
   void AddRef();

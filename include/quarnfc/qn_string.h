@@ -36,9 +36,16 @@
 #define QUARNFC_QN_STRING_H_
 
 #include <quarnfc/export.h>
+#include <quarnfc/overloads.h>
 #include <quarnfc/platform_types.h>
 
 #include <cstdarg>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
 
 class QN_API CQNString {
  public:
@@ -71,6 +78,17 @@ class QN_API CQNString {
   CQNString(const wchar_t* text, int length);
 
   // Releases the buffer; the last string that shares it frees it. Pointers into it end here.
+  // A copy of the bytes of a std::string or std::string_view, embedded zeros included. Explicit, so
+  // that no call of a host becomes ambiguous. std::bad_alloc from 2 GiB.
+  template <class View, quarnfc::overloads::IfView<View> = 0>
+  explicit CQNString(const View& text)
+      : CQNString(std::string_view(text).data(),
+                  quarnfc::overloads::CheckedLength(std::string_view(text).size())) {}
+
+  // Takes the buffer of other, also a locked one; other is empty afterwards. Does not throw: when
+  // not even the few bytes of an empty string can be had the program ends.
+  CQNString(CQNString&& other) noexcept : CQNString() { std::swap(cell_, other.cell_); }
+
   ~CQNString();
 
   // --- observers ----------------------------------------------------------------------------
@@ -90,6 +108,14 @@ class QN_API CQNString {
   // with the string itself, so do not keep the pointer of a temporary.
   operator const char*() const;
 
+  // The text with its length, embedded zeros included. The view is valid until the string changes.
+  std::string_view View() const {
+    return {static_cast<const char*>(*this), static_cast<std::size_t>(GetLength())};
+  }
+
+  // A copy of View().
+  std::string ToStdString() const { return std::string(View()); }
+
   // The byte at index, unchecked: valid from 0 to GetLength(), where the terminator stands. It may
   // be half of a double-byte character.
   char operator[](int index) const;
@@ -102,6 +128,17 @@ class QN_API CQNString {
 
   // Copies a zero-terminated text, which may be part of this string; null gives the empty text. A
   // buffer that is not shared and large enough is used again, so the capacity stays.
+
+  // The same, without throwing: when memory is exhausted the two strings change places instead.
+  CQNString& operator=(CQNString&& other) noexcept {
+    try {
+      *this = static_cast<const CQNString&>(other);
+    } catch (...) {
+      std::swap(cell_, other.cell_);
+    }
+    return *this;
+  }
+
   const CQNString& operator=(const char* text);
 
   // Makes ch the whole text. The zero character gives a text of one zero byte.
@@ -376,7 +413,12 @@ class QN_API CQNString {
   //   CQNString line;
   //   line.Format("%-10s|%6.2f|%03d", static_cast<const char*>(name), 112.938, 7);
   //   line;    // == "Changsha  |112.94|007"
-  void Format(const char* format, ...);
+  void Format(const char* format, ...) QN_FORMAT(2, 3);
+
+  // An object of a class as an argument would arrive as something else than its text: pass
+  // static_cast<const char*>(string), or c_str() of a standard string.
+  template <class... Arguments, quarnfc::overloads::IfAnyClass<Arguments...> = 0>
+  void Format(const char* format, Arguments&&... arguments) = delete;
 
   // The same with a list of arguments, which it leaves as va_arg leaves it: not to be used again.
   void FormatV(const char* format, va_list args);
@@ -407,5 +449,28 @@ QN_STRING_COMPARISON(>)
 QN_STRING_COMPARISON(<=)
 QN_STRING_COMPARISON(>=)
 #undef QN_STRING_COMPARISON
+
+namespace std {
+// For unordered containers: equal strings have equal hashes. Like Compare it ends at the first zero
+// byte, and it leaves out half a character of code page 936 at the end of the text.
+template <>
+struct hash<CQNString> {
+  std::size_t operator()(const CQNString& key) const noexcept {
+    unsigned long long sum = 14695981039346656037ull;  // FNV-1a
+    const auto add = [&sum](char byte) {
+      sum = (sum ^ static_cast<unsigned char>(byte)) * 1099511628211ull;
+    };
+    for (const char* text = key; *text != 0; ++text) {
+      const unsigned char first = static_cast<unsigned char>(*text);
+      if (first >= 0x81 && first <= 0xFE) {
+        if (text[1] == 0) break;
+        add(*text++);
+      }
+      add(*text);
+    }
+    return static_cast<std::size_t>(sum);
+  }
+};
+}  // namespace std
 
 #endif  // QUARNFC_QN_STRING_H_

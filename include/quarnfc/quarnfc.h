@@ -37,6 +37,7 @@
 #include <quarnfc/md5.h>
 #include <quarnfc/object.h>
 #include <quarnfc/object_collection.h>
+#include <quarnfc/overloads.h>
 #include <quarnfc/plain.h>
 #include <quarnfc/platform_types.h>
 #include <quarnfc/projected.h>
