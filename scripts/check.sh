@@ -7,7 +7,7 @@ set -euo pipefail
 source "$(dirname "$0")/lib.sh"
 
 # The quick ones first.
-gates=(format shell layers bars plain clang tidy release asan tsan bench fuzz)
+gates=(format shell layers bars plain clang tidy release packages asan tsan bench fuzz)
 
 passed=0
 failed=0

@@ -8,7 +8,7 @@ __declspec(noinline)
 #else
 __attribute__((noinline))
 #endif
-void Stop(int count) {
+    void Stop(int count) {
   std::printf("%d\n", count);
 }
 
@@ -16,7 +16,8 @@ int main() {
   CQNString text("G-49 \xB3\xA4\xC9\xB3 \"map\"");  // two characters of code page 936
   CQNString empty;
   CMyJsonObj document;
-  document.Load("{\"server\":{\"host\":\"map.example\",\"ports\":[80,8080.5]},\"on\":true,\"none\":null}");
+  document.Load(
+      "{\"server\":{\"host\":\"map.example\",\"ports\":[80,8080.5]},\"on\":true,\"none\":null}");
   CMyJsonValue number(42.25);
   CQNObject object;
   object.SetError(CQNObject::eErrInvalidData, "bad sheet");

@@ -1,7 +1,7 @@
-// Describes the library's private records to the debugger where the library itself was built without
-// debug information.
-#include "core/collections/collection_items.h"
+// Describes the library's private records to the debugger where the library itself was built
+// without debug information.
 #include "json/records.h"
+#include "core/collections/collection_items.h"
 
 namespace quarnfc::tests {
 

@@ -52,7 +52,7 @@ check_addresses() {
   start=$(x86_64-w64-mingw32-nm "$1.debug" | awk '$3 == "qnGetVersion" { print $1 }')
   [ $((16#$start)) -gt $((16#$base)) ] || fail "qnGetVersion is not in $1"
   words=$(x86_64-w64-mingw32-addr2line -C -f -p -e "$1.debug" "0x$start")
-  [[ $words == *core/version.cpp:* ]] || fail "qnGetVersion is at: $words"
+  [[ $words == *core/diagnostics/version.cpp:* ]] || fail "qnGetVersion is at: $words"
   echo "ok: an address of the DLL"
 }
 
