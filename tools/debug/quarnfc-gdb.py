@@ -70,6 +70,24 @@ def vector_items(vector):
     return [(begin + index).dereference() for index in range(min(int(end - begin), MAX_ITEMS))]
 
 
+def list_items(items):
+    """The elements of a list of the JSON records: they stand behind its head."""
+    head = items["head_"]
+    if int(head) == 0:
+        return []
+    first = (head + 1).cast(items.type.strip_typedefs().template_argument(0).pointer())
+    return [(first + index).dereference() for index in range(min(int(head["size"]), MAX_ITEMS))]
+
+
+def shared_text(text):
+    """A text of the JSON records: its bytes stand behind a block with their number."""
+    block = text["block_"]
+    if int(block) == 0:
+        return '""'
+    length = int(block["length"])
+    return quoted(read(int(block + 1), min(length, MAX_TEXT)), length > MAX_TEXT)
+
+
 def record(value, field="imp_"):
     """What a private pointer points at, or None without the library's debug information."""
     pointer = value[field]
@@ -107,35 +125,29 @@ class JsonValuePrinter:
         if self.kind is None:
             return HIDDEN if self.pointer else "<no record>"
         if self.kind == "eStr":
-            return lazy_text(self.record["string"])
+            return shared_text(self.record["string"])
         if self.kind == "eNumber":
             return "%.15g" % float(self.record["number"])
         if self.kind == "eBool":
             return "true" if self.record["boolean"] else "false"
         if self.kind == "eArr":
-            return "array of %d" % len(vector_items(self.record["array"]))
+            return "array of %d" % len(list_items(self.record["array"]))
         return "object" if self.kind == "eObj" else "null"
 
     def children(self):
         if self.kind == "eArr":
-            for index, item in enumerate(vector_items(self.record["array"])):
+            for index, item in enumerate(list_items(self.record["array"])):
                 yield "[%d]" % index, item.dereference()
         elif self.kind == "eObj":
             yield from members(self.record["object"].dereference())
-
-
-def lazy_text(text):
-    """A string of a record that may not have been made yet."""
-    node = text["node_"]
-    return '""' if int(node) == 0 else string_text(node.dereference()["text"])
 
 
 def members(value):
     inside = record(value)
     if inside is None:
         return
-    for key, item in zip(vector_items(inside["keys"]), vector_items(inside["values"])):
-        yield string_text(key), item.dereference()
+    for key, item in zip(list_items(inside["keys"]), list_items(inside["values"])):
+        yield shared_text(key), item.dereference()
 
 
 class JsonObjectPrinter:
@@ -146,7 +158,7 @@ class JsonObjectPrinter:
         inside = record(self.value)
         if inside is None:
             return HIDDEN if int(self.value["imp_"]) else "<no record>"
-        return "object of %d" % len(vector_items(inside["keys"]))
+        return "object of %d" % len(list_items(inside["keys"]))
 
     def children(self):
         return members(self.value)
