@@ -13,7 +13,7 @@ foreach(folder core json geo net codec io platform)
   endforeach()
 endforeach()
 # Macros, types and the umbrella: nothing to implement, or by the platform.
-set(without_source export platform_types quarnfc)
+set(without_source export overloads platform_types quarnfc)
 
 foreach(header IN LISTS headers)
   get_filename_component(name "${header}" NAME_WE)

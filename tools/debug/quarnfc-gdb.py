@@ -90,7 +90,10 @@ def shared_text(text):
 
 def record(value, field="imp_"):
     """What a private pointer points at, or None without the library's debug information."""
-    pointer = value[field]
+    try:
+        pointer = value[field]
+    except gdb.error:  # not even the class itself is described
+        return None
     if int(pointer) == 0:
         return None
     target = pointer.dereference()
@@ -117,13 +120,12 @@ class StringPrinter:
 
 class JsonValuePrinter:
     def __init__(self, value):
-        self.pointer = int(value["imp_"])
         self.record = record(value)
         self.kind = str(self.record["type"]).rpartition("::")[2] if self.record is not None else None
 
     def to_string(self):
         if self.kind is None:
-            return HIDDEN if self.pointer else "<no record>"
+            return HIDDEN
         if self.kind == "eStr":
             return shared_text(self.record["string"])
         if self.kind == "eNumber":
@@ -157,7 +159,7 @@ class JsonObjectPrinter:
     def to_string(self):
         inside = record(self.value)
         if inside is None:
-            return HIDDEN if int(self.value["imp_"]) else "<no record>"
+            return HIDDEN
         return "object of %d" % len(list_items(inside["keys"]))
 
     def children(self):
