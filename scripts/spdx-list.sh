@@ -36,8 +36,9 @@ unpack
 cd "$content"
 mapfile -d '' files < <(find . -type f -print0 | sort -z)
 [ "${#files[@]}" -gt 0 ] || die "there is no file in $name"
-verification=$(printf '%s\n' "$(sha1sum -- "${files[@]}" | cut -d ' ' -f 1 | sort | tr -d '\n')" |
-  tr -d '\n' | sha1sum | cut -d ' ' -f 1)
+# By SPDX 2.3: the sum of all files' sums in order, one behind the other.
+verification=$(sha1sum -- "${files[@]}" | cut -d ' ' -f 1 | sort | tr -d '\n' | sha1sum |
+  cut -d ' ' -f 1)
 package_sum=$(cd - >/dev/null && sum sha256sum "$package")
 
 cat <<HEAD
