@@ -5,7 +5,7 @@
 namespace quarnfc::geo {
 
 bool ReadWkt(const wchar_t* wkt, CWKTDef& root, CQNString& error) {
-  return root.Parse(WideToAnsi(wkt).get(), error);
+  return root.Parse(FromWide(Encoding::kAnsi, wkt).get(), error);
 }
 
 bool ReadSpheroid(const CWKTDef& root, CQNGeoCoordinateSystem& system, CQNString& error) {
@@ -24,7 +24,7 @@ bool ReadSpheroid(const CWKTDef& root, CQNGeoCoordinateSystem& system, CQNString
 }
 
 bool ReportFailure(const CQNString& error, wchar_t** errorMessage) {
-  if (errorMessage != nullptr) *errorMessage = AnsiToWide(error).release();
+  if (errorMessage != nullptr) *errorMessage = ToWide(Encoding::kAnsi, error).release();
   return false;
 }
 

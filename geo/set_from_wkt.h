@@ -6,8 +6,8 @@
 #include <quarnfc/geographic.h>
 #include <quarnfc/qn_string.h>
 
+#include "core/text/transcode.h"
 #include "geo/wkt_reader.h"
-#include "geo/wkt_text.h"
 
 namespace quarnfc::geo {
 
@@ -25,9 +25,9 @@ bool ReportFailure(const CQNString& error, wchar_t** errorMessage);
 template <class System>
 bool SetFromAnsiWkt(System& system, const char* wkt, char** errorMessage) {
   wchar_t* wide_message = nullptr;
-  if (system.SetFromWKTW(AnsiToWide(wkt).get(), &wide_message)) return true;
+  if (system.SetFromWKTW(ToWide(Encoding::kAnsi, wkt).get(), &wide_message)) return true;
   const OwnedWideText owned(wide_message);
-  if (errorMessage != nullptr) *errorMessage = WideToAnsi(wide_message).release();
+  if (errorMessage != nullptr) *errorMessage = FromWide(Encoding::kAnsi, wide_message).release();
   return false;
 }
 

@@ -15,33 +15,13 @@
 // UTF-8 is converted field by field through scratch buffers.
 #include "io/csv_row.h"
 
-#include <quarnfc/fixed_alloc.h>
-#include <quarnfc/string_utils.h>
-
 #include <algorithm>
 #include <cstddef>
 
+#include "core/text/transcode.h"
+
 namespace quarnfc::io {
 namespace {
-
-// --- field text -------------------------------------------------------------------------------
-
-// Zero-terminated UTF-8 text in the ANSI code page. The converters may write one element beyond
-// the capacity they are given.
-CQNString Utf8ToAnsi(const char* text) {
-  const int wide_count = QNStringUtils::UTF82Unicode(text, nullptr, 0);
-  CQNTempBuffer wide_buffer(static_cast<int>((wide_count + 1) * sizeof(wchar_t)));
-  auto* const wide = static_cast<wchar_t*>(wide_buffer.GetData());
-  wide[0] = L'\0';
-  QNStringUtils::UTF82Unicode(text, wide, wide_count);
-
-  const int ansi_count = QNStringUtils::Unicode2Ansi(wide, nullptr, 0);
-  CQNTempBuffer ansi_buffer(ansi_count + 1);
-  auto* const ansi = static_cast<char*>(ansi_buffer.GetData());
-  ansi[0] = '\0';
-  QNStringUtils::Unicode2Ansi(wide, ansi, ansi_count);
-  return CQNString(ansi);
-}
 
 // --- the fields of a line ---------------------------------------------------------------------
 
@@ -106,7 +86,8 @@ class LineSplitter {
       return;
     }
     *end = '\0';
-    row_.push_back(Utf8ToAnsi(start));
+    const WideScratch wide(Encoding::kUtf8, start);
+    row_.emplace_back(wide.Text());
   }
 
   char* cursor_;

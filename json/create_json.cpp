@@ -1,60 +1,33 @@
 // CreateJson and CreateUTF8Json of CMyJsonObj and CMyJsonValue.
 
-#include <quarnfc/fixed_alloc.h>
 #include <quarnfc/json_object.h>
 #include <quarnfc/json_value.h>
-#include <quarnfc/string_utils.h>
 
-#include "core/memory/memory.h"
+#include "core/text/character.h"
+#include "core/text/transcode.h"
 #include "json/records.h"
 #include "json/text_writer.h"
 
 namespace {
 
-// Wide characters for the time of one conversion: a pool block for up to 512, else the heap.
-class WideScratch {
- public:
-  explicit WideScratch(int count)
-      : pool_(PoolFor(count)),
-        data_(pool_ != nullptr ? pool_->Alloc()
-                               : quarnfc::AllocWideChars(static_cast<std::size_t>(count))) {}
-
-  WideScratch(const WideScratch&) = delete;
-  WideScratch& operator=(const WideScratch&) = delete;
-
-  ~WideScratch() {
-    if (pool_ != nullptr) {
-      pool_->Free(data_);
-    } else {
-      quarnfc::FreeBuffer(data_);
-    }
+// Half a character - a lead byte that the byte behind it completes to none - would take that byte
+// with it, the quote at the end of a string for one. It becomes a question mark by itself; only an
+// ASCII byte is spared, because only such a byte means anything to JSON.
+void ReplaceHalfCharacters(unsigned char* text) {
+  while (*text != '\0') {
+    const quarnfc::MultibyteCharacter character = quarnfc::CharacterAt(text);
+    const bool half =
+        character.size == 2 && text[1] < 0x80 && !quarnfc::platform::IsCharacter(text[0], text[1]);
+    if (half) *text = '?';
+    text += half ? 1 : character.size;
   }
+}
 
-  wchar_t* Data() const { return static_cast<wchar_t*>(data_); }
-
- private:
-  static CQNFixedAlloc* PoolFor(int count) {
-    if (count <= 64) return _TempData128B();
-    if (count <= 128) return _TempData256B();
-    if (count <= 256) return _TempData512B();
-    return count <= 512 ? _TempData1024B() : nullptr;
-  }
-
-  CQNFixedAlloc* pool_;
-  void* data_;
-};
-
-// Both conversions get exactly the room they asked for, so neither can fail for lack of it.
-char* ToUTF8(const CQNString& text) {
-  const int wide_count = QNStringUtils::Ansi2Unicode(text, nullptr, 0);
-  if (wide_count < 1) return quarnfc::CopyText("");
-  const WideScratch wide(wide_count);
-  QNStringUtils::Ansi2Unicode(text, wide.Data(), wide_count);
-  const int count = QNStringUtils::Unicode2UTF8(wide.Data(), nullptr, 0);
-  if (count < 1) return quarnfc::CopyText("");
-  char* utf8 = quarnfc::AllocChars(static_cast<std::size_t>(count));
-  QNStringUtils::Unicode2UTF8(wide.Data(), utf8, count);
-  return utf8;
+// The buffer is the caller's. Throws std::bad_alloc where the text is too long to be converted.
+char* ToUTF8(CQNString text) {
+  ReplaceHalfCharacters(quarnfc::Bytes(text.GetBuffer(0)));
+  const quarnfc::WideScratch wide(quarnfc::Encoding::kAnsi, text);
+  return quarnfc::FromWide(quarnfc::Encoding::kUtf8, wide.Text()).release();
 }
 
 }  // namespace

@@ -1,14 +1,15 @@
 #include <quarnfc/error.h>
 #include <quarnfc/json_files.h>
-#include <quarnfc/string_utils.h>
 
 #include <cstdint>
+#include <cstring>
 #include <initializer_list>
 #include <memory>
 #include <string_view>
 #include <utility>
 
 #include "core/memory/memory.h"
+#include "core/text/transcode.h"
 #include "core/text/utf8_mark.h"
 #include "json/messages.h"
 #include "platform/debug_output.h"
@@ -25,7 +26,7 @@ using EErrorStatus = CQNObject::EErrorStatus;
 constexpr std::int64_t kSmallestFile = 11;
 constexpr std::int64_t kLargestFile = 52428800;  // 50 MiB
 
-using FileText = std::unique_ptr<char[]>;
+using FileText = quarnfc::OwnedText;
 
 void StoreError(unsigned __int64* error, EErrorStatus code, const char* message) {
   if (error != nullptr) *error = QNErrorUtils::CreateError(code, message);
@@ -60,25 +61,16 @@ void ReportInvalidLength(const char* path, unsigned __int64* error) {
 // The file with a terminating zero. What cannot be read stays zero: however little arrives, the
 // buffer holds a terminated text.
 FileText ReadAll(File& file, std::size_t length) {
-  auto text = std::make_unique<char[]>(length + 1);
+  FileText text(quarnfc::AllocChars(length + 1));
+  std::memset(text.get(), 0, length + 1);
   file.Read(text.get(), length);
   return text;
 }
 
-// UTF-8 to the ANSI code page; characters it lacks become its default character. A text that the
-// platform cannot convert becomes empty.
+// Characters that the ANSI code page lacks become its default character.
 FileText FromUtf8(const char* utf8) {
-  using namespace QNStringUtils;
-  const int wide_count = UTF82Unicode(utf8, nullptr, 0);
-  if (wide_count < 1) return std::make_unique<char[]>(1);
-  // One element more than the capacity: there a failed conversion writes its terminator.
-  const auto wide = std::make_unique<wchar_t[]>(static_cast<std::size_t>(wide_count) + 1);
-  UTF82Unicode(utf8, wide.get(), wide_count);
-  const int count = Unicode2Ansi(wide.get(), nullptr, 0);
-  if (count < 1) return std::make_unique<char[]>(1);
-  auto text = std::make_unique<char[]>(static_cast<std::size_t>(count) + 1);
-  Unicode2Ansi(wide.get(), text.get(), count);
-  return text;
+  const quarnfc::WideScratch wide(quarnfc::Encoding::kUtf8, utf8);
+  return quarnfc::FromWide(quarnfc::Encoding::kAnsi, wide.Text());
 }
 
 // The text of a JSON file in the ANSI code page; null, with the error reported, when the file

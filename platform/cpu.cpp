@@ -1,5 +1,7 @@
 #include "platform/cpu.h"
 
+#if defined(__x86_64__) || defined(_M_X64)
+
 #if defined(_MSC_VER)
 #include <intrin.h>
 #else
@@ -41,3 +43,11 @@ bool CpuHasSha() {
 }
 
 }  // namespace quarnfc::platform
+
+#else
+
+bool quarnfc::platform::CpuHasSsse3() { return false; }
+
+bool quarnfc::platform::CpuHasSha() { return false; }
+
+#endif

@@ -1,4 +1,6 @@
-// The library's memory: the one place that decides where storage comes from.
+// The library's memory: the one place that decides where storage comes from. Beside it stand only
+// the block pools (fixed_alloc.cpp), whose chunks are storage of their own kind, and the buffers of
+// strings beyond the largest pool (string_buffer.cpp), which never leave the string class.
 //
 // Two kinds pass through here. Buffers that leave the library for a caller (released with
 // qnFreeMem, or inside the library with FreeBuffer), and small nodes: string cells, JSON values and

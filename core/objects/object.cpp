@@ -3,20 +3,11 @@
 #include "core/objects/object_record.h"
 
 #include <quarnfc/object.h>
-#include <quarnfc/string_utils.h>
 
 #include <utility>
 
-namespace {
-
-wchar_t* NewWideText(const char* text) {
-  const int count = QNStringUtils::Ansi2Unicode(text, nullptr, 0);
-  wchar_t* wide = quarnfc::AllocWideChars(static_cast<std::size_t>(count) + 1);
-  if (QNStringUtils::Ansi2Unicode(text, wide, count) != count || count == 0) wide[0] = L'\0';
-  return wide;
-}
-
-}  // namespace
+#include "core/memory/memory.h"
+#include "core/text/transcode.h"
 
 CQNObjClass::CQNObjClass(const char* name, CQNObjClass* base)
     : m_name(quarnfc::CopyText(name == nullptr ? "" : name)), m_base(base) {}
@@ -53,7 +44,7 @@ void CQNObject::SetErrorMsg(const char* text) const {
   if (text == nullptr) text = "";
   // Copied before the old messages go: text may be one of them.
   quarnfc::OwnedText message(quarnfc::CopyText(text));
-  quarnfc::OwnedWideText wide_message(NewWideText(message.get()));
+  quarnfc::OwnedWideText wide_message = quarnfc::ToWide(quarnfc::Encoding::kAnsi, message.get());
   quarnfc::FreeBuffer(std::exchange(imp_->message, message.release()));
   quarnfc::FreeBuffer(std::exchange(imp_->wide_message, wide_message.release()));
 }

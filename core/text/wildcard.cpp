@@ -12,9 +12,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <span>
-#include <vector>
 
-#include "platform/code_page.h"
+#include "core/text/transcode.h"
 
 namespace {
 
@@ -23,14 +22,8 @@ namespace {
 using WideView = std::span<const wchar_t>;
 constexpr std::size_t kNotFound = static_cast<std::size_t>(-1);
 
-// Zero-terminated ANSI text as UTF-16, without the terminator.
-std::vector<wchar_t> ToWide(const char* text, bool upper_case) {
-  const int count = QNStringUtils::Ansi2Unicode(text, nullptr, 0);
-  std::vector<wchar_t> wide(static_cast<std::size_t>(count) + 1);
-  QNStringUtils::Ansi2Unicode(text, wide.data(), count);
-  wide.resize(static_cast<std::size_t>(count > 0 ? count - 1 : 0));
-  if (upper_case && !wide.empty()) quarnfc::platform::ToUpperCase(wide.data(), wide.size());
-  return wide;
+void ToUpperCase(std::span<wchar_t> text) {
+  quarnfc::platform::ToUpperCase(text.data(), text.size());
 }
 
 // Whether the segment stands in text at position; "?" stands for any character.
@@ -81,5 +74,11 @@ bool Matches(WideView pattern, WideView text) {
 
 bool QNStringUtils::StrIsMatching(const char* pattern, const char* text, bool caseSensitive) {
   if (pattern == nullptr || text == nullptr) return false;
-  return Matches(ToWide(pattern, !caseSensitive), ToWide(text, !caseSensitive));
+  quarnfc::WideScratch wide_pattern(quarnfc::Encoding::kAnsi, pattern);
+  quarnfc::WideScratch wide_text(quarnfc::Encoding::kAnsi, text);
+  if (!caseSensitive) {
+    ToUpperCase(wide_pattern.Units());
+    ToUpperCase(wide_text.Units());
+  }
+  return Matches(wide_pattern.Units(), wide_text.Units());
 }

@@ -10,8 +10,8 @@
 // address in info and the call stack of the calling thread. Event-log entries go to syslog, in
 // UTF-8, with the source as the text's first word.
 //
-// Threads: any thread may call. Two dumps with the same prefix and info within one second have
-// the same name, and the later one replaces the earlier.
+// Threads: any thread may call; dumps are written one at a time. Two dumps with the same prefix and
+// info within one second have the same name, and the later one replaces the earlier.
 //
 // Implemented in core/diagnostics: crash_dump.cpp and event_log.cpp.
 //
@@ -34,8 +34,9 @@ namespace QNErrorUtils {
 //   <prefix><month>_<day>_<hour>_<minute>_<second>(0x<address>).dmp
 //
 // where address is the low half of the pointer info itself, in upper-case hexadecimal (it is not
-// the exception code, deliberately); "error.dmp" when the local time cannot be had. prefix must be
-// fit for a file name; it may not hold a folder.
+// the exception code, deliberately); "error.dmp" when the local time cannot be had. The file stays
+// in the folder: "_" takes the place of control characters, slashes, backslashes and colons in the
+// prefix.
 QN_API void DbgDumpErrorFileEx(_EXCEPTION_POINTERS* info, const char* prefix);
 
 // Writes a dump of the process to the file path, replacing what is there: a minidump of the normal

@@ -66,7 +66,7 @@ class QN_API CQNCSVFileReader {
 
   // Reads the next row into row, which is emptied first. False at the end of the data, without a
   // message of its own (an earlier one stays), or on failure, with a message. Stop at the first
-  // false.
+  // false. Rows in front of a read error are delivered; the one it cuts off is not.
   //
   //  - Blanks (space and tab) before a field are dropped; those after an unquoted field belong to
   //    it, deliberately. What stands between a closing quote and the next comma is ignored.

@@ -28,6 +28,17 @@ TEST(CsvReader, PipeAsPathFails) {
   std::remove(path.c_str());
 }
 
+// There is no memory at address 0 to be read.
+TEST(CsvReader, ReadErrorFailsWithPathAndErrorCode) {
+  CQNCSVFileReader reader;
+  EXPECT_FALSE(reader.Open("/proc/self/mem"));
+  EXPECT_EQ(Message(reader), u"读取 /proc/self/mem 失败，错误码: 1117");
+  std::vector<CQNString> row;
+  EXPECT_FALSE(reader.NextRow(row));
+  EXPECT_FALSE(reader.GoToFirstRow());
+  EXPECT_EQ(Message(reader), u"读取 /proc/self/mem 失败，错误码: 1117");
+}
+
 // A hole makes the file as large without taking room on the disk. Sizes that wrap around in 32 bits
 // would give a buffer of few bytes, or of a negative number.
 TEST(CsvLines, FilesOfSeveralGigabytesAreReadThroughOneBuffer) {

@@ -1,0 +1,64 @@
+#include "core/text/transcode.h"
+
+#include <quarnfc/fixed_alloc.h>
+
+#include <new>
+
+namespace quarnfc {
+
+namespace {
+
+using platform::kTerminated;
+
+// The units of a conversion, which is never empty: the terminator is one of them.
+int Checked(int count) {
+  if (count < 1) throw std::bad_alloc();
+  return count;
+}
+
+int WideCount(Encoding from, const char* text) {
+  return Checked(platform::ToUtf16(from, text, kTerminated, nullptr, 0));
+}
+
+CQNFixedAlloc* PoolFor(int count) {
+  if (count <= 64) return _TempData128B();
+  if (count <= 128) return _TempData256B();
+  if (count <= 256) return _TempData512B();
+  return count <= 512 ? _TempData1024B() : nullptr;
+}
+
+}  // namespace
+
+WideScratch::WideScratch(Encoding from, const char* text)
+    : count_(WideCount(from, text)),
+      pool_(PoolFor(count_)),
+      units_(pool_ != nullptr ? static_cast<wchar_t*>(pool_->Alloc())
+                              : AllocWideChars(static_cast<std::size_t>(count_))) {
+  platform::ToUtf16(from, text, kTerminated, units_, count_);
+}
+
+WideScratch::~WideScratch() {
+  if (pool_ != nullptr) {
+    pool_->Free(units_);
+  } else {
+    FreeBuffer(units_);
+  }
+}
+
+OwnedWideText ToWide(Encoding from, const char* text) {
+  if (text == nullptr) return nullptr;
+  const int count = WideCount(from, text);
+  OwnedWideText wide(AllocWideChars(static_cast<std::size_t>(count)));
+  platform::ToUtf16(from, text, kTerminated, wide.get(), count);
+  return wide;
+}
+
+OwnedText FromWide(Encoding to, const wchar_t* text) {
+  if (text == nullptr) return nullptr;
+  const int count = Checked(platform::FromUtf16(to, text, kTerminated, nullptr, 0));
+  OwnedText bytes(AllocChars(static_cast<std::size_t>(count)));
+  platform::FromUtf16(to, text, kTerminated, bytes.get(), count);
+  return bytes;
+}
+
+}  // namespace quarnfc
