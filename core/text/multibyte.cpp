@@ -1,10 +1,12 @@
-// Characters are cut from the left, one at a time, by the rule of character.h: whether a
-// byte is a lead byte depends on the bytes in front of it, so nothing here starts in the middle of
-// a text or reads backwards. Searches compare at every character (time at most the product of the
-// lengths); nothing is allocated and nothing recurses.
+// Bytes first: the C library finds and compares bytes, and the characters of character.h are looked
+// at only where that may matter. A hit counts where a character begins, which the bytes in front of
+// it tell: whatever a byte is that leads no character, the next byte begins one, so an even number
+// of lead bytes in front of a place means that a character begins there. Nothing is allocated and
+// nothing recurses.
 #include "core/text/multibyte.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 #include "core/text/character.h"
@@ -14,6 +16,30 @@ namespace quarnfc {
 namespace {
 
 unsigned char* Mutable(const unsigned char* text) { return const_cast<unsigned char*>(text); }
+
+const char* Chars(const unsigned char* text) { return reinterpret_cast<const char*>(text); }
+
+bool IsPlainCode(unsigned int ch) { return ch > 0 && ch < 0x80; }
+
+// The first place of any character, by steps from character to character.
+unsigned char* WalkTo(const unsigned char* text, unsigned int ch) {
+  for (;;) {
+    const MultibyteCharacter character = CharacterAt(text);
+    if (character.value == ch) return Mutable(text);
+    if (character.size == 0) return nullptr;
+    text += character.size;
+  }
+}
+
+unsigned char* WalkToLast(const unsigned char* text, unsigned int ch) {
+  const unsigned char* found = nullptr;
+  for (;;) {
+    const MultibyteCharacter character = CharacterAt(text);
+    if (character.value == ch) found = text;
+    if (character.size == 0) return Mutable(found);
+    text += character.size;
+  }
+}
 
 bool IsInSet(unsigned int value, const unsigned char* set) {
   for (MultibyteCharacter member = CharacterAt(set); member.size != 0; member = CharacterAt(set)) {
@@ -49,18 +75,41 @@ int Compare(const unsigned char* left, const unsigned char* right, Mapping mappi
   }
 }
 
-// Writes mapped characters back over the text; a mapping keeps the size of a character.
+// The lower case of a byte below 0x80, which is the same in every code page.
+unsigned char ToLowerLatin(unsigned char byte) {
+  return static_cast<unsigned char>(byte + (byte >= 'A' && byte <= 'Z' ? 'a' - 'A' : 0));
+}
+
+constexpr std::uint64_t kEveryByte = 0x0101010101010101;
+constexpr std::uint64_t kHighBits = 0x80 * kEveryByte;
+
+// Changes the case of the Latin letters from first to last in eight bytes below 0x80: adding
+// carries into the high bit of a byte exactly where it is at least first, or above last.
+std::uint64_t SwitchCase(std::uint64_t word, unsigned char first, unsigned char last) {
+  const std::uint64_t from_first = word + (0x80u - first) * kEveryByte;
+  const std::uint64_t above_last = word + (0x7Fu - last) * kEveryByte;
+  return word ^ ((from_first & ~above_last & kHighBits) >> 2);
+}
+
+// Changes the case of a text whose letters from first to last map to the other case; a mapping
+// keeps the size of a character. Eight plain bytes are changed at a time.
 template <typename Mapping>
-unsigned char* MapCharacters(unsigned char* text, Mapping mapping) {
-  for (unsigned char* position = text; *position != 0;) {
+unsigned char* MapCharacters(unsigned char* text, unsigned char first, Mapping mapping) {
+  unsigned char* position = text;
+  unsigned char* const end = text + std::strlen(Chars(text));
+  while (position < end) {
+    std::uint64_t word = kHighBits;
+    if (end - position >= 8) std::memcpy(&word, position, 8);
+    if ((word & kHighBits) == 0) {
+      word = SwitchCase(word, first, static_cast<unsigned char>(first + 25));
+      std::memcpy(position, &word, 8);
+      position += 8;
+      continue;
+    }
     const MultibyteCharacter character = CharacterAt(position);
-    if (character.IsIncomplete()) {
-      break;
-    }
+    if (character.IsIncomplete()) break;
     const unsigned int mapped = mapping(character.value);
-    if (character.size == 2) {
-      *position++ = static_cast<unsigned char>(mapped >> 8);
-    }
+    if (character.size == 2) *position++ = static_cast<unsigned char>(mapped >> 8);
     *position++ = static_cast<unsigned char>(mapped);
   }
   return text;
@@ -68,50 +117,36 @@ unsigned char* MapCharacters(unsigned char* text, Mapping mapping) {
 
 }  // namespace
 
+bool IsBoundary(const unsigned char* text, const unsigned char* place) {
+  const unsigned char* at = place;
+  while (at != text && at[-1] >= 0x80 && platform::IsLeadByte(at[-1])) --at;
+  return (place - at) % 2 == 0;
+}
+
 unsigned char* MbsChr(const unsigned char* text, unsigned int ch) {
-  for (;;) {
-    const MultibyteCharacter character = CharacterAt(text);
-    if (character.value == ch) {
-      return Mutable(text);
-    }
-    if (character.size == 0) {
-      return nullptr;
-    }
-    text += character.size;
+  if (!IsPlainCode(ch)) return WalkTo(text, ch);
+  for (const char* hit = Chars(text); (hit = std::strchr(hit, static_cast<int>(ch))) != nullptr;
+       ++hit) {
+    if (IsBoundary(text, Bytes(hit))) return Mutable(Bytes(hit));
   }
+  return nullptr;
 }
 
 unsigned char* MbsRChr(const unsigned char* text, unsigned int ch) {
-  const unsigned char* found = nullptr;
-  for (;;) {
-    const MultibyteCharacter character = CharacterAt(text);
-    if (character.value == ch) {
-      found = text;
-    }
-    if (character.size == 0) {
-      return Mutable(found);
-    }
-    text += character.size;
+  if (!IsPlainCode(ch)) return WalkToLast(text, ch);
+  const char* hit = std::strrchr(Chars(text), static_cast<int>(ch));
+  if (hit == nullptr) return nullptr;
+  for (const unsigned char* at = Bytes(hit) + 1; at-- != text;) {
+    if (*at == ch && IsBoundary(text, at)) return Mutable(at);
   }
+  return nullptr;
 }
 
-// The C library finds the bytes; a hit counts where a character begins. Characters are walked once.
 unsigned char* MbsStr(const unsigned char* text, const unsigned char* sub) {
-  const unsigned char* hit = text;
-  for (;;) {
-    hit = reinterpret_cast<const unsigned char*>(
-        std::strstr(reinterpret_cast<const char*>(hit), reinterpret_cast<const char*>(sub)));
-    if (hit == nullptr) {
-      return nullptr;
-    }
-    while (text < hit) {
-      text += CharacterAt(text).size;
-    }
-    if (text == hit) {
-      return Mutable(hit);
-    }
-    hit = text;
+  for (const char* hit = Chars(text); (hit = std::strstr(hit, Chars(sub))) != nullptr; ++hit) {
+    if (IsBoundary(text, Bytes(hit))) return Mutable(Bytes(hit));
   }
+  return nullptr;
 }
 
 unsigned char* MbsPBrk(const unsigned char* text, const unsigned char* set) {
@@ -128,16 +163,26 @@ std::size_t MbsCSpn(const unsigned char* text, const unsigned char* set) {
 }
 
 int MbsCmp(const unsigned char* left, const unsigned char* right) {
-  return Compare(left, right, [](unsigned int value) { return value; });
+  if (std::strcmp(Chars(left), Chars(right)) == 0) return 0;
+  std::size_t equal = 0;
+  while (left[equal] == right[equal]) ++equal;
+  if (!IsBoundary(left, left + equal)) --equal;  // to the lead byte that both have
+  return Compare(left + equal, right + equal, [](unsigned int value) { return value; });
 }
 
 int MbsICmp(const unsigned char* left, const unsigned char* right) {
+  for (; *left < 0x80 && *right < 0x80; ++left, ++right) {
+    const unsigned char left_byte = ToLowerLatin(*left);
+    const unsigned char right_byte = ToLowerLatin(*right);
+    if (left_byte != right_byte) return left_byte > right_byte ? 1 : -1;
+    if (left_byte == 0) return 0;
+  }
   return Compare(left, right, ToLowerCharacter);
 }
 
-unsigned char* MbsUpr(unsigned char* text) { return MapCharacters(text, ToUpperCharacter); }
+unsigned char* MbsUpr(unsigned char* text) { return MapCharacters(text, 'a', ToUpperCharacter); }
 
-unsigned char* MbsLwr(unsigned char* text) { return MapCharacters(text, ToLowerCharacter); }
+unsigned char* MbsLwr(unsigned char* text) { return MapCharacters(text, 'A', ToLowerCharacter); }
 
 // Turns the bytes of every double-byte character round and then the whole text. In front, an
 // incomplete character would swallow another.

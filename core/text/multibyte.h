@@ -13,6 +13,17 @@
 
 namespace quarnfc {
 
+// Whether a character begins at this place of the text; the text begins with one. A zero byte in
+// between is a character like others.
+bool IsBoundary(const unsigned char* text, const unsigned char* place);
+
+// Whether the byte is the same character in every code page and leads no other. (It may be the
+// second byte of one.)
+inline bool IsPlainByte(char byte) {
+  const auto code = static_cast<unsigned char>(byte);
+  return code > 0 && code < 0x80;
+}
+
 // The first and the last place where the character stands, or null. Code 0 is the terminator.
 unsigned char* MbsChr(const unsigned char* text, unsigned int ch);
 unsigned char* MbsRChr(const unsigned char* text, unsigned int ch);

@@ -3,6 +3,7 @@
 #include <quarnfc/fixed_alloc.h>
 
 #include <algorithm>
+#include <bit>
 #include <climits>
 #include <new>
 
@@ -17,6 +18,7 @@ struct EmptyBlock {
 // Not const: operator const char* and GetBuffer hand out its address. Nothing here writes to it.
 EmptyBlock g_empty = {{-1, 0, 0}, ""};
 
+constexpr int kLargestPooled = 512;
 constexpr int kMaxLength = INT_MAX - static_cast<int>(sizeof(StringHeader)) - 1;
 
 // The pool that serves buffers of exactly this capacity; null for the heap.
@@ -43,6 +45,24 @@ int CapacityFor(int length) {
   return length;
 }
 
+// The bytes of a heap block for this capacity: the next of four sizes between one power of two and
+// the next. What is left over is hidden behind the capacity and lets a string grow where it lies,
+// so that appending piece by piece copies each byte a few times only.
+std::size_t BlockSize(int capacity) {
+  const std::size_t bytes = sizeof(StringHeader) + static_cast<std::size_t>(capacity) + 1;
+  const std::size_t step = std::bit_floor(bytes) / 4;
+  return (bytes + step - 1) / step * step;
+}
+
+// Gives an unshared heap buffer a larger capacity if its block has the room.
+bool Widen(char* text, int capacity) {
+  StringHeader* header = HeaderOf(text);
+  const bool is_own = References(text) == 1 && header->capacity > kLargestPooled;
+  if (!is_own || BlockSize(capacity) != BlockSize(header->capacity)) return false;
+  header->capacity = capacity;
+  return true;
+}
+
 int JoinedLength(int left, int right) {
   return CheckedLength(static_cast<std::size_t>(left) + static_cast<std::size_t>(right));
 }
@@ -67,10 +87,7 @@ char* AllocStringBuffer(int length) {
 
   const int capacity = CapacityFor(length);
   CQNFixedAlloc* pool = PoolOf(capacity);
-  void* block =
-      pool != nullptr
-          ? pool->Alloc()
-          : ::operator new[](sizeof(StringHeader) + static_cast<std::size_t>(capacity) + 1);
+  void* block = pool != nullptr ? pool->Alloc() : ::operator new[](BlockSize(capacity));
   auto* header = new (block) StringHeader{1, length, capacity};
   char* text = reinterpret_cast<char*>(header + 1);
   text[length] = '\0';
@@ -120,7 +137,7 @@ void AppendBytes(char*& text, const char* source, int length) {
   if (length == 0) return;
   const int old_length = HeaderOf(text)->length;
   const int new_length = JoinedLength(old_length, length);
-  if (FitsInPlace(text, new_length)) {
+  if (FitsInPlace(text, new_length) || Widen(text, new_length)) {
     CopyBytes(text + old_length, source, length);
     SetStringLength(text, new_length);
     return;
@@ -140,7 +157,7 @@ void Unshare(char*& text) {
 }
 
 void Reserve(char*& text, int capacity) {
-  if (FitsInPlace(text, capacity)) return;
+  if (FitsInPlace(text, capacity) || Widen(text, capacity)) return;
   const int length = HeaderOf(text)->length;
   char* buffer = AllocStringBuffer(std::max(capacity, length));
   CopyBytes(buffer, text, length);

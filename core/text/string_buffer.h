@@ -63,7 +63,8 @@ inline int TextLength(const char* text) {
 // locked buffer keeps its capacity; otherwise into a new buffer.
 void AssignBytes(char*& text, const char* source, int length);
 
-// Append rule: in place under the same condition; otherwise into a new buffer of the exact length.
+// Append rule: in place under the same condition; otherwise into a buffer of the exact length. That
+// is a new one unless the old one can be lengthened where it lies.
 void AppendBytes(char*& text, const char* source, int length);
 
 // Makes the buffer unshared before it is written to.

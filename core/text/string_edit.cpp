@@ -59,6 +59,36 @@ std::vector<int> Occurrences(const char* text, int length, const char* sub, int 
   return positions;
 }
 
+int ReplaceWalking(char* text, int length, char old_char, char new_char) {
+  int count = 0;
+  char* const end = text + length;
+  for (char* p = text; p < end;) {
+    const int width = CharWidth(p);
+    if (*p == old_char) {
+      *p = new_char;
+      ++count;
+    }
+    p += width;
+  }
+  return count;
+}
+
+// The same for bytes that never lead a character: changing them moves no boundary.
+int ReplacePlain(char* text, int length, char old_char, char new_char) {
+  int count = 0;
+  char* const end = text + length;
+  char* p = text;
+  while (void* hit = std::memchr(p, old_char, static_cast<std::size_t>(end - p))) {
+    p = static_cast<char*>(hit);
+    if (quarnfc::IsBoundary(Bytes(text), Bytes(p))) {
+      *p = new_char;
+      ++count;
+    }
+    ++p;
+  }
+  return count;
+}
+
 // Writes text with its occurrences replaced to destination, which may be text itself: going
 // forwards when the text shrinks or keeps its length, backwards when it grows, no byte is
 // overwritten before it was moved.
@@ -132,17 +162,8 @@ int CQNString::Delete(int index, int count) {
 int CQNString::Replace(char oldChar, char newChar) {
   if (oldChar == newChar) return 0;
   quarnfc::Unshare(Text());
-  int count = 0;
-  char* end = Text() + GetLength();
-  for (char* p = Text(); p < end;) {
-    const int width = CharWidth(p);
-    if (*p == oldChar) {
-      *p = newChar;
-      ++count;
-    }
-    p += width;
-  }
-  return count;
+  const bool plain = quarnfc::IsPlainByte(oldChar) && quarnfc::IsPlainByte(newChar);
+  return (plain ? ReplacePlain : ReplaceWalking)(Text(), GetLength(), oldChar, newChar);
 }
 
 int CQNString::Replace(const char* oldText, const char* newText) {

@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
 #include <cstring>
+#include <random>
 #include <string>
 #include <utility>
 
@@ -386,6 +388,53 @@ TEST(StringBuffer, EmptyingALockedStringKeepsTheBuffer) {
   EXPECT_EQ(Chars(text), locked);
   EXPECT_EQ(HeaderOf(text).count, -1);
   EXPECT_EQ(text.GetAllocLength(), 64);
+}
+
+TEST(StringBuffer, LongStringsGrowByExactLengthsMostlyWhereTheyLie) {
+  CQNString text(std::string(600, 'x').c_str());
+  std::string expected(600, 'x');
+  const char* place = text;
+  int moves = 0;
+  for (int i = 0; i < 60'000; ++i) {
+    const char byte = static_cast<char>('a' + i % 26);
+    text += byte;
+    expected += byte;
+    ASSERT_EQ(text.GetAllocLength(), text.GetLength());
+    moves += static_cast<const char*>(text) != place;
+    place = text;
+  }
+  EXPECT_EQ(Bytes(text), expected);
+  EXPECT_LT(moves, 40);
+}
+
+TEST(StringBuffer, InsertionsAndReservesGrowLongStringsLikeNewBuffers) {
+  std::mt19937 random(1);
+  CQNString text;
+  std::string expected;
+  while (expected.size() < 20'000) {
+    const std::string piece(1 + random() % 300, static_cast<char>('a' + random() % 26));
+    const std::size_t index = random() % (expected.size() + 1);
+    if (random() % 3 == 0) text.GetBuffer(text.GetLength() + static_cast<int>(random() % 100));
+    const int room = text.GetAllocLength();
+    text.Insert(static_cast<int>(index), piece.c_str());
+    expected.insert(index, piece);
+    ASSERT_EQ(Bytes(text), expected);
+    ASSERT_TRUE(text.GetLength() <= 512 ||
+                text.GetAllocLength() == std::max(room, text.GetLength()));
+  }
+}
+
+TEST(StringBuffer, AppendingToALockedOrSharedLongStringTakesANewBuffer) {
+  CQNString shared(std::string(700, 'x').c_str());
+  const CQNString other(shared);
+  shared += 'y';
+  EXPECT_NE(static_cast<const char*>(shared), static_cast<const char*>(other));
+  EXPECT_EQ(other.GetAllocLength(), 700);
+  CQNString locked(std::string(700, 'x').c_str());
+  locked.LockBuffer();
+  locked += 'y';
+  const CQNString copy(locked);
+  EXPECT_EQ(static_cast<const char*>(copy), static_cast<const char*>(locked));
 }
 
 TEST(StringBuffer, LockingAnEmptyStringLeavesTheSharedEmptyBufferAlone) {

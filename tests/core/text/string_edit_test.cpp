@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <random>
 #include <string>
+#include <string_view>
 
 #include "tests/core/text/text.h"
 
@@ -171,6 +173,27 @@ TEST(StringEdit, ReplaceWritesOverTheFirstByteOfADoubleByteCharacter) {
   CQNString text(ZHONG);
   EXPECT_EQ(text.Replace('\xD6', 'x'), 1);
   EXPECT_EQ(Bytes(text), "x\xD0");
+}
+
+// A second byte that equals the character stands in most of these texts, and so do zero bytes.
+TEST(StringEdit, ReplaceFindsCharactersAsAWalkDoes) {
+  std::mt19937 random(1);
+  constexpr std::string_view kBytes("ab@\\\x81\xD6\xFE\0", 8);
+  for (int i = 0; i < 20'000; ++i) {
+    std::string text(random() % 20, '\0');
+    for (char& byte : text) byte = kBytes[random() % kBytes.size()];
+    CQNString replaced(text.data(), static_cast<int>(text.size()));
+    int count = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+      const bool is_pair = static_cast<unsigned char>(text[at]) > 0x80 && at + 1 < text.size() &&
+                           text[at + 1] != '\0';
+      count += text[at] == '@';
+      if (text[at] == '@') text[at] = 'x';
+      if (is_pair) ++at;
+    }
+    ASSERT_EQ(replaced.Replace('@', 'x'), count);
+    ASSERT_EQ(Bytes(replaced), text);
+  }
 }
 
 TEST(StringEdit, ReplaceByTheSameCharacterDoesNotUnshare) {
