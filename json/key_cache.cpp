@@ -1,6 +1,5 @@
 #include "json/key_cache.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
@@ -8,18 +7,26 @@
 namespace quarnfc::json {
 namespace {
 
-std::uint64_t LoadBytes(const char* bytes, std::size_t count) {
-  std::uint64_t word = 0;
-  std::memcpy(&word, bytes, count);
+template <class Word>
+std::uint64_t Load(const char* bytes) {
+  Word word;
+  std::memcpy(&word, bytes, sizeof word);
   return word;
 }
 
-// Of the length and up to eight bytes from either end.
+// All bytes of a short key, and the ends of a long one, in loads of fixed size that may overlap.
+std::uint64_t Ends(std::string_view key) {
+  const char* const first = key.data();
+  const char* const end = first + key.size();
+  if (key.size() >= 8) return Load<std::uint64_t>(first) + 31 * Load<std::uint64_t>(end - 8);
+  if (key.size() >= 4) return Load<std::uint32_t>(first) | Load<std::uint32_t>(end - 4) << 32;
+  return Load<std::uint8_t>(first) | Load<std::uint8_t>(first + key.size() / 2) << 8 |
+         Load<std::uint8_t>(end - 1) << 16;
+}
+
+// The key is not empty.
 std::size_t HashOf(std::string_view key) {
-  const std::size_t count = std::min<std::size_t>(key.size(), 8);
-  const std::uint64_t first = LoadBytes(key.data(), count);
-  const std::uint64_t last = LoadBytes(key.data() + key.size() - count, count);
-  const std::uint64_t mixed = (first + last * 31 + key.size()) * std::uint64_t{0x9E3779B97F4A7C15};
+  const std::uint64_t mixed = (Ends(key) + key.size()) * std::uint64_t{0x9E3779B97F4A7C15};
   return static_cast<std::size_t>(mixed >> 32);
 }
 
