@@ -218,7 +218,8 @@ int DecodeInto(unsigned char* data, std::uint64_t capacity, const Char* text,
   const std::uint64_t consumed = groups * Alphabet::kGroupChars;
   std::fill(data + decoded, data + capacity, static_cast<unsigned char>(0));
   const int rest = DecodeRemainder<Alphabet>(text + consumed, length - consumed, data + decoded);
-  if (rest < 0 || decoded + rest > std::numeric_limits<int>::max()) return -1;
+  if (rest < 0 || decoded + static_cast<unsigned>(rest) > std::numeric_limits<int>::max())
+    return -1;
   return static_cast<int>(decoded) + rest;
 }
 

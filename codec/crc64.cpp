@@ -7,9 +7,11 @@
 #include "quarnfc/crc64.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "codec/byte_order.h"
+#include "codec/crc64_hash.h"
 #include "codec/hex_text.h"
 #include "codec/result_buffer.h"
 
@@ -17,7 +19,7 @@ namespace quarnfc::codec {
 namespace {
 
 constexpr std::uint64_t kPolynomial = 0xC96C5795D7870F42;  // ECMA-182, reflected
-constexpr int kSlices = 16;
+constexpr std::size_t kSlices = 16;
 constexpr int kTextLength = 16;
 
 using Table = std::array<std::uint64_t, 256>;
@@ -31,7 +33,7 @@ constexpr std::array<Table, kSlices> MakeTables() {
     for (int bit = 0; bit < 8; ++bit) entry = entry >> 1 ^ ((entry & 1) != 0 ? kPolynomial : 0);
     tables[0][i] = entry;
   }
-  for (int k = 1; k < kSlices; ++k) {
+  for (std::size_t k = 1; k < kSlices; ++k) {
     for (unsigned i = 0; i < 256; ++i) {
       const std::uint64_t previous = tables[k - 1][i];
       tables[k][i] = tables[0][previous & 0xFF] ^ previous >> 8;
@@ -43,26 +45,29 @@ constexpr std::array<Table, kSlices> MakeTables() {
 constexpr std::array<Table, kSlices> kTables = MakeTables();
 
 // The joint effect of the eight bytes of word, with skip bytes following them.
-std::uint64_t Slice(std::uint64_t word, int skip) {
+std::uint64_t Slice(std::uint64_t word, std::size_t skip) {
   std::uint64_t sum = 0;
-  for (int i = 0; i < 8; ++i) sum ^= kTables[skip + 7 - i][word >> 8 * i & 0xFF];
+  for (std::size_t i = 0; i < 8; ++i) sum ^= kTables[skip + 7 - i][word >> 8 * i & 0xFF];
   return sum;
 }
 
-std::uint64_t Crc64(const unsigned char* data, std::uint64_t size) {
-  std::uint64_t crc = ~std::uint64_t{0};
+}  // namespace
+
+std::uint64_t UpdateCrc64(std::uint64_t crc, const unsigned char* data, std::size_t size) {
   for (; size >= 16; size -= 16, data += 16) {
     crc = Slice(crc ^ LoadLittle64(data), 8) ^ Slice(LoadLittle64(data + 8), 0);
   }
   for (; size > 0; --size, ++data) crc = kTables[0][(*data ^ crc) & 0xFF] ^ crc >> 8;
-  return crc;  // deliberately not inverted
+  return crc;
 }
+
+namespace {
 
 template <class Char>
 Char* Crc64Text(const unsigned char* data, unsigned int size) noexcept {
   Char* const text = TryAllocResult<Char>(kTextLength + 1);
   if (text == nullptr) return nullptr;
-  const std::uint64_t crc = Crc64(data, data == nullptr ? 0 : size);
+  const std::uint64_t crc = UpdateCrc64(kCrc64Start, data, data == nullptr ? 0 : size);
   Char* end = text;
   for (int shift = 56; shift >= 0; shift -= 8) {
     end = WriteHexByte(crc >> shift & 0xFF, kUpperHexDigits, end);

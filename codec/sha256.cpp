@@ -3,9 +3,6 @@
 // sha256_x86.cpp. Whole blocks are digested where they lie; nothing is allocated.
 #include "codec/sha256.h"
 
-#include <algorithm>
-#include <cstring>
-
 #include "codec/byte_order.h"
 #include "codec/sha256_compress.h"
 #include "platform/cpu.h"
@@ -28,21 +25,9 @@ void Compress(Sha256::State& state, const unsigned char* blocks, std::size_t cou
 Sha256::Sha256() : state_(kInitialState) {}
 
 void Sha256::Update(const void* data, std::size_t size) {
-  if (size == 0) return;
-  const auto* bytes = static_cast<const unsigned char*>(data);
-  const std::size_t pending = message_bytes_ % kBlockBytes;
-  message_bytes_ += size;
-  if (pending != 0) {
-    const std::size_t taken = std::min(size, kBlockBytes - pending);
-    std::memcpy(pending_ + pending, bytes, taken);
-    if (pending + taken < kBlockBytes) return;
-    Compress(state_, pending_, 1);
-    bytes += taken;
-    size -= taken;
-  }
-  Compress(state_, bytes, size / kBlockBytes);
-  const std::size_t rest = size % kBlockBytes;
-  std::memcpy(pending_, bytes + (size - rest), rest);
+  buffer_.Append(data, size, [this](const unsigned char* blocks, std::size_t count) {
+    Compress(state_, blocks, count);
+  });
 }
 
 Sha256::Digest Sha256::Finish() {
@@ -50,8 +35,8 @@ Sha256::Digest Sha256::Finish() {
   constexpr std::size_t kLengthAt = kBlockBytes - 8;
 
   unsigned char message_bits[8];
-  StoreBig64(message_bytes_ * 8, message_bits);
-  const std::size_t pending = message_bytes_ % kBlockBytes;
+  StoreBig64(buffer_.MessageBytes() * 8, message_bits);
+  const std::size_t pending = buffer_.PendingSize();
   Update(kPadding, (pending < kLengthAt ? kLengthAt : kBlockBytes + kLengthAt) - pending);
   Update(message_bits, sizeof(message_bits));
 

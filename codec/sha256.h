@@ -6,12 +6,14 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "codec/block_buffer.h"
+
 namespace quarnfc::codec {
 
 // A message digested piece by piece.
 class Sha256 {
  public:
-  static constexpr std::size_t kBlockBytes = 64;
+  static constexpr std::size_t kBlockBytes = BlockBuffer::kBlockBytes;
   static constexpr std::size_t kDigestBytes = 32;
   using Digest = std::array<unsigned char, kDigestBytes>;
   using State = std::array<std::uint32_t, 8>;
@@ -26,8 +28,7 @@ class Sha256 {
 
  private:
   State state_;
-  std::uint64_t message_bytes_ = 0;
-  unsigned char pending_[kBlockBytes];  // the first message_bytes_ % 64 are an incomplete block
+  BlockBuffer buffer_;
 };
 
 }  // namespace quarnfc::codec

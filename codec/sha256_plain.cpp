@@ -59,11 +59,11 @@ void AllSteps(Sha256::State& state, Schedule& w, std::integer_sequence<int, I...
 void Sha256CompressPlain(std::uint32_t* state, const unsigned char* blocks, std::size_t count) {
   for (; count > 0; --count, blocks += Sha256::kBlockBytes) {
     Schedule w;
-    for (int i = 0; i < 16; ++i) w[i] = LoadBig32(blocks + 4 * i);
+    for (std::size_t i = 0; i < 16; ++i) w[i] = LoadBig32(blocks + 4 * i);
     Sha256::State next;
     std::copy(state, state + next.size(), next.begin());
     AllSteps(next, w, std::make_integer_sequence<int, 64>{});
-    for (int i = 0; i < 8; ++i) state[i] += next[i];
+    for (std::size_t i = 0; i < next.size(); ++i) state[i] += next[i];
   }
 }
 

@@ -22,6 +22,7 @@
 #include <quarnfc/crash_dump.h>
 #include <quarnfc/crc64.h>
 #include <quarnfc/csv.h>
+#include <quarnfc/digest_streams.h>
 #include <quarnfc/error.h>
 #include <quarnfc/error_json.h>
 #include <quarnfc/export.h>
