@@ -108,13 +108,19 @@ class QN_API CQNString {
   // with the string itself, so do not keep the pointer of a temporary.
   operator const char*() const;
 
-  // The text with its length, embedded zeros included. The view is valid until the string changes.
-  std::string_view View() const {
+  // The text with its length, embedded zeros included, as a std::string_view: valid until the
+  // string changes. A template, so that the module exports nothing made of the standard library's
+  // types.
+  template <class Traits = std::char_traits<char>>
+  std::basic_string_view<char, Traits> View() const {
     return {static_cast<const char*>(*this), static_cast<std::size_t>(GetLength())};
   }
 
-  // A copy of View().
-  std::string ToStdString() const { return std::string(View()); }
+  // The same as a std::string of its own.
+  template <class Traits = std::char_traits<char>>
+  std::basic_string<char, Traits> ToStdString() const {
+    return std::basic_string<char, Traits>(View<Traits>());
+  }
 
   // The byte at index, unchecked: valid from 0 to GetLength(), where the terminator stands. It may
   // be half of a double-byte character.
