@@ -20,7 +20,8 @@ function(quarnfc_compile_options target)
                C_VISIBILITY_PRESET hidden
                VISIBILITY_INLINES_HIDDEN ON)
   if(MSVC)
-    target_compile_options(${target} PRIVATE /W4 /utf-8 /permissive- /EHsc /guard:cf
+    # Plain functions are extern "C" and may throw std::bad_alloc: /EHsc alone would deny it.
+    target_compile_options(${target} PRIVATE /W4 /utf-8 /permissive- /EHsc- /guard:cf
                                              $<$<BOOL:${QUARNFC_WERROR}>:/WX>)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
       # As below.

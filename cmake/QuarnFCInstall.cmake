@@ -80,6 +80,10 @@ configure_file("${PROJECT_SOURCE_DIR}/cmake/quarnfc.pc.in" "${PROJECT_BINARY_DIR
 install(FILES "${PROJECT_BINARY_DIR}/quarnfc.pc" DESTINATION "${pkgconfig_dir}" COMPONENT devel)
 
 # Debug information stands beside the binary it belongs to.
+if(MSVC)
+  install(FILES "$<TARGET_PDB_FILE:QuarnFC>" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT debug
+          OPTIONAL)
+endif()
 if(QUARNFC_SPLIT_DEBUG)
   set(module_dir "${CMAKE_INSTALL_LIBDIR}")
   if(WIN32)

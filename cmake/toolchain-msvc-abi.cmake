@@ -24,12 +24,13 @@ set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
 # The headers of MinGW-w64 speak GNU's dialect, which this compiler knows. The tests for it hide what
 # else the names would tell: code must ask for _MSC_VER first, or better not at all.
 string(JOIN " " system_headers
+       -nobuiltininc "-imsvc ${QUARNFC_LLVM_DIR}/lib/clang/19/include"
        "-imsvc ${QUARNFC_MINGW_DIR}/include"
        -D_HAS_EXCEPTIONS=1 -D_UCRT -D__MSVCRT_VERSION__=0x0E00 -D_WIN32_WINNT=0x0601
        -D__GNUC__=4 -D__GNUC_MINOR__=2 -D__GNUC_PATCHLEVEL__=1 -D__MINGW32__ -D__MINGW64__)
 string(JOIN " " standard_library
-       "/clang:-isystem${CMAKE_CURRENT_LIST_DIR}/../runtime/include"
-       "/clang:-isystem${QUARNFC_LLVM_DIR}/include/c++/v1"
+       "-imsvc ${CMAKE_CURRENT_LIST_DIR}/../runtime/include"
+       "-imsvc ${QUARNFC_LLVM_DIR}/include/c++/v1"
        -D_LIBCPP_DISABLE_EXTERN_TEMPLATE -D_LIBCPP_DISABLE_VISIBILITY_ANNOTATIONS)
 set(CMAKE_C_FLAGS_INIT "/Zl ${system_headers}")
 set(CMAKE_CXX_FLAGS_INIT "/Zl ${standard_library} ${system_headers}")

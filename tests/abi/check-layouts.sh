@@ -4,12 +4,18 @@
 # layouts, so a difference is a break of every host.
 # Usage: check-layouts.sh               compares; exit code 77 when clang or the headers are missing
 #        check-layouts.sh --print CLASS prints the layout of a class in the form of the expected file
+#        check-layouts.sh --build BUILD_FOLDER
+#                                       compares what the compiler of a Microsoft-ABI build lays out
+#                                       with the options that the library is compiled with
 set -euo pipefail
 
 folder=$(cd "$(dirname "$0")" && pwd)
 project=$(cd "$folder/../.." && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+
+build=
+if [ "${1:-}" = --build ]; then build=$2; fi
 
 clang=$(command -v clang++-14 || command -v clang++ || true)
 mingw=$(command -v x86_64-w64-mingw32-g++-posix || command -v x86_64-w64-mingw32-g++ || true)
@@ -28,7 +34,26 @@ write_probe() {
   done
 }
 
+# The command that compiles core/version.cpp into the library, a word a line, without its files.
+library_command() {
+  python3 - "$build/compile_commands.json" <<'END'
+import json, shlex, sys
+entries = json.load(open(sys.argv[1], encoding="utf-8"))
+entry = next(e for e in entries if e["file"].endswith("/core/version.cpp"))
+words = shlex.split(entry["command"])
+words = words[: words.index("--")] if "--" in words else words
+print("\n".join(w for w in words if w != "-c" and not w.startswith(("/Fo", "/Fd", "/showIncludes"))))
+END
+}
+
 dump_layouts() {
+  if [ -n "$build" ]; then
+    local command
+    mapfile -t command < <(library_command)
+    "${command[@]}" -w -Xclang -fdump-vtable-layouts -Xclang -fdump-record-layouts \
+      -c "/Fo$work/probe.obj" -- "$1"
+    return
+  fi
   local cxx
   cxx=$("$mingw" -print-file-name=include/c++)
   "$clang" --target=x86_64-pc-windows-msvc -fgnuc-version=12.0.0 -std=c++17 -w \

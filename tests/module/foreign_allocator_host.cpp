@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <new>
+#include <vector>
 
 namespace {
 
@@ -106,12 +107,22 @@ void PassStrings() {
   delete text;
 }
 
+void FillVectors() {
+#if !QN_CONTAINERS_CROSS  // elsewhere such a host may not pass vectors
+  std::vector<char*> pieces;
+  QNStringUtils::SplitStr("a vector, of the host", ',', pieces);
+  QNStringUtils::AdjustStrArr(pieces, true, true);
+  QNStringUtils::FreeStrArr(pieces);
+#endif
+}
+
 void ExchangeEverything() {
   DeleteObjects();
   CloseHandles();
   DeleteJson();
   DeleteException();
   PassStrings();
+  FillVectors();
 }
 
 }  // namespace
