@@ -20,8 +20,8 @@ chmod 755 "$work" # apt reads the files as a user of its own
 mkdir -p "$work/lists/partial" "$work/cache/archives/partial" "$work/package"
 
 # The system's Debian sources, as source packages; main is all that is needed.
-archive=$(grep -rhoE '(URIs: |^deb (\[[^]]*\] )?)https?://[^ ]+' /etc/apt/sources.list /etc/apt/sources.list.d 2>/dev/null |
-  grep -oE 'https?://[^ ]+/debian/?$' | head -n 1)
+archive=$(grep -rhoE 'https?://[^ ]+/debian/?( |$)' /etc/apt/sources.list /etc/apt/sources.list.d 2>/dev/null |
+  tr -d ' ' | head -n 1 || true)
 . /etc/os-release
 printf 'deb-src %s %s main\n' "${archive:-http://deb.debian.org/debian}" "$VERSION_CODENAME" >"$work/sources.list"
 apt=(apt-get -q -o "Dir::Etc::sourcelist=$work/sources.list" -o Dir::Etc::sourceparts=-
