@@ -1,8 +1,10 @@
 #include <quarnfc/internet.h>
 
+#include "net/arguments.h"
 #include "net/handle_registry.h"
-#include "net/inherited_context.h"
 #include "platform/internet.h"
+
+using quarnfc::net::Live;
 
 CQNInternetConnection::CQNInternetConnection(CQNInternetSession* session, const char* server,
                                              unsigned short port, unsigned __int64 context)
@@ -13,9 +15,29 @@ CQNInternetConnection::CQNInternetConnection(CQNInternetSession* session, const 
       server_(server),
       port_(port) {}
 
+CQNInternetConnection::CQNInternetConnection(const CQNInternetConnection& other)
+    : handle_(other.handle_),
+      context_(other.context_),
+      session_(other.session_),
+      server_(other.server_),
+      port_(other.port_) {
+  quarnfc::net::Registry().Share(handle_, &other, this);
+}
+
+CQNInternetConnection& CQNInternetConnection::operator=(const CQNInternetConnection& other) {
+  if (this == &other) return *this;
+  quarnfc::net::Registry().Share(other.handle_, &other, this);
+  handle_ = other.handle_;
+  context_ = other.context_;
+  session_ = other.session_;
+  server_ = other.server_;
+  port_ = other.port_;
+  return *this;
+}
+
 CQNInternetConnection::~CQNInternetConnection() { CQNInternetConnection::Close(); }
 
-void CQNInternetConnection::Close() { quarnfc::net::CloseRegisteredHandle(handle_); }
+void CQNInternetConnection::Close() { quarnfc::net::CloseRegisteredHandle(handle_, this); }
 
 CQNInternetConnection::operator HINTERNET() const { return handle_; }
 
@@ -23,22 +45,19 @@ CQNString CQNInternetConnection::GetServerName() const { return server_; }
 
 CQNInternetSession* CQNInternetConnection::GetSession() const { return session_; }
 
-int CQNInternetConnection::SetOption(unsigned long option, void* buffer, unsigned long length,
-                                     unsigned long flags) {
-  return InternetSetOptionExA(handle_, option, buffer, length, flags);
+int CQNInternetConnection::SetOption(DWORD option, void* buffer, DWORD length, DWORD flags) {
+  return InternetSetOptionExA(Live(handle_, this), option, buffer, length, flags);
 }
 
-int CQNInternetConnection::SetOption(unsigned long option, unsigned long value,
-                                     unsigned long flags) {
+int CQNInternetConnection::SetOption(DWORD option, DWORD value, DWORD flags) {
   return SetOption(option, &value, sizeof(value), flags);
 }
 
-int CQNInternetConnection::QueryOption(unsigned long option, void* buffer,
-                                       unsigned long* length) const {
-  return InternetQueryOptionA(handle_, option, buffer, length);
+int CQNInternetConnection::QueryOption(DWORD option, void* buffer, DWORD* length) const {
+  return InternetQueryOptionA(Live(handle_, this), option, buffer, length);
 }
 
-int CQNInternetConnection::QueryOption(unsigned long option, unsigned long& value) const {
+int CQNInternetConnection::QueryOption(DWORD option, DWORD& value) const {
   DWORD length = sizeof(value);
   return QueryOption(option, &value, &length);
 }

@@ -9,11 +9,11 @@ int CQNInternetSession::SetCookie(const char* url, const char* cookieName, const
 }
 
 int CQNInternetSession::GetCookie(const char* url, const char* cookieName, char* buffer,
-                                  unsigned long length) {
+                                  DWORD length) {
   return InternetGetCookieA(url, cookieName, buffer, &length);
 }
 
-unsigned long CQNInternetSession::GetCookieLength(const char* url, const char* cookieName) {
+DWORD CQNInternetSession::GetCookieLength(const char* url, const char* cookieName) {
   DWORD length = 0;
   return InternetGetCookieA(url, cookieName, nullptr, &length) ? length : 0;
 }

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <cstring>
 
-#include "net/file_mode.h"
+#include "net/file_values.h"
+#include "net/handle_registry.h"
 #include "net/internet_error.h"
 #include "net/lent_buffer.h"
 #include "platform/internet.h"
 
 using quarnfc::net::InternetError;
+using quarnfc::net::Live;
 
 unsigned int CQNInternetFile::Read(void* buffer, unsigned int count) {
   if (read_mode_ == quarnfc::net::kWriteOnly || handle_ == nullptr) {
@@ -40,7 +42,8 @@ unsigned int CQNInternetFile::TakeBuffered(void* target, unsigned int count) {
 
 unsigned int CQNInternetFile::ReadHandle(void* buffer, unsigned int count) {
   DWORD read = 0;
-  if (!InternetReadFile(handle_, buffer, count, &read)) InternetError::ThrowLast(context_);
+  if (!InternetReadFile(Live(handle_, this), buffer, count, &read))
+    InternetError::ThrowLast(context_);
   return read;
 }
 

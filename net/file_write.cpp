@@ -2,12 +2,14 @@
 
 #include <cstring>
 
-#include "net/file_mode.h"
+#include "net/file_values.h"
+#include "net/handle_registry.h"
 #include "net/internet_error.h"
 #include "net/lent_buffer.h"
 #include "platform/internet.h"
 
 using quarnfc::net::InternetError;
+using quarnfc::net::Live;
 
 void CQNInternetFile::Write(const void* buffer, unsigned int count) {
   if (read_mode_ == quarnfc::net::kReadOnly || handle_ == nullptr) {
@@ -30,7 +32,7 @@ void CQNInternetFile::Write(const void* buffer, unsigned int count) {
 
 void CQNInternetFile::WriteString(const char* text) {
   if (read_mode_ == quarnfc::net::kReadOnly) InternetError::Throw(ERROR_INVALID_HANDLE, context_);
-  Write(text, lstrlenA(text));
+  Write(text, text != nullptr ? static_cast<unsigned int>(std::strlen(text)) : 0);
 }
 
 void CQNInternetFile::Flush() {
@@ -40,7 +42,8 @@ void CQNInternetFile::Flush() {
 
 unsigned int CQNInternetFile::WriteHandle(const void* data, unsigned int count) {
   DWORD written = 0;
-  if (!InternetWriteFile(handle_, data, count, &written)) InternetError::ThrowLast(context_);
+  if (!InternetWriteFile(Live(handle_, this), data, count, &written))
+    InternetError::ThrowLast(context_);
   return written;
 }
 

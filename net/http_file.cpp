@@ -1,53 +1,58 @@
 #include <quarnfc/internet_file.h>
 
-#include "net/file_mode.h"
-#include "net/inherited_context.h"
+#include "net/arguments.h"
+#include "net/file_values.h"
+#include "net/handle_registry.h"
 #include "net/internet_error.h"
 #include "platform/internet.h"
 
 using quarnfc::net::InternetError;
+using quarnfc::net::Live;
 using quarnfc::net::ResolveContext;
 
 CQNHttpFile::CQNHttpFile(HINTERNET file, HINTERNET session, const char* object, const char* server,
                          const char* verb, unsigned __int64 context)
-    : CQNInternetFile(file, session, object, server, context, quarnfc::net::kReadOnly),
+    : CQNInternetFile(object, server, context, quarnfc::net::kReadOnly),
       object_(object),
       verb_(verb) {
+  TakeHandle(file, session, nullptr);
   connection_handle_ = file;
 }
 
 CQNHttpFile::CQNHttpFile(HINTERNET file, const char* verb, const char* object,
                          CQNHttpConnection* connection)
-    : CQNInternetFile(file, object, connection, quarnfc::net::kReadOnly),
+    : CQNInternetFile(object, connection->server_, connection->context_, quarnfc::net::kReadOnly),
       object_(object),
       verb_(verb) {
+  TakeHandle(file, connection->handle_, connection->session_);
   connection_handle_ = file;
 }
 
 CQNHttpFile::~CQNHttpFile() = default;
 
-int CQNHttpFile::AddRequestHeaders(const char* headers, unsigned long flags, int length) {
-  if (length == -1) length = lstrlenA(headers);
-  return HttpAddRequestHeadersA(handle_, headers, length, flags);
+int CQNHttpFile::AddRequestHeaders(const char* headers, DWORD flags, int length) {
+  const DWORD count = quarnfc::net::HeadersLength(headers, static_cast<DWORD>(length));
+  return HttpAddRequestHeadersA(Live(handle_, this), headers, count, flags);
 }
 
-int CQNHttpFile::AddRequestHeaders(CQNString& headers, unsigned long flags) {
+int CQNHttpFile::AddRequestHeaders(CQNString& headers, DWORD flags) {
   return AddRequestHeaders(headers, flags, headers.GetLength());
 }
 
-int CQNHttpFile::SendRequest(const char* headers, unsigned long headersLength, void* optional,
-                             unsigned long optionalLength) {
-  const BOOL sent = HttpSendRequestA(handle_, headers, headersLength, optional, optionalLength);
+int CQNHttpFile::SendRequest(const char* headers, DWORD headersLength, void* optional,
+                             DWORD optionalLength) {
+  const BOOL sent = HttpSendRequestA(Live(handle_, this), headers,
+                                     quarnfc::net::HeadersLength(headers, headersLength), optional,
+                                     optionalLength);
   if (!sent) InternetError::ThrowLast(context_);
   return sent;
 }
 
-int CQNHttpFile::SendRequest(CQNString& headers, void* optional, unsigned long optionalLength) {
+int CQNHttpFile::SendRequest(CQNString& headers, void* optional, DWORD optionalLength) {
   return SendRequest(headers, headers.GetLength(), optional, optionalLength);
 }
 
-int CQNHttpFile::SendRequestEx(unsigned long totalLength, unsigned long flags,
-                               unsigned __int64 context) {
+int CQNHttpFile::SendRequestEx(DWORD totalLength, DWORD flags, unsigned __int64 context) {
   INTERNET_BUFFERSA buffers = {};
   buffers.dwStructSize = sizeof(buffers);
   buffers.dwBufferTotal = totalLength;
@@ -55,19 +60,19 @@ int CQNHttpFile::SendRequestEx(unsigned long totalLength, unsigned long flags,
 }
 
 int CQNHttpFile::SendRequestEx(INTERNET_BUFFERSA* buffersIn, INTERNET_BUFFERSA* buffersOut,
-                               unsigned long flags, unsigned __int64 context) {
-  const BOOL begun =
-      HttpSendRequestExA(handle_, buffersIn, buffersOut, flags, ResolveContext(context, context_));
+                               DWORD flags, unsigned __int64 context) {
+  const BOOL begun = HttpSendRequestExA(Live(handle_, this), buffersIn, buffersOut, flags,
+                                        ResolveContext(context, context_));
   if (!begun) InternetError::ThrowLast(context_);
   read_mode_ = quarnfc::net::kReadWrite;
   return begun;
 }
 
-int CQNHttpFile::EndRequest(unsigned long flags, INTERNET_BUFFERSA* buffers,
-                            unsigned __int64 context) {
+int CQNHttpFile::EndRequest(DWORD flags, INTERNET_BUFFERSA* buffers, unsigned __int64 context) {
   // Bytes written after the end would be taken for the start of the next request.
   Flush();
-  const BOOL ended = HttpEndRequestA(handle_, buffers, flags, ResolveContext(context, context_));
+  const BOOL ended =
+      HttpEndRequestA(Live(handle_, this), buffers, flags, ResolveContext(context, context_));
   if (!ended) InternetError::ThrowLast(context_);
   return ended;
 }

@@ -3,24 +3,24 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "net/handle_registry.h"
 #include "platform/internet.h"
 
-int CQNHttpFile::QueryInfo(unsigned long level, void* buffer, unsigned long* length,
-                           unsigned long* index) const {
-  return HttpQueryInfoA(handle_, level, buffer, length, index);
+int CQNHttpFile::QueryInfo(DWORD level, void* buffer, DWORD* length, DWORD* index) const {
+  return HttpQueryInfoA(quarnfc::net::Live(handle_, this), level, buffer, length, index);
 }
 
-int CQNHttpFile::QueryInfo(unsigned long level, unsigned long& number, unsigned long* index) const {
+int CQNHttpFile::QueryInfo(DWORD level, DWORD& number, DWORD* index) const {
   DWORD length = sizeof(number);
   return QueryInfo(level | HTTP_QUERY_FLAG_NUMBER, &number, &length, index);
 }
 
-int CQNHttpFile::QueryInfo(unsigned long level, SYSTEMTIME* time, unsigned long* index) const {
+int CQNHttpFile::QueryInfo(DWORD level, SYSTEMTIME* time, DWORD* index) const {
   DWORD length = sizeof(*time);
   return QueryInfo(level | HTTP_QUERY_FLAG_SYSTEMTIME, time, &length, index);
 }
 
-int CQNHttpFile::QueryInfo(unsigned long level, CQNString& text, unsigned long* index) const {
+int CQNHttpFile::QueryInfo(DWORD level, CQNString& text, DWORD* index) const {
   text.Empty();
   DWORD length = 0;
   if (QueryInfo(level, nullptr, &length, nullptr)) return 1;
@@ -33,10 +33,10 @@ int CQNHttpFile::QueryInfo(unsigned long level, CQNString& text, unsigned long* 
   return found;
 }
 
-int CQNHttpFile::QueryInfoStatusCode(unsigned long& statusCode) const {
+int CQNHttpFile::QueryInfoStatusCode(DWORD& statusCode) const {
   char text[80] = {};
   DWORD length = sizeof(text) - 1;
   const BOOL found = QueryInfo(HTTP_QUERY_STATUS_CODE, text, &length, nullptr);
-  if (found) statusCode = static_cast<unsigned long>(std::atol(text));
+  if (found) statusCode = static_cast<DWORD>(std::atol(text));
   return found;
 }

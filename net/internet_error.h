@@ -8,7 +8,7 @@ namespace quarnfc::net {
 
 struct InternetError {
   // Throws a new CQNInternetException with code and the context of the object that failed.
-  [[noreturn]] static void Throw(unsigned long code, unsigned __int64 context);
+  [[noreturn]] static void Throw(DWORD code, unsigned __int64 context);
 
   // The same with the platform's last error: call it right after the platform's call.
   [[noreturn]] static void ThrowLast(unsigned __int64 context);

@@ -3,18 +3,18 @@
 #include <utility>
 
 #include "core/memory/memory.h"
-#include "net/file_mode.h"
-#include "net/file_position.h"
+#include "net/file_values.h"
 #include "net/handle_registry.h"
 #include "net/internet_error.h"
 #include "platform/internet.h"
 
 using quarnfc::net::InternetError;
+using quarnfc::net::Live;
 
-CQNInternetFile::CQNInternetFile(HINTERNET file, HINTERNET /*session*/, const char* object,
-                                 const char* server, unsigned __int64 context, int readMode)
+CQNInternetFile::CQNInternetFile(const char* object, const char* server, unsigned __int64 context,
+                                 int readMode)
     : object_name_(object),
-      handle_(file),
+      handle_(nullptr),
       read_mode_(readMode),
       context_(context),
       connection_handle_(nullptr),
@@ -27,10 +27,22 @@ CQNInternetFile::CQNInternetFile(HINTERNET file, HINTERNET /*session*/, const ch
       read_buffer_(nullptr),
       read_bytes_(0) {}
 
+CQNInternetFile::CQNInternetFile(HINTERNET file, HINTERNET session, const char* object,
+                                 const char* server, unsigned __int64 context, int readMode)
+    : CQNInternetFile(object, server, context, readMode) {
+  TakeHandle(file, session, nullptr);
+}
+
 CQNInternetFile::CQNInternetFile(HINTERNET file, const char* object,
                                  CQNInternetConnection* connection, int readMode)
-    : CQNInternetFile(file, nullptr, object, connection->server_, connection->context_, readMode) {
-  quarnfc::net::Registry().Add(handle_, connection->session_);
+    : CQNInternetFile(object, connection->server_, connection->context_, readMode) {
+  TakeHandle(file, connection->handle_, connection->session_);
+}
+
+// The last step of every construction: what throws before or here leaves the handle to the caller.
+void CQNInternetFile::TakeHandle(HINTERNET file, HINTERNET parent, CQNInternetSession* session) {
+  quarnfc::net::Registry().Add(file, this, parent, session);
+  handle_ = file;
 }
 
 CQNInternetFile::~CQNInternetFile() {
@@ -39,7 +51,7 @@ CQNInternetFile::~CQNInternetFile() {
   } catch (CQNInternetException* error) {
     // The bytes held for writing are lost; the handle is not.
     delete error;
-    quarnfc::net::CloseRegisteredHandle(handle_);
+    quarnfc::net::CloseRegisteredHandle(handle_, this);
   }
   ReleaseBuffers();
 }
@@ -48,20 +60,19 @@ CQNInternetFile::operator HINTERNET() const { return handle_; }
 
 unsigned __int64 CQNInternetFile::GetContext() const { return context_; }
 
-int CQNInternetFile::SetOption(unsigned long option, void* buffer, unsigned long length,
-                               unsigned long flags) {
-  return InternetSetOptionExA(handle_, option, buffer, length, flags);
+int CQNInternetFile::SetOption(DWORD option, void* buffer, DWORD length, DWORD flags) {
+  return InternetSetOptionExA(Live(handle_, this), option, buffer, length, flags);
 }
 
-int CQNInternetFile::SetOption(unsigned long option, unsigned long value, unsigned long flags) {
+int CQNInternetFile::SetOption(DWORD option, DWORD value, DWORD flags) {
   return SetOption(option, &value, sizeof(value), flags);
 }
 
-int CQNInternetFile::QueryOption(unsigned long option, void* buffer, unsigned long* length) const {
-  return InternetQueryOptionA(handle_, option, buffer, length);
+int CQNInternetFile::QueryOption(DWORD option, void* buffer, DWORD* length) const {
+  return InternetQueryOptionA(Live(handle_, this), option, buffer, length);
 }
 
-int CQNInternetFile::QueryOption(unsigned long option, unsigned long& value) const {
+int CQNInternetFile::QueryOption(DWORD option, DWORD& value) const {
   DWORD length = sizeof(value);
   return QueryOption(option, &value, &length);
 }
@@ -71,26 +82,28 @@ unsigned __int64 CQNInternetFile::Seek(__int64 offset, unsigned int origin) {
     InternetError::Throw(ERROR_INVALID_HANDLE, context_);
   }
   static_assert(FILE_BEGIN == 0 && FILE_CURRENT == 1 && FILE_END == 2);
-  if (origin > FILE_END || offset != static_cast<LONG>(offset)) {
+  if (origin > FILE_END || offset != static_cast<int>(offset)) {
     InternetError::Throw(ERROR_INVALID_PARAMETER, context_);
   }
-  const DWORD position =
-      InternetSetFilePointer(handle_, static_cast<LONG>(offset), nullptr, origin, context_);
+  const DWORD position = InternetSetFilePointer(Live(handle_, this), static_cast<int>(offset),
+                                                nullptr, origin, context_);
   if (position == quarnfc::net::kNoPosition) InternetError::ThrowLast(context_);
   return quarnfc::net::SignExtended(position);
 }
 
 unsigned __int64 CQNInternetFile::GetLength() const {
+  const HINTERNET file = Live(handle_, this);
   DWORD available = 0;
   // The platform reserves the last two arguments: zero.
-  if (handle_ == nullptr || !InternetQueryDataAvailable(handle_, &available, 0, 0)) return 0;
+  if (file == nullptr || !InternetQueryDataAvailable(file, &available, 0, 0)) return 0;
   return available;
 }
 
 void CQNInternetFile::Close() {
   if (handle_ == nullptr) return;
-  Flush();
-  quarnfc::net::CloseRegisteredHandle(handle_);
+  // What is held for a handle that went with its session or connection goes nowhere.
+  if (Live(handle_, this) != nullptr) Flush();
+  quarnfc::net::CloseRegisteredHandle(handle_, this);
   ReleaseBuffers();
 }
 

@@ -11,7 +11,7 @@ namespace {
 constexpr DWORD kCanonicaliseFlags =
     ICU_NO_ENCODE | ICU_NO_META | ICU_ENCODE_SPACES_ONLY | ICU_BROWSER_MODE;
 
-unsigned long ServiceOfScheme(INTERNET_SCHEME scheme) {
+DWORD ServiceOfScheme(INTERNET_SCHEME scheme) {
   switch (scheme) {
     case INTERNET_SCHEME_FTP:
       return eServiceFtp;
@@ -42,7 +42,7 @@ class PartBuffer {
     buffer_ = text.GetBuffer(capacity + 1);
     if (length <= capacity) std::memset(buffer_ + length, 0, capacity + 2 - length);
   }
-  ~PartBuffer() { text_.ReleaseBuffer(lstrlenA(buffer_)); }
+  ~PartBuffer() { text_.ReleaseBuffer(static_cast<int>(std::strlen(buffer_))); }
   PartBuffer(const PartBuffer&) = delete;
   PartBuffer& operator=(const PartBuffer&) = delete;
 
@@ -87,11 +87,11 @@ bool UnescapeObject(URL_COMPONENTSA& parts) {
   const HRESULT result = UrlUnescapeA(parts.lpszUrlPath, nullptr, nullptr,
                                       URL_UNESCAPE_INPLACE | URL_DONT_UNESCAPE_EXTRA_INFO);
   if (FAILED(result)) return false;
-  parts.dwUrlPathLength = lstrlenA(parts.lpszUrlPath);
+  parts.dwUrlPathLength = static_cast<DWORD>(std::strlen(parts.lpszUrlPath));
   return true;
 }
 
-int Parse(const char* url, URL_COMPONENTSA& parts, unsigned long& serviceType, unsigned short& port,
+int Parse(const char* url, URL_COMPONENTSA& parts, DWORD& serviceType, unsigned short& port,
           DWORD flags) {
   const Unescaping unescaping(flags, parts.dwUrlPathLength != 0);
   CanonicalUrl canonical;
@@ -122,7 +122,7 @@ URL_COMPONENTSA PartsOf(const PartBuffer& server, int serverLength, const PartBu
 
 }  // namespace
 
-int qnParseURL(const char* url, unsigned long& serviceType, CQNString& server, CQNString& object,
+int qnParseURL(const char* url, DWORD& serviceType, CQNString& server, CQNString& object,
                unsigned short& port) {
   constexpr int kPartLength = INTERNET_MAX_URL_LENGTH;
 
@@ -135,8 +135,8 @@ int qnParseURL(const char* url, unsigned long& serviceType, CQNString& server, C
   return Parse(text, parts, serviceType, port, ICU_BROWSER_MODE);
 }
 
-int qnParseURLEx(const char* url, unsigned long& serviceType, CQNString& server, CQNString& object,
-                 unsigned short& port, CQNString& user, CQNString& password, unsigned long flags) {
+int qnParseURLEx(const char* url, DWORD& serviceType, CQNString& server, CQNString& object,
+                 unsigned short& port, CQNString& user, CQNString& password, DWORD flags) {
   constexpr int kServerLength = 256;
   constexpr int kObjectLength = 2048;
   constexpr int kCredentialLength = 128;

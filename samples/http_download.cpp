@@ -11,14 +11,14 @@ class WatchedSession : public CQNInternetSession {
  public:
   WatchedSession() : CQNInternetSession("sample/1.0") { EnableStatusCallback(1); }
 
-  void OnStatusCallback(unsigned __int64 /*context*/, unsigned long status, void* /*information*/,
-                        unsigned long /*length*/) override {
-    std::printf("status %lu\n", status);
+  void OnStatusCallback(unsigned __int64 /*context*/, DWORD status, void* /*information*/,
+                        DWORD /*length*/) override {
+    std::printf("status %u\n", static_cast<unsigned int>(status));
   }
 };
 
 void Fetch(CQNInternetSession& session, const char* url) {
-  unsigned long service = 0;
+  DWORD service = 0;
   unsigned short port = 0;
   CQNString server;
   CQNString object;
@@ -29,9 +29,10 @@ void Fetch(CQNInternetSession& session, const char* url) {
   const std::unique_ptr<CQNHttpConnection> connection(session.GetHttpConnection(server, port));
   const std::unique_ptr<CQNHttpFile> page(connection->OpenRequest("GET", object));
   page->SendRequest();
-  unsigned long status = 0;
+  DWORD status = 0;
   page->QueryInfoStatusCode(status);
-  std::printf("%s answers %lu\n", static_cast<const char*>(page->GetFileURL()), status);
+  std::printf("%s answers %u\n", static_cast<const char*>(page->GetFileURL()),
+              static_cast<unsigned int>(status));
   CQNString line;
   while (page->ReadString(line)) std::printf("  %s\n", static_cast<const char*>(line));
 }

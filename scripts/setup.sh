@@ -9,13 +9,15 @@ source "$(dirname "$0")/lib.sh"
 packages=(
   # Building.
   cmake ninja-build g++ g++-mingw-w64-x86-64-posix
+  # The HTTP client off Windows.
+  libcurl4-openssl-dev libssl-dev
   # The build with the Microsoft C++ ABI.
   clang-19 lld-19 llvm-19 libc++-19-dev
   # Running Windows programs.
   wine wine64 locales
   # Tests: their framework, a web server, and independent implementations to compare with.
   # (clang prints the layouts of classes under the Microsoft C++ ABI.)
-  googletest clang-14 nginx-light openssl libssl-dev libgeographiclib-dev libproj-dev python3
+  googletest clang-14 nginx-light openssl libgeographiclib-dev libproj-dev python3
   # Packages, and the tests of what is installed.
   doxygen dpkg-dev gdb pkg-config unzip
 )

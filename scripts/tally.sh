@@ -96,7 +96,8 @@ test_preset() {
   fi
   wait
   step "$preset: running the tests"
-  for program in quarnfc_tests quarnfc_internal_tests quarnfc_net_tests; do
+  for program in quarnfc_tests quarnfc_internal_tests quarnfc_net_class_tests \
+    quarnfc_net_tests; do
     [ ! -e "$project/build/$preset/bin/$program" ] &&
       [ ! -e "$project/build/$preset/bin/$program.exe" ] && continue
     run_program "$preset" "$program" "$filter"

@@ -5,9 +5,10 @@
 //
 // Ownership: each object owns one handle of the platform's internet API and closes it in Close or
 // its destructor. What GetHttpConnection, OpenURL and OpenRequest return belongs to the caller, who
-// deletes it. Close files before their connection and connections before their session: the
-// platform closes the handles below one that is closed. Copies of an object share its handle, so
-// only one of them may be closed or destroyed while it is open.
+// deletes it. Closing a session closes its connections and files as well, closing a connection its
+// files: what is left of them closes nothing any more, and using it fails with code 6. A connection
+// still refers to its session, though, and must not open requests once that is destroyed. Copies of
+// an object share its handle: the first one that is closed or destroyed closes it for all.
 //
 // Context: a 64-bit value of the host's own that the platform hands back in status callbacks and
 // exceptions carry. The value 1 means "inherit": a connection takes its session's context, a
@@ -17,7 +18,10 @@
 // catcher deletes it. Options and cookies return the platform's result.
 //
 // Threads: an object is used by one thread at a time. Objects of different sessions may be used on
-// different threads.
+// different threads. Status callbacks may run on threads of the platform: Close of a session
+// returns when none of its callbacks is running on another thread, and none starts afterwards. A
+// class derived from CQNInternetSession that overrides OnStatusCallback calls Close in its own
+// destructor, before its members go.
 //
 // Implemented in net: session.cpp, cookies.cpp, connection.cpp and http_connection.cpp.
 //
@@ -29,7 +33,7 @@
 //     file->SendRequest();
 //     CQNString line;
 //     while (file->ReadString(line) != 0) std::printf("%s\n", static_cast<const char*>(line));
-//     delete file;          // files first, then their connection, then the session
+//     delete file;
 //     delete connection;
 //   } catch (CQNInternetException* error) {
 //     delete error;
@@ -49,8 +53,7 @@ class CQNHttpConnection;
 class CQNHttpFile;
 
 // A status callback of the platform: handle, context, status, information and its length.
-typedef void (*QNInternetStatusCallback)(HINTERNET, unsigned __int64, unsigned long, void*,
-                                         unsigned long);
+typedef void (*QNInternetStatusCallback)(HINTERNET, unsigned __int64, DWORD, void*, DWORD);
 
 #if defined(__GNUC__)
 #pragma GCC diagnostic push
@@ -65,25 +68,26 @@ class QN_API CQNInternetSession {
   // bypass and flags are those of InternetOpenA; 0 takes the proxy settings of the system.
   // Throws CQNInternetException*.
   explicit CQNInternetSession(const char* agent = nullptr, unsigned __int64 context = 1,
-                              unsigned long accessType = 0, const char* proxy = nullptr,
-                              const char* bypass = nullptr, unsigned long flags = 0);
+                              DWORD accessType = 0, const char* proxy = nullptr,
+                              const char* bypass = nullptr, DWORD flags = 0);
 
   // Closes the session, and with it what is still open below it.
   ~CQNInternetSession();
 
-  // Copies share the handle: only one of them is closed or destroyed while it is open.
-  CQNInternetSession(const CQNInternetSession&) = default;
-  CQNInternetSession& operator=(const CQNInternetSession&) = default;
+  // Copies share the handle, which the first one to be closed closes. Throw std::bad_alloc.
+  CQNInternetSession(const CQNInternetSession& other);
+  CQNInternetSession& operator=(const CQNInternetSession& other);
 
-  // Uninstalls the status callback and closes the handle. A second call does nothing.
+  // Uninstalls the status callback, closes the handle and waits for callbacks that are running on
+  // other threads. A second call does nothing.
   virtual void Close();
 
   // Progress of any handle of this session, when EnableStatusCallback switched it on: override it
   // to observe. This one calls the callback that was installed before, if there was one. It runs
   // inside the platform's calls, possibly on threads of the platform, and must not throw. It may
   // close or abort the file or connection concerned, but must not destroy it.
-  virtual void OnStatusCallback(unsigned __int64 context, unsigned long status, void* information,
-                                unsigned long informationLength);
+  virtual void OnStatusCallback(unsigned __int64 context, DWORD status, void* information,
+                                DWORD informationLength);
 
   // Connects to an HTTP server with the session's context; port 0 means the default one. user and
   // password may be null. The connection belongs to the caller. Null when memory is exhausted;
@@ -92,18 +96,19 @@ class QN_API CQNInternetSession {
                                        const char* user = nullptr, const char* password = nullptr);
 
   // The same with flags of InternetConnectA.
-  CQNHttpConnection* GetHttpConnection(const char* server, unsigned long flags, unsigned short port,
+  CQNHttpConnection* GetHttpConnection(const char* server, DWORD flags, unsigned short port,
                                        const char* user = nullptr, const char* password = nullptr);
 
   // Opens a URL with the verb GET and returns the response, which belongs to the caller. headers
-  // (null for none) are headersLength bytes, or up to the terminator when headersLength is -1.
-  // Status callbacks of the response start when this returns.
+  // (null for none), "Name: value\r\n" each, are headersLength bytes, or up to the terminator when
+  // headersLength is -1. Status callbacks of the response start when this returns. Null when memory
+  // is exhausted.
   //
   // Returns null for a file URL, which is not opened, and for anything that is not HTTP or HTTPS
   // once it was opened; that handle deliberately stays open until the session is closed. Throws
   // CQNInternetException* with the session's context when the URL cannot be opened.
-  CQNHttpFile* OpenURL(const char* url, unsigned __int64 context = 1, unsigned long flags = 0,
-                       const char* headers = nullptr, unsigned long headersLength = 0);
+  CQNHttpFile* OpenURL(const char* url, unsigned __int64 context = 1, DWORD flags = 0,
+                       const char* headers = nullptr, DWORD headersLength = 0xFFFFFFFF);
 
   // Switches status callbacks of this session on or off. Handles made afterwards report to
   // OnStatusCallback. Returns 0 without an open session, otherwise 1, also when nothing changed.
@@ -118,11 +123,11 @@ class QN_API CQNInternetSession {
 
   // Writes the cookies of url, "name=value; name=value", into buffer, length bytes with the
   // terminator. Returns the platform's result: 0 without a cookie and when buffer is too small.
-  static int GetCookie(const char* url, const char* cookieName, char* buffer, unsigned long length);
+  static int GetCookie(const char* url, const char* cookieName, char* buffer, DWORD length);
 
   // The length that GetCookie needs, as the platform counts it, which includes the terminator; 0
   // when there is no cookie.
-  static unsigned long GetCookieLength(const char* url, const char* cookieName);
+  static DWORD GetCookieLength(const char* url, const char* cookieName);
 
   // The same into a string, which is as long as it has to be. The string's length is deliberately
   // the count the platform reports, which includes the terminator where the platform counts it. On
@@ -157,9 +162,9 @@ class QN_API CQNInternetConnection {
   // Closes the connection, and with it the requests that are still open.
   ~CQNInternetConnection();
 
-  // Copies share the handle: only one of them is closed or destroyed while it is open.
-  CQNInternetConnection(const CQNInternetConnection&) = default;
-  CQNInternetConnection& operator=(const CQNInternetConnection&) = default;
+  // Copies share the handle, which the first one to be closed closes. Throw std::bad_alloc.
+  CQNInternetConnection(const CQNInternetConnection& other);
+  CQNInternetConnection& operator=(const CQNInternetConnection& other);
 
   // Closes the handle. A second call does nothing.
   virtual void Close();
@@ -176,16 +181,16 @@ class QN_API CQNInternetConnection {
   // Options of the connection: the platform's numbers, buffers and results, 0 on failure.
 
   // Sets an option to the length bytes in buffer.
-  int SetOption(unsigned long option, void* buffer, unsigned long length, unsigned long flags);
+  int SetOption(DWORD option, void* buffer, DWORD length, DWORD flags);
 
   // Sets an option that takes a number, such as a timeout in milliseconds.
-  int SetOption(unsigned long option, unsigned long value, unsigned long flags = 0);
+  int SetOption(DWORD option, DWORD value, DWORD flags = 0);
 
   // Reads an option into buffer, *length bytes; *length becomes what was written or is needed.
-  int QueryOption(unsigned long option, void* buffer, unsigned long* length) const;
+  int QueryOption(DWORD option, void* buffer, DWORD* length) const;
 
   // Reads an option that is a number; on failure value stays as it was.
-  int QueryOption(unsigned long option, unsigned long& value) const;
+  int QueryOption(DWORD option, DWORD& value) const;
 
   static void* operator new(std::size_t size);
   static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
@@ -196,6 +201,7 @@ class QN_API CQNInternetConnection {
 
  private:
   friend class CQNHttpConnection;
+  friend class CQNHttpFile;
   friend class CQNInternetFile;
 
   HINTERNET handle_;
@@ -218,7 +224,7 @@ class QN_API CQNHttpConnection : public CQNInternetConnection {
                     unsigned __int64 context = 1);
 
   // The same with flags.
-  CQNHttpConnection(CQNInternetSession* session, const char* server, unsigned long flags,
+  CQNHttpConnection(CQNInternetSession* session, const char* server, DWORD flags,
                     unsigned short port, const char* user = nullptr, const char* password = nullptr,
                     unsigned __int64 context = 1);
 
@@ -232,19 +238,26 @@ class QN_API CQNHttpConnection : public CQNInternetConnection {
   // HttpOpenRequestA. The verb number indexes szHtmlVerbs; any other gives the empty verb.
   //
   // A failure of the platform is deliberately not reported here: the request then has a null
-  // handle and throws when it is used. Null when memory is exhausted.
+  // handle and throws when it is used. So does one whose verb, object, referer, version or accepted
+  // types hold a line end, which would start a header that nobody meant; the platform's last error
+  // is 87 then. To learn of a failure at once:
+  //
+  //   std::unique_ptr<CQNHttpFile> file(connection.OpenRequest("GET", object));
+  //   if (file == nullptr || *file == nullptr) ...  // no memory, or not opened
+  //
+  // Null when memory is exhausted.
   CQNHttpFile* OpenRequest(const char* verb, const char* object, const char* referer = nullptr,
                            unsigned __int64 context = 1, const char** acceptTypes = nullptr,
-                           const char* version = nullptr, unsigned long flags = 0);
+                           const char* version = nullptr, DWORD flags = 0);
 
   // The same with a verb number.
   CQNHttpFile* OpenRequest(int verb, const char* object, const char* referer = nullptr,
                            unsigned __int64 context = 1, const char** acceptTypes = nullptr,
-                           const char* version = nullptr, unsigned long flags = 0);
+                           const char* version = nullptr, DWORD flags = 0);
 
  private:
   void Connect(const char* server, unsigned short port, const char* user, const char* password,
-               unsigned long flags);
+               DWORD flags);
   void Adopt(HINTERNET connection);
 
   // Always empty: part of the layout.

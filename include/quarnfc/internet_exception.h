@@ -39,7 +39,7 @@ struct InternetError;
 class QN_API CQNInternetException {
  public:
   // An exception with the platform's error code and context 0. To throw one, make it with new.
-  CQNInternetException(unsigned long code);
+  CQNInternetException(DWORD code);
 
   // Writes the text of the error (ANSI code page) into text, a buffer of maximum bytes, cut to fit
   // without splitting a double-byte character. Returns nonzero on success; an unknown code stores

@@ -5,7 +5,8 @@
 // caller, who deletes them. Text is in the process ANSI code page; counts are in bytes.
 //
 // Errors: a CQNInternetException* with the platform's error code and the file's context, which the
-// catcher deletes. Code 6 stands for a closed file and for reading or writing in the wrong mode,
+// catcher deletes. Code 6 stands for a closed file, also one that was closed with its session or
+// connection, and for reading or writing in the wrong mode,
 // code 12017 for a file that a status callback closed during the call. Queries and options return
 // the platform's result instead.
 //
@@ -18,7 +19,7 @@
 //   try {
 //     CQNInternetSession session("MapClient");
 //     CQNHttpFile* file = session.OpenURL("http://maps.example/tile.bin");
-//     unsigned long status = 0;
+//     DWORD status = 0;
 //     if (file != nullptr && file->QueryInfoStatusCode(status) != 0 && status == 200) {
 //       char block[4096];
 //       while (const unsigned int count = file->Read(block, sizeof(block))) {
@@ -51,13 +52,19 @@ class QN_API CQNInternetFile {
 
   // Reads up to count bytes into buffer, which has room for them, and returns how many; 0 at the
   // end of the data. Waits for the network. Fewer than count are no sign of the end.
+  // Once the read buffer was made larger, deliberately, bytes of it that were never received may be
+  // handed out as zeros: set its size before the first read.
   virtual unsigned int Read(void* buffer, unsigned int count);
 
   // Writes count bytes, or holds them when there is a write buffer with room for them: what is held
   // is written by a later Write that needs the room, by Flush, EndRequest or Close.
   virtual void Write(const void* buffer, unsigned int count);
 
-  // Closes the file, as Close does, and forgets the object's name.
+  // Closes the file and forgets the object's name. Deliberately through Close, so that bytes held
+  // for writing are flushed, which throws when the connection is dead. To drop them and the file:
+  //
+  //   try { file->Abort(); } catch (CQNInternetException* error) { delete error; }
+  //   delete file;  // closes the handle whatever happens
   virtual void Abort();
 
   // Writes the bytes that the write buffer holds.
@@ -105,16 +112,16 @@ class QN_API CQNInternetFile {
   // Options of the file: the platform's numbers, buffers and results, 0 on failure.
 
   // Sets an option to the length bytes in buffer.
-  int SetOption(unsigned long option, void* buffer, unsigned long length, unsigned long flags);
+  int SetOption(DWORD option, void* buffer, DWORD length, DWORD flags);
 
   // Sets an option that takes a number, such as a timeout in milliseconds.
-  int SetOption(unsigned long option, unsigned long value, unsigned long flags = 0);
+  int SetOption(DWORD option, DWORD value, DWORD flags = 0);
 
   // Reads an option into buffer, *length bytes; *length becomes what was written or is needed.
-  int QueryOption(unsigned long option, void* buffer, unsigned long* length) const;
+  int QueryOption(DWORD option, void* buffer, DWORD* length) const;
 
   // Reads an option that is a number; on failure value stays as it was.
-  int QueryOption(unsigned long option, unsigned long& value) const;
+  int QueryOption(DWORD option, DWORD& value) const;
 
   // Sets the size of the read buffer; 0 removes it with what it holds, 0xFFFFFFFF changes nothing.
   // Returns 0 and changes nothing when size is below the position of the next byte to hand out, or
@@ -123,7 +130,9 @@ class QN_API CQNInternetFile {
   // Deliberately, the tail of the old buffer from that position to its end is carried over, whether
   // or not it was ever filled (bytes never filled are zero), and a tail that does not fit into the
   // new buffer is dropped, bytes not yet handed out included. So set the size before the first
-  // read, or when all that was read has been taken.
+  // read, or when all that was read has been taken:
+  //
+  //   file->SetReadBufferSize(65536);  // right after SendRequest
   int SetReadBufferSize(unsigned int size);
 
   // Sets the size of the write buffer; 0 removes it. Bytes that would not fit are flushed first,
@@ -151,6 +160,10 @@ class QN_API CQNInternetFile {
  private:
   friend class CQNHttpConnection;
   friend class CQNHttpFile;
+
+  // A file without a handle; TakeHandle gives it one.
+  CQNInternetFile(const char* object, const char* server, unsigned __int64 context, int readMode);
+  void TakeHandle(HINTERNET file, HINTERNET parent, CQNInternetSession* session);
 
   unsigned int ReadHandle(void* buffer, unsigned int count);
   unsigned int WriteHandle(const void* data, unsigned int count);
@@ -187,61 +200,67 @@ class QN_API CQNHttpFile : public CQNInternetFile {
   // Adds headers of length bytes, or up to the terminator when length is -1 (a null text is empty).
   // Each header ends with CR LF. flags are those of HttpAddRequestHeadersA. Returns the platform's
   // result: 0 on failure.
-  int AddRequestHeaders(const char* headers, unsigned long flags, int length = -1);
+  int AddRequestHeaders(const char* headers, DWORD flags, int length = -1);
 
   // The same with the whole string, which is not changed.
-  int AddRequestHeaders(CQNString& headers, unsigned long flags);
+  int AddRequestHeaders(CQNString& headers, DWORD flags);
 
   // Sends the request with additional headers (headersLength bytes, or up to the terminator when
   // it is -1) and a body of optionalLength bytes, and receives the response's headers. Nonzero on
-  // success; a failure throws.
-  int SendRequest(const char* headers = nullptr, unsigned long headersLength = 0,
-                  void* optional = nullptr, unsigned long optionalLength = 0);
-  //
-  // The body is read during the call only and stays the caller's.
+  // success; a failure throws. The body is read during the call only and stays the caller's.
+  int SendRequest(const char* headers = nullptr, DWORD headersLength = 0xFFFFFFFF,
+                  void* optional = nullptr, DWORD optionalLength = 0);
 
   // The same with the whole string as additional headers.
-  int SendRequest(CQNString& headers, void* optional = nullptr, unsigned long optionalLength = 0);
+  int SendRequest(CQNString& headers, void* optional = nullptr, DWORD optionalLength = 0);
 
   // Sends the request's headers and announces a body of totalLength bytes, which follows through
   // Write; EndRequest finishes it. Afterwards the file can be written and read. Context 1 means the
   // file's. Nonzero on success; a failure throws.
-  int SendRequestEx(unsigned long totalLength, unsigned long flags = 0,
-                    unsigned __int64 context = 1);
+  int SendRequestEx(DWORD totalLength, DWORD flags = 0, unsigned __int64 context = 1);
 
   // The same with the platform's own records, as HttpSendRequestExA takes them.
-  int SendRequestEx(INTERNET_BUFFERSA* buffersIn, INTERNET_BUFFERSA* buffersOut,
-                    unsigned long flags, unsigned __int64 context);
+  int SendRequestEx(INTERNET_BUFFERSA* buffersIn, INTERNET_BUFFERSA* buffersOut, DWORD flags,
+                    unsigned __int64 context);
 
   // Writes what the write buffer still holds, ends a request begun with SendRequestEx and receives
-  // the response's headers. Nonzero on success; a failure throws.
-  int EndRequest(unsigned long flags = 0, INTERNET_BUFFERSA* buffers = nullptr,
+  // the response's headers. Nonzero on success; a failure throws. Write deliberately stays allowed
+  // afterwards, although the platform takes the bytes for nobody's: the last Write comes before
+  // EndRequest.
+  int EndRequest(DWORD flags = 0, INTERNET_BUFFERSA* buffers = nullptr,
                  unsigned __int64 context = 1);
 
   // Response headers: level and results are those of HttpQueryInfoA, 0 on failure. index selects
   // among headers of one name, is moved on to the next, and may be null.
 
   // The header as the platform writes it, into buffer of *length bytes.
-  int QueryInfo(unsigned long level, void* buffer, unsigned long* length,
-                unsigned long* index) const;
+  int QueryInfo(DWORD level, void* buffer, DWORD* length, DWORD* index) const;
 
   // The header as a number; on failure number stays as it was.
-  int QueryInfo(unsigned long level, unsigned long& number, unsigned long* index = nullptr) const;
+  int QueryInfo(DWORD level, DWORD& number, DWORD* index = nullptr) const;
 
   // The header as a point in time (UTC); on failure *time stays as it was.
-  int QueryInfo(unsigned long level, SYSTEMTIME* time, unsigned long* index = nullptr) const;
+  int QueryInfo(DWORD level, SYSTEMTIME* time, DWORD* index = nullptr) const;
 
-  // The header as text. On failure the string is empty.
-  int QueryInfo(unsigned long level, CQNString& text, unsigned long* index = nullptr) const;
+  // The header as text. On failure the string is empty. Deliberately asks for the first header's
+  // length without the index, so it fails when a later one is longer; the form with a buffer does
+  // not:
+  //
+  //   char text[4096];
+  //   for (DWORD index = 0, length = sizeof(text);
+  //        file->QueryInfo(HTTP_QUERY_SET_COOKIE, text, &length, &index); length = sizeof(text))
+  //        ...
+  int QueryInfo(DWORD level, CQNString& text, DWORD* index = nullptr) const;
 
   // The status of the response, such as 200. Returns the platform's result; 0 leaves statusCode.
-  int QueryInfoStatusCode(unsigned long& statusCode) const;
+  int QueryInfoStatusCode(DWORD& statusCode) const;
 
   // The verb the request was made with; "GET" for a file of OpenURL.
   CQNString GetVerb() const;
 
-  // "http://" with server and object, deliberately also for HTTPS; just "http://" for a request
-  // that could not be opened.
+  // "http://" with server and object, deliberately also for HTTPS and without the port; just
+  // "http://" for a request that could not be opened. A host that needs the whole URL keeps the one
+  // it opened, or asks QueryOption for INTERNET_OPTION_URL (34).
   virtual CQNString GetFileURL() const;
 
  protected:

@@ -26,6 +26,16 @@ struct _SYSTEMTIME;
 struct _INTERNET_BUFFERSA;
 struct _EXCEPTION_POINTERS;
 
+// The platform's 32-bit number. It is unsigned long where that has 32 bits, which is what
+// signatures on Windows have always said, and unsigned int elsewhere: numbers, lengths and flags
+// that hosts hand to the HTTP client have four bytes on every target.
+#if defined(_WIN32)
+typedef unsigned long DWORD;
+#else
+typedef unsigned int DWORD;
+#endif
+static_assert(sizeof(DWORD) == 4, "numbers of the platform have 32 bits");
+
 typedef wchar_t* BSTR;    // a system string, released with SysFreeString
 typedef void* HINTERNET;  // a handle of the platform's internet API
 typedef struct _SYSTEMTIME SYSTEMTIME;

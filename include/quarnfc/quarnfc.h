@@ -30,6 +30,7 @@
 #include <quarnfc/geographic.h>
 #include <quarnfc/hmac_sha256.h>
 #include <quarnfc/internet.h>
+#include <quarnfc/internet_api.h>
 #include <quarnfc/internet_exception.h>
 #include <quarnfc/internet_file.h>
 #include <quarnfc/json_files.h>

@@ -5,7 +5,7 @@
 // memory is exhausted. The functions may be called from any thread.
 //
 // Example:
-//   unsigned long service = 0;
+//   DWORD service = 0;
 //   unsigned short port = 0;
 //   CQNString server, object;
 //   qnParseURL("https://maps.example/tiles?z=3", service, server, object, port) != 0;    // == true
@@ -17,6 +17,7 @@
 #define QUARNFC_URL_H_
 
 #include <quarnfc/export.h>
+#include <quarnfc/platform_types.h>
 #include <quarnfc/qn_string.h>
 
 // The services a URL can name. The first three are the platform's own service numbers.
@@ -32,23 +33,23 @@ enum EQNServiceType : unsigned int {
 };
 
 // Splits url. Returns nonzero on success, with serviceType one of EQNServiceType and port the one
-// the URL names or else the default of its scheme. Server and object hold up to 2083 characters
+// the URL names or else the default of its scheme. Server and object hold up to 2083 bytes
 // each; a longer part makes the call fail.
 //
 // A null url returns 0 with serviceType eServiceUnknown; nothing else is touched. Any other failure
 // returns 0 with serviceType eServiceUnknown and the port untouched; the strings hold what the
 // platform wrote, which is their previous text when it wrote nothing. The platform's last error
 // tells why.
-QN_PLAIN_API int qnParseURL(const char* url, unsigned long& serviceType, CQNString& server,
+QN_PLAIN_API int qnParseURL(const char* url, DWORD& serviceType, CQNString& server,
                             CQNString& object, unsigned short& port);
 
 // As qnParseURL, with user name and password, and with ICU_ flags of the platform:
 // ICU_NO_ENCODE, ICU_NO_META, ICU_ENCODE_SPACES_ONLY and ICU_BROWSER_MODE govern canonicalisation;
 // ICU_DECODE or ICU_ESCAPE ask for percent escapes of the object to be decoded, up to the first
-// "?" or "#" when ICU_BROWSER_MODE is set as well. Server holds up to 255 characters, object 2047,
+// "?" or "#" when ICU_BROWSER_MODE is set as well. Server holds up to 255 bytes, object 2047,
 // user name and password 127 each; a longer part makes the call fail.
-QN_PLAIN_API int qnParseURLEx(const char* url, unsigned long& serviceType, CQNString& server,
+QN_PLAIN_API int qnParseURLEx(const char* url, DWORD& serviceType, CQNString& server,
                               CQNString& object, unsigned short& port, CQNString& user,
-                              CQNString& password, unsigned long flags);
+                              CQNString& password, DWORD flags);
 
 #endif  // QUARNFC_URL_H_

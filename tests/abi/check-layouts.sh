@@ -75,6 +75,7 @@ layout_of() {
       sub(/^ *[0-9]+ \| /, "", entry)
       if (entry ~ / RTTI$/ || entry ~ /::Anchor\(\)$/) next
       if (entry ~ /~/) entry = "destructor"
+      gsub(/DWORD/, "unsigned long", entry)  # the name of that type on Windows
       slots[++slot_count] = entry
     }
     /\*\*\* Dumping AST Record Layout/ { at_record = 1; in_record = 0; next }

@@ -7,11 +7,13 @@ set(export_header ${headers})
 list(FILTER export_header INCLUDE REGEX "/export\\.h$")
 # Nothing in it is for hosts.
 list(REMOVE_ITEM headers ${export_header})
+# Names of the platform, which the examples of the HTTP client use.
+list(FILTER headers EXCLUDE REGEX "/internet_api\\.h$")
 
 # These need a server, or leave something behind beside the library.
 set(compiled_headers ${headers})
 set(compiled_only crash_dump internet internet_exception internet_file)
-if(NOT WIN32)
+if(NOT QUARNFC_HTTP)
   list(APPEND compiled_only url)
 endif()
 list(JOIN compiled_only "|" compiled_only)

@@ -3,10 +3,18 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
+#include <sstream>
 #include <utility>
 
 namespace {
+
+#if defined(_WIN32)
+using FakeOffset = LONG;
+#else
+using FakeOffset = int;
+#endif
 
 FakeInternet g_fake;
 
@@ -21,9 +29,16 @@ class FreshFake : public testing::EmptyTestEventListener {
 }();
 
 BOOL Answer(DWORD error) {
-  if (error == 0) return TRUE;
+  if (error == 0) return 1;
   SetLastError(error);
-  return FALSE;
+  return 0;
+}
+
+template <class... Parts>
+void Record(const Parts&... parts) {
+  std::ostringstream text;
+  (text << ... << parts);
+  g_fake.calls.push_back(text.str());
 }
 
 void CallBack(const std::function<void()>& callback) {
@@ -32,7 +47,12 @@ void CallBack(const std::function<void()>& callback) {
   once();
 }
 
-BOOL WINAPI FakeReadFile(HINTERNET, void* buffer, DWORD count, DWORD* read) {
+}  // namespace
+
+// Named after what they stand in for; the build puts them in its place.
+extern "C" {
+
+int FakeReadFile(HINTERNET, void* buffer, DWORD count, DWORD* read) {
   FakeInternet& fake = g_fake;
   fake.reads.push_back(count);
   CallBack(fake.during_transfer);
@@ -46,45 +66,39 @@ BOOL WINAPI FakeReadFile(HINTERNET, void* buffer, DWORD count, DWORD* read) {
     fake.response_position += given;
   }
   *read = given;
-  return TRUE;
+  return 1;
 }
 
-BOOL WINAPI FakeWriteFile(HINTERNET, const void* data, DWORD count, DWORD* written) {
+int FakeWriteFile(HINTERNET, const void* data, DWORD count, DWORD* written) {
   FakeInternet& fake = g_fake;
   CallBack(fake.during_transfer);
   if (fake.write_error != 0) return Answer(fake.write_error);
   *written = std::min(count, static_cast<DWORD>(fake.write_limit));
   fake.writes.emplace_back(static_cast<const char*>(data), *written);
   fake.calls.push_back("write " + fake.writes.back());
-  SetLastError(ERROR_HANDLE_EOF);
-  return TRUE;
+  SetLastError(kErrorOfShortWrites);
+  return 1;
 }
 
-HINTERNET WINAPI FakeOpen(const char* agent, DWORD access, const char*, const char*, DWORD flags) {
-  char call[64];
-  wsprintfA(call, "open %s access %u flags %u", agent, access, flags);
-  g_fake.calls.push_back(call);
+HINTERNET FakeOpen(const char* agent, DWORD access, const char*, const char*, DWORD flags) {
+  Record("open ", agent, " access ", access, " flags ", flags);
   return FakeHandle();
 }
 
-HINTERNET WINAPI FakeOpenUrl(HINTERNET, const char* url, const char*, DWORD length, DWORD flags,
-                             DWORD_PTR context) {
-  char call[100];
-  wsprintfA(call, "url %s headers %u flags %u context %u", url, length, flags,
-            static_cast<unsigned int>(context));
-  g_fake.calls.push_back(call);
+HINTERNET FakeOpenUrl(HINTERNET, const char* url, const char*, DWORD length, DWORD flags,
+                      unsigned __int64 context) {
+  Record("url ", url, " headers ", length, " flags ", flags, " context ", context);
   return FakeUrlHandle();
 }
 
-BOOL WINAPI FakeQueryOption(HINTERNET, DWORD, void* buffer, DWORD* length) {
+int FakeQueryOption(HINTERNET, DWORD, void* buffer, DWORD* length) {
   if (g_fake.handle_type == 0) return Answer(ERROR_INTERNET_INVALID_OPERATION);
   *length = sizeof(g_fake.handle_type);
   std::memcpy(buffer, &g_fake.handle_type, *length);
-  return TRUE;
+  return 1;
 }
 
-INTERNET_STATUS_CALLBACK WINAPI FakeSetStatusCallback(HINTERNET,
-                                                      INTERNET_STATUS_CALLBACK callback) {
+INTERNET_STATUS_CALLBACK FakeSetStatusCallback(HINTERNET, INTERNET_STATUS_CALLBACK callback) {
   g_fake.calls.push_back(callback != nullptr ? "install" : "uninstall");
   if (g_fake.refuses_callback) {
     SetLastError(ERROR_INTERNET_INVALID_OPERATION);
@@ -93,46 +107,40 @@ INTERNET_STATUS_CALLBACK WINAPI FakeSetStatusCallback(HINTERNET,
   return std::exchange(g_fake.callback, callback);
 }
 
-BOOL WINAPI FakeCloseHandle(HINTERNET handle) {
-  char call[64];
-  wsprintfA(call, "close %x", static_cast<unsigned int>(reinterpret_cast<ULONG_PTR>(handle)));
-  g_fake.calls.push_back(call);
+int FakeCloseHandle(HINTERNET handle) {
+  std::ostringstream number;
+  number << std::hex << reinterpret_cast<std::uintptr_t>(handle);
+  Record("close ", number.str());
   CallBack(g_fake.during_close);
-  return TRUE;
+  return 1;
 }
 
-DWORD WINAPI FakeSetFilePointer(HINTERNET, LONG offset, void*, DWORD method, DWORD_PTR context) {
-  char call[64];
-  wsprintfA(call, "seek %d %u %u", offset, method, static_cast<unsigned int>(context));
-  g_fake.calls.push_back(call);
+DWORD FakeSetFilePointer(HINTERNET, FakeOffset offset, void*, DWORD method,
+                         unsigned __int64 context) {
+  Record("seek ", offset, " ", method, " ", context);
   SetLastError(12016);
   return g_fake.position;
 }
 
-BOOL WINAPI FakeQueryDataAvailable(HINTERNET, DWORD* available, DWORD flags, DWORD_PTR context) {
+int FakeQueryDataAvailable(HINTERNET, DWORD* available, DWORD flags, unsigned __int64 context) {
   if (flags != 0 || context != 0) return Answer(ERROR_INVALID_PARAMETER);  // both are reserved
   *available = g_fake.data_available;
   return g_fake.data_available != 0;
 }
 
-BOOL WINAPI FakeSendRequestEx(HINTERNET, INTERNET_BUFFERSA* in, INTERNET_BUFFERSA*, DWORD flags,
-                              DWORD_PTR context) {
-  char call[64];
-  wsprintfA(call, "begin %u of size %u flags %u context %u", in->dwBufferTotal,
-            static_cast<unsigned int>(in->dwStructSize - sizeof(*in)), flags,
-            static_cast<unsigned int>(context));
-  g_fake.calls.push_back(call);
-  return TRUE;
+int FakeSendRequestEx(HINTERNET, INTERNET_BUFFERSA* in, INTERNET_BUFFERSA*, DWORD flags,
+                      unsigned __int64 context) {
+  Record("begin ", in->dwBufferTotal, " of size ", in->dwStructSize - sizeof(*in), " flags ", flags,
+         " context ", context);
+  return 1;
 }
 
-BOOL WINAPI FakeEndRequest(HINTERNET, INTERNET_BUFFERSA*, DWORD flags, DWORD_PTR context) {
-  char call[64];
-  wsprintfA(call, "end flags %u context %u", flags, static_cast<unsigned int>(context));
-  g_fake.calls.push_back(call);
+int FakeEndRequest(HINTERNET, INTERNET_BUFFERSA*, DWORD flags, unsigned __int64 context) {
+  Record("end flags ", flags, " context ", context);
   return Answer(g_fake.end_error);
 }
 
-BOOL WINAPI FakeQueryInfo(HINTERNET, DWORD, void* buffer, DWORD* length, DWORD* index) {
+int FakeQueryInfo(HINTERNET, DWORD, void* buffer, DWORD* length, DWORD* index) {
   const std::string& header = g_fake.header;
   g_fake.calls.push_back(index != nullptr ? "query with index" : "query");
   if (header.empty()) return Answer(ERROR_HTTP_HEADER_NOT_FOUND);
@@ -141,73 +149,36 @@ BOOL WINAPI FakeQueryInfo(HINTERNET, DWORD, void* buffer, DWORD* length, DWORD* 
   if (buffer == nullptr || capacity < header.size()) return Answer(ERROR_INSUFFICIENT_BUFFER);
   std::memcpy(buffer, header.data(), header.size());
   if (!g_fake.counts_header) *length = 0xFFFFFFFF;
-  return TRUE;
+  return 1;
 }
 
-BOOL WINAPI FakeGetCookie(const char*, const char*, char* buffer, DWORD* length) {
+int FakeGetCookie(const char*, const char*, char* buffer, DWORD* length) {
   const std::string& cookie = g_fake.cookie;
   if (cookie.empty()) return Answer(ERROR_NO_MORE_ITEMS);
   const DWORD capacity = *length;
   *length = static_cast<DWORD>(cookie.size()) + 1;
-  if (buffer == nullptr) return TRUE;
+  if (buffer == nullptr) return 1;
   if (capacity < *length) return Answer(ERROR_INSUFFICIENT_BUFFER);
   std::memcpy(buffer, cookie.c_str(), *length);
   if (!g_fake.counts_cookie) *length = 0xFFFFFFFF;
-  return TRUE;
+  return 1;
 }
 
-BOOL WINAPI FakeGetLastResponseInfo(DWORD* error, char* buffer, DWORD* length) {
+int FakeGetLastResponseInfo(DWORD* error, char* buffer, DWORD* length) {
   const std::string& text = g_fake.server_text;
   *error = 0;
   const DWORD capacity = *length;
   *length = static_cast<DWORD>(text.size());
-  if (text.empty()) return TRUE;
+  if (text.empty()) return 1;
   const DWORD needed = *length + (g_fake.asks_for_end ? 1 : 0);
   if (buffer == nullptr || capacity < needed) {
     *length = needed;
     return Answer(ERROR_INSUFFICIENT_BUFFER);
   }
   std::memcpy(buffer, text.c_str(), needed);
-  return TRUE;
+  return 1;
 }
 
-// The messages of the platform, and one for the error that asks for the server's own words.
-DWORD WINAPI FakeFormatMessage(DWORD flags, const void* source, DWORD code, DWORD language,
-                               char* buffer, DWORD size, va_list* arguments) {
-  constexpr char kExtendedError[] = "The server returned extended information.";
-  if (code == ERROR_INTERNET_EXTENDED_ERROR) {
-    auto* text = static_cast<char*>(LocalAlloc(LPTR, sizeof(kExtendedError)));
-    std::memcpy(text, kExtendedError, sizeof(kExtendedError));
-    *reinterpret_cast<char**>(buffer) = text;
-    return sizeof(kExtendedError) - 1;
-  }
-  static const auto real = reinterpret_cast<decltype(&FormatMessageA)>(
-      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("kernel32.dll"), "FormatMessageA")));
-  return real(flags, source, code, language, buffer, size, arguments);
-}
-
-}  // namespace
+}  // extern "C"
 
 FakeInternet& TheFakeInternet() { return g_fake; }
-
-// The library reaches the platform through import pointers; these stand in their place.
-extern "C" {
-extern decltype(&FakeOpen) const __imp_InternetOpenA = FakeOpen;
-extern decltype(&FakeSetStatusCallback) const __imp_InternetSetStatusCallback =
-    FakeSetStatusCallback;
-extern decltype(&FakeOpenUrl) const __imp_InternetOpenUrlA = FakeOpenUrl;
-extern decltype(&FakeQueryOption) const __imp_InternetQueryOptionA = FakeQueryOption;
-extern decltype(&FakeReadFile) const __imp_InternetReadFile = FakeReadFile;
-extern decltype(&FakeWriteFile) const __imp_InternetWriteFile = FakeWriteFile;
-extern decltype(&FakeCloseHandle) const __imp_InternetCloseHandle = FakeCloseHandle;
-extern decltype(&FakeSetFilePointer) const __imp_InternetSetFilePointer = FakeSetFilePointer;
-extern decltype(&FakeQueryDataAvailable) const __imp_InternetQueryDataAvailable =
-    FakeQueryDataAvailable;
-extern decltype(&FakeSendRequestEx) const __imp_HttpSendRequestExA = FakeSendRequestEx;
-extern decltype(&FakeEndRequest) const __imp_HttpEndRequestA = FakeEndRequest;
-extern decltype(&FakeQueryInfo) const __imp_HttpQueryInfoA = FakeQueryInfo;
-extern decltype(&FakeGetCookie) const __imp_InternetGetCookieA = FakeGetCookie;
-extern decltype(&FakeGetLastResponseInfo) const __imp_InternetGetLastResponseInfoA =
-    FakeGetLastResponseInfo;
-extern decltype(&FakeFormatMessage) const __imp_FormatMessageA = FakeFormatMessage;
-}

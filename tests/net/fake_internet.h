@@ -55,6 +55,9 @@ FakeInternet& TheFakeInternet();
 
 constexpr unsigned __int64 kTestContext = 77;
 
+// What the last error says after a write, also a short one.
+constexpr DWORD kErrorOfShortWrites = 38;
+
 inline HINTERNET FakeHandle() { return reinterpret_cast<HINTERNET>(0x1234); }
 
 inline HINTERNET FakeUrlHandle() { return reinterpret_cast<HINTERNET>(0x5678); }

@@ -61,7 +61,7 @@ TEST_F(WriteBuffer, FlushWritesWhatIsHeldOnce) {
 
 TEST_F(WriteBuffer, CloseAndDestructionFlush) {
   {
-    FakeFile other(0);
+    FakeFile other(0, FakeUrlHandle());
     other.SetWriteBufferSize(10);
     other.Write("abc", 3);
   }
@@ -69,7 +69,7 @@ TEST_F(WriteBuffer, CloseAndDestructionFlush) {
   Write("1234");
   file.Close();
   file.Close();
-  EXPECT_EQ(fake().calls, (Texts{"write abc", "close 1234", "write 1234", "close 1234"}));
+  EXPECT_EQ(fake().calls, (Texts{"write abc", "close 5678", "write 1234", "close 1234"}));
 }
 
 TEST_F(WriteBuffer, WriteStringWritesWithoutTerminatorOrLineEnd) {
@@ -107,17 +107,17 @@ TEST_F(WriteBuffer, FailuresThrowTheErrorOfThePlatform) {
 
 TEST_F(WriteBuffer, DestructionSurvivesAFailingFlushAndClosesTheHandle) {
   {
-    FakeFile other(0);
+    FakeFile other(0, FakeUrlHandle());
     other.SetWriteBufferSize(10);
     other.Write("abc", 3);
     fake().write_error = 12031;
   }
-  EXPECT_EQ(fake().calls, (Texts{"close 1234"}));
+  EXPECT_EQ(fake().calls, (Texts{"close 5678"}));
   EXPECT_EQ(std::uncaught_exceptions(), 0);
 }
 
 TEST_F(WriteBuffer, ShortWritesAreNoticedUnbufferedAndByFlushOnly) {
-  const Thrown short_write = {ERROR_HANDLE_EOF, kTestContext};
+  const Thrown short_write = {kErrorOfShortWrites, kTestContext};
   fake().write_limit = 2;
   EXPECT_EQ(ThrownBy([&] { Write("abc"); }), short_write);
   file.SetWriteBufferSize(5);
@@ -253,7 +253,7 @@ TEST(QueryInfo, TextMeasuresItselfWhenThePlatformDoesNotCount) {
 TEST(QueryInfo, TextIsEmptyOnFailure) {
   FakeHttpFile file;
   CQNString text("old");
-  unsigned long index = 3;
+  DWORD index = 3;
   EXPECT_EQ(file.QueryInfo(1, text, &index), 0);
   EXPECT_EQ(TextOf(text), "");
   EXPECT_EQ(TheFakeInternet().calls, (Texts{"query", "query with index"}));
@@ -261,7 +261,7 @@ TEST(QueryInfo, TextIsEmptyOnFailure) {
 
 TEST(QueryInfo, StatusCodeIsConvertedFromText) {
   FakeHttpFile file;
-  unsigned long status = 7;
+  DWORD status = 7;
   EXPECT_EQ(file.QueryInfoStatusCode(status), 0);
   EXPECT_EQ(status, 7u);
   TheFakeInternet().header = "404";

@@ -5,15 +5,14 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <memory>
 #include <string>
+#include <thread>
 
+#include "tests/net/memory_in_use.h"
 #include "tests/net/scripted_server.h"
 #include "tests/net/test_text.h"
-
-#include <windows.h>
-
-#include <psapi.h>
 
 namespace {
 
@@ -79,7 +78,7 @@ TEST(HostileServer, ResetsInTheMiddleOfTheBody) {
   ScriptedServer server([](ServerConnection& connection) {
     connection.ReadRequest();
     connection.Send("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n" + std::string(5000, 'x'));
-    Sleep(200);
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
     connection.Reset();
   });
   const Outcome outcome = Fetch(server.Port());
@@ -167,12 +166,6 @@ TEST(HostileServer, SendsAHundredThousandHeaders) {
   }
 }
 
-size_t MemoryInUse() {
-  PROCESS_MEMORY_COUNTERS counters = {};
-  GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof(counters));
-  return counters.PagefileUsage;
-}
-
 // Sends the piece until the client has gone.
 void SendForEver(ServerConnection& connection, const std::string& piece) {
   connection.ReadRequest();
@@ -228,7 +221,7 @@ TEST(HostileServer, RedirectsForEverButIsNotFollowed) {
   const std::unique_ptr<CQNHttpFile> file(connection->OpenRequest(
       "GET", "/", nullptr, 1, nullptr, nullptr, INTERNET_FLAG_NO_AUTO_REDIRECT));
   file->SendRequest();
-  unsigned long status = 0;
+  DWORD status = 0;
   EXPECT_EQ(file->QueryInfoStatusCode(status), 1);
   EXPECT_EQ(status, 302u);
   EXPECT_EQ(server.Requests().size(), 1u);

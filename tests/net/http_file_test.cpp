@@ -65,6 +65,13 @@ TEST_F(HttpFile, SendsHeadersAndABody) {
   EXPECT_EQ(ReadAll(*file), "answer");
 }
 
+TEST_F(HttpFile, SendsHeadersUpToTheirTerminatorWithoutALength) {
+  Serve(HttpResponse("answer"));
+  const auto file = Open("GET");
+  EXPECT_EQ(file->SendRequest("X-Test: 1\r\n"), 1);
+  EXPECT_TRUE(Contains(LastRequest(), "\r\nX-Test: 1\r\n"));
+}
+
 TEST_F(HttpFile, SendsHeadersFromAString) {
   Serve(HttpResponse("answer"));
   const auto file = Open("PUT");
@@ -186,11 +193,14 @@ TEST_F(HttpFile, SeekReportsWhatThePlatformSays) {
   Serve(HttpResponse("content"));
   const auto file = Get();
   EXPECT_EQ(ThrownBy([&] { file->Seek(0, 3); }), (Thrown{87, 5}));
-  if (UnderWine()) {
-    EXPECT_EQ(ThrownBy([&] { file->Seek(0, 0); }), (Thrown{12016, 5}));
-    GTEST_SKIP() << "Wine: InternetSetFilePointer always fails with 12016";
+#if defined(_WIN32)
+  if (!UnderWine()) {
+    EXPECT_EQ(file->Seek(0, 0), 0u);
+    return;
   }
-  EXPECT_EQ(file->Seek(0, 0), 0u);
+#endif
+  // A body that is not kept anywhere cannot be read twice.
+  EXPECT_EQ(ThrownBy([&] { file->Seek(0, 0); }), (Thrown{12016, 5}));
 }
 
 // --- queries -------------------------------------------------------------------------------------
@@ -209,7 +219,7 @@ TEST_F(HttpFile, QueriesTextNumberDateAndStatus) {
   EXPECT_EQ(file->QueryInfo(HTTP_QUERY_ETAG, text), 0);
   EXPECT_EQ(TextOf(text), "");
 
-  unsigned long number = 0;
+  DWORD number = 0;
   EXPECT_EQ(file->QueryInfo(HTTP_QUERY_CONTENT_LENGTH, number), 1);
   EXPECT_EQ(number, 7u);
   EXPECT_EQ(file->QueryInfo(HTTP_QUERY_STATUS_CODE, number), 1);
@@ -226,7 +236,7 @@ TEST_F(HttpFile, QueriesTextNumberDateAndStatus) {
   EXPECT_EQ(time.wHour, 16);
 
   char raw[10] = {};
-  unsigned long length = sizeof(raw);
+  DWORD length = sizeof(raw);
   EXPECT_EQ(file->QueryInfo(HTTP_QUERY_STATUS_CODE, raw, &length, nullptr), 1);
   EXPECT_STREQ(raw, "404");
 }
@@ -243,7 +253,7 @@ TEST_F(HttpFile, QueriesHeadersOfOneNameByIndex) {
   const auto file = Get();
   std::vector<std::string> values;
   CQNString text;
-  unsigned long index = 0;
+  DWORD index = 0;
   while (values.size() < 5 && file->QueryInfo(HTTP_QUERY_SET_COOKIE, text, &index)) {
     values.push_back(TextOf(text));
   }
@@ -269,8 +279,8 @@ TEST_F(HttpFile, QueriesAllHeadersAtOnce) {
 TEST_F(HttpFile, OptionsPassThrough) {
   Serve(HttpResponse("x"));
   const auto file = Open("GET");
-  unsigned long value = 0;
-  unsigned long length = sizeof(value);
+  DWORD value = 0;
+  DWORD length = sizeof(value);
   EXPECT_EQ(file->SetOption(INTERNET_OPTION_RECEIVE_TIMEOUT, 1234), 1);
   value = 4321;
   EXPECT_EQ(file->SetOption(INTERNET_OPTION_RECEIVE_TIMEOUT, &value, length, 0), 1);

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr unsigned long kExtendedError = 12003;
+constexpr DWORD kExtendedError = 12003;
 
 TEST(ExceptionText, TheServersOwnWordsReplaceTheExtendedError) {
   TheFakeInternet().server_text = "550 no such file";

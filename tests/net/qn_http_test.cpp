@@ -1,9 +1,12 @@
 // The command qn http, as the dispatcher runs it, against the web server of run-with-nginx.sh.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <mutex>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "command.h"
@@ -41,11 +44,21 @@ TEST(QnHttpParse, PrintsThePartsOfAUrl) {
   EXPECT_EQ(RunQn({"http", "parse"}).code, 2);
 }
 
+TEST(QnHttpParse, DecodesCredentialsStripsTheFragmentAndEscapesAsUtf8) {
+  EXPECT_EQ(RunQn({"http", "parse", "http://a%40b:c%3Ad@h/\xE4\xB8\xAD#part"}),
+            (Outcome{0,
+                     "service   http\nserver    h\nport      80\nobject    /%E4%B8%AD\n"
+                     "user      a@b\npassword  c:d\n"}));
+}
+
 TEST(QnHttpUsage, WrongCommandLinesAreUsageErrors) {
   EXPECT_EQ(RunQn({"http", "get"}).code, 2);
   EXPECT_EQ(RunQn({"http", "post", "http://h/"}).code, 2);
   EXPECT_EQ(RunQn({"http", "put", "--data", "x", "http://h/", "file"}).code, 2);
   EXPECT_EQ(RunQn({"http", "get", "--timeout", "0", "http://h/"}).code, 2);
+  EXPECT_EQ(RunQn({"http", "get", "-O", "-o", "x", "http://h/f"}).code, 2);
+  EXPECT_EQ(RunQn({"http", "get", "-C", "http://h/f"}).code, 2);
+  EXPECT_EQ(RunQn({"http", "get", "-O", "http://h/"}).code, 1);
   EXPECT_EQ(RunQn({"http", "get", "ftp://h/"}).code, 1);
   EXPECT_EQ(RunQn({"http", "get", "no url"}).code, 1);
 }
@@ -131,6 +144,125 @@ TEST_F(QnHttp, PutAndPostSendABody) {
   }
   EXPECT_EQ(RunQn({"http", "put", server_ + "/upload/qn.txt", kTarget}).code, 0);
   EXPECT_EQ(RunQn({"http", "get", server_ + "/upload/qn.txt"}), (Outcome{0, "from a file"}));
+}
+
+// A server that keeps what it was sent and gives its answers in turn; the last one stays.
+class AnsweringServer {
+ public:
+  explicit AnsweringServer(std::vector<std::string> answers)
+      : answers_(std::move(answers)), server_([this](ServerConnection& connection) {
+          for (;;) {
+            const std::string request = connection.ReadRequest();
+            if (request.empty()) return;
+            if (!connection.Send(Take(request))) return;
+          }
+        }) {}
+
+  std::string Url(const std::string& path) const { return server_.Url(path); }
+
+  // Whether a request holds a text.
+  bool Got(std::size_t index, const std::string& part) {
+    const std::lock_guard lock(mutex_);
+    return index < requests_.size() && requests_[index].find(part) != std::string::npos;
+  }
+
+  std::size_t Count() {
+    const std::lock_guard lock(mutex_);
+    return requests_.size();
+  }
+
+ private:
+  // Keeps a request and returns its answer.
+  std::string Take(const std::string& request) {
+    const std::lock_guard lock(mutex_);
+    const std::size_t index = std::min(requests_.size(), answers_.size() - 1);
+    requests_.push_back(request);
+    return answers_[index];
+  }
+
+  std::mutex mutex_;
+  std::vector<std::string> requests_;
+  std::vector<std::string> answers_;
+  ScriptedServer server_;
+};
+
+TEST(QnHttpClient, SendsRepeatedHeadersVerbAndCredentials) {
+  AnsweringServer server({HttpResponse("fine")});
+  std::string url = server.Url("/a#part");
+  url.insert(url.find("127"), "us%40er:secret@");
+  EXPECT_EQ(RunQn({"http", "get", "-X", "REPORT", "-H", "X-One: 1", "-H", "X-One: 2", url}),
+            (Outcome{0, "fine"}));
+  EXPECT_TRUE(server.Got(0, "REPORT /a HTTP/1.1\r\n"));
+  EXPECT_TRUE(server.Got(0, "\r\nX-One: 1\r\n"));
+  EXPECT_TRUE(server.Got(0, "\r\nX-One: 2\r\n"));
+  EXPECT_TRUE(server.Got(0, "\r\nAuthorization: Basic dXNAZXI6c2VjcmV0\r\n"));
+}
+
+TEST(QnHttpClient, DoesNotRepeatCredentialsToAnotherServer) {
+  AnsweringServer other({HttpResponse("end")});
+  AnsweringServer server(
+      {HttpResponse("", "Location: " + other.Url("/next") + "\r\n", "302 Found")});
+  EXPECT_EQ(RunQn({"http", "get", "-u", "user:secret", "-H", "Cookie: own=1", "-H", "X-Own: 1",
+                   server.Url("/")}),
+            (Outcome{0, "end"}));
+  EXPECT_TRUE(server.Got(0, "Authorization: Basic"));
+  EXPECT_TRUE(other.Got(0, "GET /next HTTP/1.1"));
+  EXPECT_TRUE(other.Got(0, "X-Own: 1"));
+  EXPECT_FALSE(other.Got(0, "Authorization"));
+  EXPECT_FALSE(other.Got(0, "own=1"));
+}
+
+TEST(QnHttpClient, FollowsSoManyRedirectsOnly) {
+  AnsweringServer server({HttpResponse("", "Location: again\r\n", "302 Found")});
+  EXPECT_EQ(RunQn({"http", "get", "--max-redirects", "3", server.Url("/a/b")}).code, 1);
+  EXPECT_EQ(server.Count(), 4u);
+  EXPECT_TRUE(server.Got(3, "GET /a/again HTTP/1.1"));
+  EXPECT_EQ(RunQn({"http", "get", "--max-redirects", "0", server.Url("/")}).code, 0);
+}
+
+TEST(QnHttpClient, APostBecomesAGetBehindA303AndStaysOneBehindA307) {
+  for (const auto& [status, verb] :
+       {std::pair("303 See Other", "GET"), std::pair("307 Temporary Redirect", "POST")}) {
+    AnsweringServer server({HttpResponse("", "Location: /next\r\n", status), HttpResponse("end")});
+    EXPECT_EQ(RunQn({"http", "post", "-d", "body", server.Url("/")}), (Outcome{0, "end"}));
+    EXPECT_TRUE(server.Got(0, "\r\nContent-Type: application/x-www-form-urlencoded\r\n"));
+    EXPECT_TRUE(server.Got(1, std::string(verb) + " /next HTTP/1.1")) << status;
+    EXPECT_EQ(server.Got(1, "\r\n\r\nbody"), std::string(verb) == "POST") << status;
+  }
+}
+
+TEST(QnHttpClient, WritesTheBodyOfAnErrorStatusWhenAsked) {
+  AnsweringServer server({HttpResponse("why not", "", "404 Not Found")});
+  EXPECT_EQ(RunQn({"http", "get", server.Url("/")}).code, 1);
+  EXPECT_EQ(RunQn({"http", "get", "--error-body", server.Url("/")}), (Outcome{1, "why not"}));
+}
+
+TEST(QnHttpClient, IncludesTheHead) {
+  AnsweringServer server({HttpResponse("body", "X-Own: 1\r\n")});
+  const std::string output = RunQn({"http", "get", "-i", server.Url("/")}).output;
+  EXPECT_EQ(output.rfind("HTTP/1.1 200 OK\n", 0), 0u);
+  EXPECT_NE(output.find("X-Own: 1\n"), std::string::npos);
+  EXPECT_EQ(output.substr(output.size() - 4), "body");
+}
+
+TEST_F(QnHttp, ContinuesAFileThatBrokeOff) {
+  {
+    qn::OutputFile file(kTarget);
+    file.Write("small ");
+    file.Commit();
+  }
+  EXPECT_EQ(RunQn({"http", "get", "-C", "-o", kTarget, server_ + "/small.txt"}), (Outcome{0, ""}));
+  EXPECT_EQ(qn::ReadInput(kTarget), "small content");
+  // Nothing is missing now.
+  EXPECT_EQ(RunQn({"http", "get", "-C", "-o", kTarget, server_ + "/small.txt"}).code, 0);
+  EXPECT_EQ(qn::ReadInput(kTarget), "small content");
+}
+
+TEST_F(QnHttp, SendsALargeFilePieceByPiece) {
+  EXPECT_EQ(RunQn({"http", "get", "-o", kTarget, server_ + "/large.bin"}).code, 0);
+  EXPECT_EQ(RunQn({"http", "put", server_ + "/upload/large.bin", kTarget}).code, 0);
+  EXPECT_EQ(RunQn({"http", "get", "-o", kTarget, server_ + "/upload/large.bin"}).code, 0);
+  EXPECT_EQ(qn::ReadInput(kTarget).size(), 100u * 1024 * 1024);
 }
 
 }  // namespace

@@ -1,19 +1,14 @@
 #include "tests/net/scripted_server.h"
 
-#include <winsock2.h>
-
 #include <algorithm>
 #include <cstdlib>
 #include <stdexcept>
 
+#include "tests/net/sockets.h"
+
 namespace {
 
-struct Winsock {
-  Winsock() {
-    WSADATA data;
-    if (WSAStartup(MAKEWORD(2, 2), &data) != 0) throw std::runtime_error("no sockets");
-  }
-};
+Socket AsSocket(unsigned __int64 number) { return static_cast<Socket>(number); }
 
 sockaddr_in LoopbackAddress(unsigned short port) {
   sockaddr_in address = {};
@@ -23,11 +18,11 @@ sockaddr_in LoopbackAddress(unsigned short port) {
   return address;
 }
 
-SOCKET ListenAnywhere(unsigned short& port) {
-  static const Winsock winsock;
-  const SOCKET listener = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
+Socket ListenAnywhere(unsigned short& port) {
+  StartSockets();
+  const auto listener = static_cast<Socket>(socket(AF_INET, SOCK_STREAM, IPPROTO_TCP));
   sockaddr_in address = LoopbackAddress(0);
-  int length = sizeof(address);
+  SocketLength length = sizeof(address);
   if (bind(listener, reinterpret_cast<sockaddr*>(&address), length) != 0 ||
       listen(listener, SOMAXCONN) != 0 ||
       getsockname(listener, reinterpret_cast<sockaddr*>(&address), &length) != 0) {
@@ -39,22 +34,17 @@ SOCKET ListenAnywhere(unsigned short& port) {
 
 // Waits until the socket is ready to be read or written; false when the server is stopping. (A
 // blocked call is not woken by closing its socket everywhere, so nothing here blocks for long.)
-bool WaitUntilReady(SOCKET socket, bool reading, const std::atomic<bool>& stopping) {
+bool WaitUntilReady(Socket socket, bool reading, const std::atomic<bool>& stopping) {
   while (!stopping) {
     fd_set sockets;
     FD_ZERO(&sockets);
     FD_SET(socket, &sockets);
     timeval moment = {0, 20000};
-    const int ready =
-        select(0, reading ? &sockets : nullptr, reading ? nullptr : &sockets, nullptr, &moment);
+    const int ready = select(static_cast<int>(socket) + 1, reading ? &sockets : nullptr,
+                             reading ? nullptr : &sockets, nullptr, &moment);
     if (ready != 0) return ready > 0;
   }
   return false;
-}
-
-void NeverBlock(SOCKET socket) {
-  u_long enabled = 1;
-  ioctlsocket(socket, FIONBIO, &enabled);
 }
 
 size_t BodyLength(const std::string& head) {
@@ -67,9 +57,9 @@ size_t BodyLength(const std::string& head) {
 }  // namespace
 
 bool ServerConnection::Fill() {
-  if (!WaitUntilReady(socket_, true, stopping_)) return false;
+  if (!WaitUntilReady(AsSocket(socket_), true, stopping_)) return false;
   char bytes[65536];
-  const int count = recv(socket_, bytes, sizeof(bytes), 0);
+  const int count = recv(AsSocket(socket_), bytes, sizeof(bytes), 0);
   if (count <= 0) return false;
   pending_.append(bytes, static_cast<size_t>(count));
   return true;
@@ -108,10 +98,11 @@ std::string ServerConnection::ReadRequest() {
 bool ServerConnection::Send(const std::string& bytes) {
   size_t sent = 0;
   while (sent < bytes.size()) {
-    if (!WaitUntilReady(socket_, false, stopping_)) return false;
+    if (!WaitUntilReady(AsSocket(socket_), false, stopping_)) return false;
     const size_t piece = std::min(bytes.size() - sent, size_t{1} << 20);
-    const int count = send(socket_, bytes.data() + sent, static_cast<int>(piece), 0);
-    if (count <= 0 && WSAGetLastError() != WSAEWOULDBLOCK) return false;
+    const int count =
+        send(AsSocket(socket_), bytes.data() + sent, static_cast<int>(piece), kQuietly);
+    if (count <= 0 && !WouldBlock()) return false;
     if (count <= 0) continue;
     sent += static_cast<size_t>(count);
   }
@@ -120,12 +111,12 @@ bool ServerConnection::Send(const std::string& bytes) {
 
 void ServerConnection::Reset() {
   const linger at_once = {1, 0};
-  setsockopt(socket_, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&at_once),
+  setsockopt(AsSocket(socket_), SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&at_once),
              sizeof(at_once));
 }
 
 void ServerConnection::Finish() {
-  shutdown(socket_, SD_SEND);
+  shutdown(AsSocket(socket_), kNoMoreSending);
   while (Fill()) pending_.clear();
 }
 
@@ -147,19 +138,19 @@ ScriptedServer::ScriptedServer(const std::string& answer)
 }
 
 void ScriptedServer::Listen() {
-  listener_ = ListenAnywhere(port_);
+  listener_ = static_cast<unsigned __int64>(ListenAnywhere(port_));
   acceptor_ = std::thread([this] { Accept(); });
 }
 
 void ScriptedServer::Accept() {
-  while (WaitUntilReady(listener_, true, stopping_)) {
-    const SOCKET client = accept(listener_, nullptr, nullptr);
-    if (client == INVALID_SOCKET) continue;
+  while (WaitUntilReady(AsSocket(listener_), true, stopping_)) {
+    const auto client = static_cast<Socket>(accept(AsSocket(listener_), nullptr, nullptr));
+    if (client == kNoSocket) continue;
     NeverBlock(client);
     threads_.emplace_back([this, client] {
-      ServerConnection connection(client, stopping_);
+      ServerConnection connection(static_cast<unsigned __int64>(client), stopping_);
       script_(connection);
-      closesocket(client);
+      CloseSocket(client);
     });
   }
 }
@@ -168,7 +159,7 @@ ScriptedServer::~ScriptedServer() {
   stopping_ = true;
   acceptor_.join();
   for (std::thread& thread : threads_) thread.join();
-  closesocket(listener_);
+  CloseSocket(AsSocket(listener_));
 }
 
 std::string ScriptedServer::Url(const std::string& path) const {
@@ -187,7 +178,7 @@ std::string ScriptedServer::LastRequest() {
 
 unsigned short UnusedPort() {
   unsigned short port = 0;
-  closesocket(ListenAnywhere(port));
+  CloseSocket(ListenAnywhere(port));
   return port;
 }
 

@@ -3,6 +3,8 @@
 #ifndef QUARNFC_TESTS_NET_SCRIPTED_SERVER_H_
 #define QUARNFC_TESTS_NET_SCRIPTED_SERVER_H_
 
+#include <quarnfc/platform_types.h>
+
 #include <atomic>
 #include <functional>
 #include <mutex>
@@ -71,7 +73,6 @@ class ScriptedServer {
  private:
   void Listen();
   void Accept();
-  void Serve(unsigned __int64 socket);
 
   Script script_;
   unsigned __int64 listener_ = 0;

@@ -15,15 +15,17 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
+constexpr DWORD kFtpFileHandle = 7;  // the platform's number
+
 struct Report {
   HINTERNET handle;
   unsigned __int64 context;
-  unsigned long status;
+  DWORD status;
 };
 
 std::vector<Report> g_reports;
 
-void CALLBACK EarlierCallback(HINTERNET handle, DWORD_PTR context, DWORD status, void*, DWORD) {
+void EarlierCallback(HINTERNET handle, unsigned __int64 context, DWORD status, void*, DWORD) {
   g_reports.push_back({handle, context, status});
 }
 
@@ -75,9 +77,7 @@ TEST(SessionCalls, AUrlThatDoesNotParseIsWhatItsHandleSays) {
   const struct {
     DWORD handle_type;
     bool served;
-  } cases[] = {{INTERNET_HANDLE_TYPE_HTTP_REQUEST, true},
-               {INTERNET_HANDLE_TYPE_FTP_FILE, false},
-               {0, false}};
+  } cases[] = {{INTERNET_HANDLE_TYPE_HTTP_REQUEST, true}, {kFtpFileHandle, false}, {0, false}};
   for (const auto& c : cases) {
     TheFakeInternet() = FakeInternet();
     TheFakeInternet().handle_type = c.handle_type;
@@ -90,6 +90,71 @@ TEST(SessionCalls, AUrlThatDoesNotParseIsWhatItsHandleSays) {
     // What is not served deliberately stays open.
     EXPECT_EQ(TheFakeInternet().calls.back() == "close 5678", c.served) << c.handle_type;
   }
+}
+
+TEST(SessionCalls, HeadersReachToTheirTerminatorUnlessALengthIsGiven) {
+  const struct {
+    const char* headers;
+    const char* call;
+  } cases[] = {{"X: y\r\n", "url u headers 6 flags 0 context 5"},
+               {nullptr, "url u headers 0 flags 0 context 5"}};
+  TheFakeInternet().handle_type = INTERNET_HANDLE_TYPE_HTTP_REQUEST;
+  CQNInternetSession session("agent", 5);
+  for (const auto& c : cases) {
+    TheFakeInternet().calls.clear();
+    const std::unique_ptr<CQNHttpFile> file(session.OpenURL("u", 1, 0, c.headers));
+    EXPECT_EQ(TheFakeInternet().calls, Texts{c.call});
+  }
+  const std::unique_ptr<CQNHttpFile> file(session.OpenURL("u", 1, 0, "X: y\r\n", 0));
+  EXPECT_EQ(TheFakeInternet().calls.back(), "url u headers 0 flags 0 context 5");
+}
+
+// The stand-in hands out the same numbers again and again, as the platform may.
+TEST(HandleReuse, AFileClosesNothingOnceItsSessionIsClosed) {
+  TheFakeInternet().handle_type = INTERNET_HANDLE_TYPE_HTTP_REQUEST;
+  CQNInternetSession first;
+  std::unique_ptr<CQNHttpFile> stale(first.OpenURL("u"));
+  stale->SetReadBufferSize(16);
+  first.Close();
+  CQNInternetSession second;
+  const std::unique_ptr<CQNHttpFile> file(second.OpenURL("u"));
+  TheFakeInternet().calls.clear();
+  char byte;
+  ThrownBy([&] { stale->Read(&byte, 1); });
+  stale->Close();
+  stale.reset();
+  EXPECT_EQ(TheFakeInternet().calls, Texts{});
+  file->Close();
+  EXPECT_EQ(TheFakeInternet().calls, Texts{"close 5678"});
+}
+
+TEST(HandleReuse, HeldBytesAreNotWrittenToSomebodyElse) {
+  CQNInternetSession session;
+  {
+    // Below the session, as OpenURL makes it, but for writing.
+    class WritableFile : public CQNInternetFile {
+     public:
+      explicit WritableFile(HINTERNET session_handle)
+          : CQNInternetFile(FakeUrlHandle(), session_handle, "o", "s", kTestContext, 0) {}
+    } file(FakeHandle());
+    file.SetWriteBufferSize(100);
+    file.Write("held", 4);
+    session.Close();
+  }
+  EXPECT_TRUE(TheFakeInternet().writes.empty());
+}
+
+TEST(HandleReuse, OfTwoCopiesTheFirstOneClosesAndTheOtherDoesNothing) {
+  {
+    CQNInternetSession assigned;
+    assigned.Close();
+    CQNInternetSession session;
+    CQNInternetSession copy(session);
+    TheFakeInternet().calls.clear();
+    assigned = copy;
+    copy.Close();
+  }
+  EXPECT_EQ(TheFakeInternet().calls, Texts{"close 1234"});
 }
 
 TEST(SessionCookies, AStringMeasuresItselfWhenThePlatformDoesNotCount) {

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "platform/internet.h"
+#include "tests/platform/wine.h"
 
 inline std::string TextOf(const CQNString& text) {
   return std::string(static_cast<const char*>(text), static_cast<size_t>(text.GetLength()));
@@ -43,9 +44,7 @@ Thrown ThrownBy(Action action) {
   return kNothingThrown;
 }
 
-inline bool UnderWine() {
-  return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
-}
+inline bool UnderWine() { return quarnfc_test::RunsUnderWine(); }
 
 // Skips a test of documented behaviour that Wine does not show.
 #define SKIP_UNDER_WINE(reason) \

@@ -12,10 +12,8 @@
 #include <thread>
 #include <vector>
 
+#include "tests/net/md5.h"
 #include "tests/net/test_text.h"
-
-// After the platform's main header.
-#include <wincrypt.h>
 
 namespace {
 
@@ -23,7 +21,7 @@ using Connection = std::unique_ptr<CQNHttpConnection>;
 using File = std::unique_ptr<CQNHttpFile>;
 
 constexpr unsigned int kLargeSize = 100 * 1024 * 1024;
-constexpr unsigned long kKeepAlive =
+constexpr DWORD kKeepAlive =
     INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_KEEP_CONNECTION;
 
 std::string Environment(const char* name) {
@@ -34,40 +32,6 @@ std::string Environment(const char* name) {
 unsigned short PortFrom(const char* name) {
   return static_cast<unsigned short>(std::atoi(Environment(name).c_str()));
 }
-
-class Md5 {
- public:
-  Md5() {
-    CryptAcquireContextA(&provider_, nullptr, nullptr, PROV_RSA_FULL, CRYPT_VERIFYCONTEXT);
-    CryptCreateHash(provider_, CALG_MD5, 0, 0, &hash_);
-  }
-  ~Md5() {
-    CryptDestroyHash(hash_);
-    CryptReleaseContext(provider_, 0);
-  }
-  Md5(const Md5&) = delete;
-  Md5& operator=(const Md5&) = delete;
-
-  void Add(const void* data, unsigned int length) {
-    CryptHashData(hash_, static_cast<const BYTE*>(data), length, 0);
-  }
-
-  std::string Hex() {
-    BYTE bytes[16];
-    DWORD length = sizeof(bytes);
-    CryptGetHashParam(hash_, HP_HASHVAL, bytes, &length, 0);
-    std::string hex;
-    for (const BYTE byte : bytes) {
-      hex += "0123456789abcdef"[byte >> 4];
-      hex += "0123456789abcdef"[byte & 15];
-    }
-    return hex;
-  }
-
- private:
-  HCRYPTPROV provider_ = 0;
-  HCRYPTHASH hash_ = 0;
-};
 
 std::string ReadAll(CQNInternetFile& file) {
   std::string all;
@@ -88,8 +52,8 @@ std::string Md5Of(CQNInternetFile& file, unsigned int& length) {
   return md5.Hex();
 }
 
-unsigned long StatusOf(CQNHttpFile& file) {
-  unsigned long status = 0;
+DWORD StatusOf(CQNHttpFile& file) {
+  DWORD status = 0;
   EXPECT_EQ(file.QueryInfoStatusCode(status), 1);
   return status;
 }
@@ -101,7 +65,7 @@ class WebServer : public testing::Test {
     connection_.reset(session_.GetHttpConnection("127.0.0.1", port_));
   }
 
-  File Open(const char* verb, const char* object, unsigned long flags = kKeepAlive) {
+  File Open(const char* verb, const char* object, DWORD flags = kKeepAlive) {
     return File(connection_->OpenRequest(verb, object, nullptr, 1, nullptr, "HTTP/1.1", flags));
   }
 
@@ -150,7 +114,7 @@ TEST_F(WebServer, AnswersWithoutABodyReadAsNothing) {
   const struct {
     const char* verb;
     const char* object;
-    unsigned long status;
+    DWORD status;
   } cases[] = {{"GET", "/empty", 204},
                {"GET", "/not-modified", 304},
                {"HEAD", "/small.txt", 200},
@@ -170,7 +134,7 @@ TEST_F(WebServer, AnswersWithoutABodyReadAsNothing) {
 TEST_F(WebServer, HeadTellsTheLengthOfTheContent) {
   const File file = Open("HEAD", "/large.bin");
   file->SendRequest();
-  unsigned long length = 0;
+  DWORD length = 0;
   EXPECT_EQ(file->QueryInfo(HTTP_QUERY_CONTENT_LENGTH, length), 1);
   EXPECT_EQ(length, kLargeSize);
   SYSTEMTIME modified = {};
@@ -180,7 +144,7 @@ TEST_F(WebServer, HeadTellsTheLengthOfTheContent) {
 
 TEST_F(WebServer, ErrorStatusesAreResponsesNotExceptions) {
   for (const auto& [object, status] :
-       {std::pair("/no-such-file", 404ul), std::pair("/teapot", 418ul)}) {
+       {std::pair("/no-such-file", 404u), std::pair("/teapot", 418u)}) {
     const File file = Open("GET", object);
     EXPECT_EQ(file->SendRequest(), 1);
     EXPECT_EQ(StatusOf(*file), status);
@@ -289,7 +253,7 @@ TEST_F(WebServer, AnswersABasicChallengeWithTheConnectionsCredentials) {
   const struct {
     const char* user;
     const char* password;
-    unsigned long status;
+    DWORD status;
   } cases[] = {{"user", "secret", 200}, {"user", "wrong", 401}, {nullptr, nullptr, 401}};
   for (const auto& c : cases) {
     CQNInternetSession session;
@@ -452,7 +416,7 @@ TEST_F(WebServer, ServesTenThousandRequestsOverKeptConnections) {
 class CountingSession : public CQNInternetSession {
  public:
   CountingSession() : CQNInternetSession("thread", 5) {}
-  void OnStatusCallback(unsigned __int64, unsigned long, void*, unsigned long) override { ++calls; }
+  void OnStatusCallback(unsigned __int64, DWORD, void*, DWORD) override { ++calls; }
   std::atomic<int> calls{0};
 };
 

@@ -1,42 +1,22 @@
 #include "http_client.h"
 
-#include <quarnfc/url.h>
+#include <quarnfc/base64.h>
 
+#include <cstdio>
 #include <cstdlib>
 
+#include "console.h"
 #include "errors.h"
+#include "http_api.h"
+#include "http_error.h"
+#include "input_stream.h"
+#include "library_buffer.h"
 #include "transfer_progress.h"
-
-// After the library's headers, to show that both agree on the platform's types.
-#include <windows.h>
-#include <wininet.h>
 
 namespace qn {
 namespace {
 
 constexpr unsigned int kBlock = 256 * 1024;
-
-std::string TextOf(const CQNString& text) { return static_cast<const char*>(text); }
-
-std::string MessageOf(const CQNInternetException& exception) {
-  char text[512] = "";
-  exception.GetErrorMessage(text, sizeof(text));
-  std::string message(text);
-  while (!message.empty() && static_cast<unsigned char>(message.back()) <= ' ') message.pop_back();
-  const std::string code = "error " + std::to_string(exception.GetErrorCode());
-  return message.empty() ? code : message + " (" + code + ")";
-}
-
-// Runs an action of the library's HTTP client; what it throws becomes a Failure.
-template <class Action>
-auto Guarded(const std::string& label, Action action) {
-  try {
-    return action();
-  } catch (CQNInternetException* exception) {
-    const std::unique_ptr<CQNInternetException> owner(exception);
-    throw Failure(label + ": " + MessageOf(*exception));
-  }
-}
 
 // The announced length of the body; 0 when there is none.
 unsigned long long AnnouncedLength(const CQNHttpFile& file) {
@@ -52,68 +32,157 @@ std::string ShortName(const std::string& url) {
   return path.substr(path.find_last_of('/') + 1).substr(0, kLongest);
 }
 
-void SetTimeouts(CQNHttpFile& file, unsigned long seconds) {
-  for (const unsigned long option : {INTERNET_OPTION_CONNECT_TIMEOUT, INTERNET_OPTION_SEND_TIMEOUT,
-                                     INTERNET_OPTION_RECEIVE_TIMEOUT}) {
+void SetTimeouts(CQNHttpFile& file, DWORD seconds) {
+  for (const DWORD option : {INTERNET_OPTION_CONNECT_TIMEOUT, INTERNET_OPTION_SEND_TIMEOUT,
+                             INTERNET_OPTION_RECEIVE_TIMEOUT}) {
     file.SetOption(option, seconds * 1000);
+  }
+}
+
+// Whether a header belongs to the server it was meant for alone.
+bool IsPrivate(const std::string& header) {
+  std::string name = header.substr(0, header.find(':'));
+  for (char& ch : name) ch = static_cast<char>(ch >= 'A' && ch <= 'Z' ? ch | 0x20 : ch);
+  return name == "authorization" || name == "cookie" || name == "proxy-authorization";
+}
+
+std::string BasicCredentials(const std::string& user_and_password) {
+  const LibraryBuffer<char> encoded(
+      QNBase64::qnEncodeBase64A(reinterpret_cast<const unsigned char*>(user_and_password.data()),
+                                static_cast<unsigned int>(user_and_password.size())));
+  return std::string("Authorization: Basic ") + encoded.get();
+}
+
+void ShowHead(const std::string& mark, const std::string& head) {
+  std::size_t start = 0;
+  while (start < head.size()) {
+    const std::size_t end = head.find("\r\n", start);
+    std::fputs((mark + head.substr(start, end - start) + "\n").c_str(), stderr);
+    if (end == std::string::npos) break;
+    start = end + 2;
   }
 }
 
 }  // namespace
 
-UrlParts ParseUrl(const std::string& url) {
-  UrlParts parts = {};
-  if (!qnParseURLEx(url.c_str(), parts.service, parts.server, parts.object, parts.port, parts.user,
-                    parts.password, ICU_BROWSER_MODE)) {
-    throw Failure("'" + url + "' is not a URL that can be parsed");
-  }
-  return parts;
-}
-
-HttpExchange::HttpExchange(const HttpRequest& request) : session_("qn"), label_(request.url) {
-  const UrlParts url = ParseUrl(request.url);
-  if (url.service != eServiceHttp && url.service != eServiceHttps) {
-    throw Failure("'" + request.url + "' is neither an HTTP nor an HTTPS URL");
-  }
-  const unsigned long flags = INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE |
-                              (url.service == eServiceHttps ? INTERNET_FLAG_SECURE : 0);
-  Guarded(label_, [&] {
-    const char* user = url.user.IsEmpty() ? nullptr : static_cast<const char*>(url.user);
-    const char* password = user != nullptr ? static_cast<const char*>(url.password) : nullptr;
-    connection_.reset(session_.GetHttpConnection(url.server, url.port, user, password));
-    file_.reset(connection_->OpenRequest(request.verb.c_str(), url.object, nullptr, 1, nullptr,
-                                         "HTTP/1.1", flags));
-    Prepare(*file_, request);
-    std::string body = request.body;
-    file_->SendRequest(nullptr, 0, body.data(), static_cast<unsigned long>(body.size()));
-  });
-  file_->QueryInfoStatusCode(status_);
-}
-
-void HttpExchange::Prepare(CQNHttpFile& file, const HttpRequest& request) {
-  for (const std::string& header : request.headers) {
-    if (!file.AddRequestHeaders(header.c_str(), HTTP_ADDREQ_FLAG_ADD | HTTP_ADDREQ_FLAG_REPLACE)) {
-      throw Failure("'" + header + "' is not a header");
+HttpExchange::HttpExchange(const HttpRequest& first)
+    : session_("qn", 1, first.proxy.empty() ? 0 : INTERNET_OPEN_TYPE_PROXY,
+               first.proxy.empty() ? nullptr : first.proxy.c_str()),
+      label_(first.url) {
+  HttpRequest request = first;
+  const HttpUrl own = ParseUrl(request.url);
+  HttpUrl url = own;
+  for (long long followed = 0;; ++followed) {
+    if (!url.IsHttp()) throw Failure("'" + request.url + "' is neither an HTTP nor an HTTPS URL");
+    Send(request, url, url.SameServer(own));
+    if (first.redirects == 0 || !FindRedirect(request, url)) return;
+    if (followed == first.redirects) {
+      throw Failure(label_ + ": more than " + std::to_string(first.redirects) + " redirects");
     }
   }
-  if (request.timeout_seconds != 0) SetTimeouts(file, request.timeout_seconds);
-  if (request.insecure) {
-    file.SetOption(INTERNET_OPTION_SECURITY_FLAGS, SECURITY_FLAG_IGNORE_UNKNOWN_CA |
-                                                       SECURITY_FLAG_IGNORE_CERT_CN_INVALID |
-                                                       SECURITY_FLAG_IGNORE_CERT_DATE_INVALID);
+}
+
+void HttpExchange::Send(const HttpRequest& request, const HttpUrl& url, bool trusted) {
+  const DWORD flags = INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE |
+                      INTERNET_FLAG_NO_AUTO_REDIRECT | INTERNET_FLAG_KEEP_CONNECTION |
+                      (url.IsSecure() ? INTERNET_FLAG_SECURE : 0);
+  Guarded(label_, [&] {
+    file_.reset();
+    connection_.reset(session_.GetHttpConnection(url.server.c_str(), url.port));
+    file_.reset(connection_->OpenRequest(request.verb.c_str(), url.object.c_str(), nullptr, 1,
+                                         nullptr, "HTTP/1.1", flags));
+    Prepare(request, url, trusted);
+    SendBody(request);
+  });
+  file_->QueryInfoStatusCode(status_);
+  if (request.verbose) ShowHead("< ", Head());
+}
+
+void HttpExchange::Prepare(const HttpRequest& request, const HttpUrl& url, bool trusted) {
+  std::vector<std::string> headers = request.headers;
+  const std::string user = !request.user.empty() ? request.user
+                           : url.user.empty()    ? ""
+                                                 : url.user + ":" + url.password;
+  if (!user.empty()) headers.push_back(BasicCredentials(user));
+  if (request.resume_from != 0) {
+    headers.push_back("Range: bytes=" + std::to_string(request.resume_from) + "-");
   }
+  if (request.verbose) ShowHead("> ", request.verb + " " + url.object + " HTTP/1.1");
+  for (const std::string& header : headers) {
+    if (!trusted && IsPrivate(header)) continue;
+    if (!file_->AddRequestHeaders(header.c_str(), HTTP_ADDREQ_FLAG_ADD)) {
+      throw Failure("'" + header + "' is not a header");
+    }
+    if (request.verbose) ShowHead("> ", IsPrivate(header) ? "(credentials)" : header);
+  }
+  if (request.timeout_seconds != 0) SetTimeouts(*file_, request.timeout_seconds);
+  if (request.insecure) {
+    file_->SetOption(INTERNET_OPTION_SECURITY_FLAGS, SECURITY_FLAG_IGNORE_UNKNOWN_CA |
+                                                         SECURITY_FLAG_IGNORE_CERT_CN_INVALID |
+                                                         SECURITY_FLAG_IGNORE_CERT_DATE_INVALID);
+  }
+}
+
+void HttpExchange::SendBody(const HttpRequest& request) {
+  if (!request.body_file.empty()) {
+    SendFile(request.body_file);
+    return;
+  }
+  std::string body = request.body;
+  file_->SendRequest(nullptr, 0, body.data(), static_cast<DWORD>(body.size()));
+}
+
+// Piece by piece, so that the size of the file does not matter.
+void HttpExchange::SendFile(const std::string& path) {
+  InputStream input(path);
+  const unsigned long long total = input.Size();
+  if (total > 0xFFFFFFFF) throw Failure("more than 4 GiB cannot be sent");
+  file_->SendRequestEx(static_cast<DWORD>(total));
+  for (std::string piece = input.Read(kBlock); !piece.empty(); piece = input.Read(kBlock)) {
+    file_->Write(piece.data(), static_cast<unsigned int>(piece.size()));
+  }
+  file_->EndRequest();
+}
+
+// Whether the response is a redirect; then request and url are those of the next hop.
+bool HttpExchange::FindRedirect(HttpRequest& request, HttpUrl& url) {
+  CQNString location;
+  const bool moved =
+      status_ == 301 || status_ == 302 || status_ == 303 || status_ == 307 || status_ == 308;
+  if (!moved || !file_->QueryInfo(HTTP_QUERY_LOCATION, location)) return false;
+  const HttpUrl next = ParseUrl(ResolveLocation(url, static_cast<const char*>(location)));
+  if (url.IsSecure() && !next.IsSecure()) {
+    throw Failure(label_ + ": a redirect leads from HTTPS to HTTP: " + next.Text());
+  }
+  if (status_ <= 303 && request.verb != "GET" && request.verb != "HEAD") {
+    request.verb = "GET";
+    request.has_body = false;
+    request.body.clear();
+    request.body_file.clear();
+    std::erase_if(request.headers,
+                  [](const std::string& header) { return header.rfind("Content-Type:", 0) == 0; });
+  }
+  // The user data of the first URL stays with its server; that of a Location is not asked for.
+  const std::string user = url.user;
+  const std::string password = url.password;
+  const bool same = next.SameServer(url);
+  url = next;
+  url.user = same ? user : "";
+  url.password = same ? password : "";
+  return true;
 }
 
 std::string HttpExchange::StatusLine() const {
   CQNString text;
   file_->QueryInfo(HTTP_QUERY_STATUS_TEXT, text);
-  return std::to_string(status_) + (text.IsEmpty() ? "" : " " + TextOf(text));
+  return std::to_string(status_) +
+         (text.IsEmpty() ? "" : " " + FromLibrary(static_cast<const char*>(text)));
 }
 
 std::string HttpExchange::Head() const {
   CQNString text;
   file_->QueryInfo(HTTP_QUERY_RAW_HEADERS_CRLF, text);
-  return TextOf(text);
+  return static_cast<const char*>(text);
 }
 
 void HttpExchange::ReceiveBody(const std::function<void(std::string_view)>& sink) {

@@ -1,4 +1,4 @@
-// One HTTP exchange of the command qn http, on top of the library's classes.
+// The exchanges of the command qn http, on top of the library's classes.
 #ifndef QN_HTTP_CLIENT_H_
 #define QN_HTTP_CLIENT_H_
 
@@ -11,37 +11,33 @@
 #include <string_view>
 #include <vector>
 
+#include "http_url.h"
+
 namespace qn {
-
-// A URL in its parts. The text is library text.
-struct UrlParts {
-  unsigned long service;
-  unsigned short port;
-  CQNString server;
-  CQNString object;
-  CQNString user;
-  CQNString password;
-};
-
-// Throws Failure when the URL cannot be parsed.
-UrlParts ParseUrl(const std::string& url);
 
 struct HttpRequest {
   std::string verb;
   std::string url;
-  std::vector<std::string> headers;  // "Name: value" each
-  std::string body;
-  unsigned long timeout_seconds = 0;  // 0: the platform's time-outs
-  bool insecure = false;              // accept any certificate
+  std::vector<std::string> headers;  // "Name: value" each; a name may come again
+  std::string user;                  // "user:password"; that of the URL when empty
+  std::string proxy;                 // "host:port"; the system's when empty
+  bool has_body = false;
+  std::string body;                    // what to send, or
+  std::string body_file;               // the file that is sent piece by piece
+  unsigned long long resume_from = 0;  // ask for the rest from here
+  long long redirects = 20;            // how many are followed
+  DWORD timeout_seconds = 0;           // 0: the platform's time-outs
+  bool insecure = false;               // accept any certificate
+  bool verbose = false;                // show both heads on standard error
 };
 
-// Sends a request and gives access to its response. Throws Failure, with the platform's words, when
-// the exchange breaks down.
+// Sends a request, follows redirects and gives access to the response. Credentials and Cookie
+// headers of the host's own go to the server of the URL only. Throws Failure.
 class HttpExchange {
  public:
   explicit HttpExchange(const HttpRequest& request);
 
-  unsigned long Status() const { return status_; }
+  DWORD Status() const { return status_; }
 
   // "404 Not Found"
   std::string StatusLine() const;
@@ -54,12 +50,16 @@ class HttpExchange {
   void ReceiveBody(const std::function<void(std::string_view)>& sink);
 
  private:
-  void Prepare(CQNHttpFile& file, const HttpRequest& request);
+  void Send(const HttpRequest& request, const HttpUrl& url, bool trusted);
+  void Prepare(const HttpRequest& request, const HttpUrl& url, bool trusted);
+  void SendBody(const HttpRequest& request);
+  void SendFile(const std::string& path);
+  bool FindRedirect(HttpRequest& request, HttpUrl& url);
 
   CQNInternetSession session_;
   std::unique_ptr<CQNHttpConnection> connection_;
   std::unique_ptr<CQNHttpFile> file_;
-  unsigned long status_ = 0;
+  DWORD status_ = 0;
   std::string label_;
 };
 

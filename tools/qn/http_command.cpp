@@ -1,78 +1,158 @@
-// qn http: requests to web servers, on Windows.
+// qn http: requests to web servers.
 #include <quarnfc/url.h>
 
+#include <chrono>
 #include <limits>
+#include <thread>
 
 #include "command.h"
 #include "console.h"
 #include "errors.h"
 #include "exit_code.h"
 #include "http_client.h"
+#include "http_error.h"
 #include "input_file.h"
 #include "options.h"
+#include "os.h"
 #include "output.h"
 
 namespace qn {
 namespace {
 
 constexpr OptionSpec kOutput = {"output", 'o', Takes::kValue};
+constexpr OptionSpec kRemoteName = {"remote-name", 'O'};
+constexpr OptionSpec kContinue = {"continue", 'C'};
+constexpr OptionSpec kInclude = {"include", 'i'};
+constexpr OptionSpec kVerbose = {"verbose", 'v'};
 constexpr OptionSpec kHeader = {"header", 'H', Takes::kValues};
+constexpr OptionSpec kUser = {"user", 'u', Takes::kValue};
+constexpr OptionSpec kProxy = {"proxy", 'x', Takes::kValue};
 constexpr OptionSpec kTimeout = {"timeout", 't', Takes::kValue};
 constexpr OptionSpec kInsecure = {"insecure", 'k'};
+constexpr OptionSpec kMaxRedirects = {"max-redirects", '\0', Takes::kValue};
+constexpr OptionSpec kRetry = {"retry", '\0', Takes::kValue};
+constexpr OptionSpec kErrorBody = {"error-body"};
+constexpr OptionSpec kRequest = {"request", 'X', Takes::kValue};
 constexpr OptionSpec kData = {"data", 'd', Takes::kValue};
 
-HttpRequest RequestFrom(const char* verb, const Options& options) {
+constexpr const char* kFormData = "application/x-www-form-urlencoded";
+constexpr const char* kAnyData = "application/octet-stream";
+
+HttpRequest RequestFrom(const std::string& verb, const Options& options) {
   HttpRequest request;
-  request.verb = verb;
-  request.url = LibraryText(options.Positional()[0]);
+  request.verb = options.Value("request", verb);
+  request.url = options.Positional()[0];
   for (const std::string& header : options.Values("header")) {
     request.headers.push_back(LibraryText(header));
   }
-  request.timeout_seconds = static_cast<unsigned long>(options.Number("timeout", 0, 1, 1'000'000));
+  request.user = LibraryText(options.Value("user"));
+  request.proxy = options.Value("proxy");
+  request.timeout_seconds = static_cast<DWORD>(options.Number("timeout", 0, 1, 1'000'000));
+  request.redirects = options.Number("max-redirects", 20, 0, 1000);
   request.insecure = options.Has("insecure");
+  request.verbose = options.Has("verbose");
   return request;
 }
 
-// Sends the request and writes the body of the response, unless the server says no.
-int Transfer(const HttpRequest& request, const Options& options) {
+// The file that is written; "-" is standard output.
+std::string TargetFrom(const HttpRequest& request, const Options& options) {
+  if (!options.Has("remote-name")) return options.Value("output", "-");
+  if (options.Has("output")) throw UsageError("give either --output or --remote-name");
+  const std::string name = RemoteName(ParseUrl(request.url));
+  if (name.empty()) throw Failure("the URL names no file: give one with --output");
+  return name;
+}
+
+// Copies what an earlier attempt left of the file to the start of the new one.
+void CopyStart(const std::string& path, Output& output) { output.Write(ReadInput(path)); }
+
+int Receive(const HttpRequest& request, const Options& options, const std::string& target) {
   HttpExchange exchange(request);
-  if (exchange.Status() >= 400) throw Failure(request.url + ": " + exchange.StatusLine());
-  Output output(options.Value("output", "-"));
+  if (request.resume_from != 0 && exchange.Status() == 416) return kSuccess;  // nothing is missing
+  const bool failed = exchange.Status() >= 400;
+  if (failed && !options.Has("error-body")) {
+    throw Failure(request.url + ": " + exchange.StatusLine());
+  }
+  Output output(target);
+  // A server that does not resume sends everything again.
+  if (request.resume_from != 0 && exchange.Status() == 206) CopyStart(target, output);
+  if (options.Has("include")) output.Write(exchange.Head());
   exchange.ReceiveBody([&output](std::string_view piece) { output.Write(piece); });
   output.Commit();
-  return kSuccess;
+  return failed ? kFailure : kSuccess;
+}
+
+// Sends the request and writes the body of the response, unless the server says no. Attempts that
+// may succeed later are repeated when asked for, after 1, 2, 4 ... seconds.
+int Transfer(HttpRequest request, const Options& options) {
+  const std::string target = TargetFrom(request, options);
+  if (options.Has("continue")) {
+    if (target == "-") throw UsageError("--continue needs a file: --output or --remote-name");
+    request.resume_from = os::FileSize(target);
+  }
+  const long long retries = options.Number("retry", 0, 0, 20);
+  for (long long attempt = 0;; ++attempt) {
+    try {
+      return Receive(request, options, target);
+    } catch (const HttpFailure& failure) {
+      if (attempt == retries || !IsTransient(failure.Code())) throw;
+      PrintError(std::string(failure.what()) + "; trying again");
+      std::this_thread::sleep_for(std::chrono::seconds(1LL << attempt));
+    }
+  }
 }
 
 int RunGet(std::span<const std::string> arguments) {
-  const Options options(arguments, {kOutput, kHeader, kTimeout, kInsecure});
+  const Options options(
+      arguments, {kOutput, kRemoteName, kContinue, kInclude, kVerbose, kHeader, kUser, kProxy,
+                  kTimeout, kInsecure, kMaxRedirects, kRetry, kErrorBody, kRequest});
   options.ExpectPositional(1, 1);
   return Transfer(RequestFrom("GET", options), options);
 }
 
 int RunHead(std::span<const std::string> arguments) {
-  const Options options(arguments, {kHeader, kTimeout, kInsecure});
+  const Options options(arguments,
+                        {kVerbose, kHeader, kUser, kProxy, kTimeout, kInsecure, kMaxRedirects});
   options.ExpectPositional(1, 1);
-  const HttpRequest request = RequestFrom("HEAD", options);
-  const HttpExchange exchange(request);
+  const HttpExchange exchange(RequestFrom("HEAD", options));
   Print(exchange.Head());
   return exchange.Status() >= 400 ? kFailure : kSuccess;
 }
 
-std::string BodyFrom(const Options& options) {
+void AddContentType(HttpRequest& request, const char* type) {
+  for (const std::string& header : request.headers) {
+    if (header.rfind("Content-Type:", 0) == 0 || header.rfind("content-type:", 0) == 0) return;
+  }
+  request.headers.push_back(std::string("Content-Type: ") + type);
+}
+
+void TakeBody(HttpRequest& request, const Options& options) {
   const bool has_file = options.Positional().size() == 2;
   if (has_file == options.Has("data")) throw UsageError("give either a FILE or --data");
-  std::string body = has_file ? ReadInput(options.Positional()[1]) : options.Value("data");
-  if (body.size() > std::numeric_limits<unsigned int>::max()) {
+  request.has_body = true;
+  AddContentType(request, has_file ? kAnyData : kFormData);
+  if (!has_file) {
+    request.body = options.Value("data");
+    return;
+  }
+  const std::string& path = options.Positional()[1];
+  // The length of standard input and of pipes shows at their end only.
+  if (path != "-" && os::FileSize(path) != 0) {
+    request.body_file = path;
+  } else {
+    request.body = ReadInput(path);
+  }
+  if (request.body.size() > std::numeric_limits<unsigned int>::max()) {
     throw Failure("more than 4 GiB cannot be sent");
   }
-  return body;
 }
 
 int SendBody(const char* verb, std::span<const std::string> arguments) {
-  const Options options(arguments, {kOutput, kHeader, kTimeout, kInsecure, kData});
+  const Options options(arguments, {kOutput, kInclude, kVerbose, kHeader, kUser, kProxy, kTimeout,
+                                    kInsecure, kMaxRedirects, kRetry, kErrorBody, kRequest, kData});
   options.ExpectPositional(1, 2);
   HttpRequest request = RequestFrom(verb, options);
-  request.body = BodyFrom(options);
+  TakeBody(request, options);
   return Transfer(request, options);
 }
 
@@ -80,7 +160,7 @@ int RunPost(std::span<const std::string> arguments) { return SendBody("POST", ar
 
 int RunPut(std::span<const std::string> arguments) { return SendBody("PUT", arguments); }
 
-std::string_view ServiceName(unsigned long service) {
+std::string_view ServiceName(DWORD service) {
   switch (service) {
     case eServiceFtp:
       return "ftp";
@@ -101,14 +181,14 @@ std::string_view ServiceName(unsigned long service) {
   }
 }
 
-void PrintPart(std::string_view name, const CQNString& value) {
-  if (!value.IsEmpty()) PrintLine(std::string(name) + static_cast<const char*>(value));
+void PrintPart(std::string_view name, const std::string& value) {
+  if (!value.empty()) PrintLine(std::string(name) + value);
 }
 
 int RunParse(std::span<const std::string> arguments) {
   const Options options(arguments, {});
   options.ExpectPositional(1, 1);
-  const UrlParts url = ParseUrl(LibraryText(options.Positional()[0]));
+  const HttpUrl url = ParseUrl(options.Positional()[0]);
   PrintLine("service   " + std::string(ServiceName(url.service)));
   PrintPart("server    ", url.server);
   PrintLine("port      " + std::to_string(url.port));
@@ -122,31 +202,46 @@ constexpr Command kHttpCommands[] = {
     {"get", "Fetch a resource",
      "usage: qn http get [OPTION...] URL\n"
      "\n"
-     "Fetches URL over HTTP or HTTPS. An error status of the server, or a body that breaks off, "
-     "is\n"
-     "a failure, and no file is written then. On a terminal a bar shows how far it is.\n"
+     "Fetches URL over HTTP or HTTPS and follows redirects. An error status of the server, or a\n"
+     "body that breaks off, is a failure, and no file is written then. On a terminal a bar shows\n"
+     "how far it is. User and password may stand in the URL, decoded there; they and the headers\n"
+     "Authorization and Cookie are sent to the server of URL only.\n"
      "\n"
-     "  -o, --output FILE     write the body to FILE instead of standard output\n"
-     "  -H, --header HEADER   send \"Name: value\"; may be given again\n"
-     "  -t, --timeout SECONDS wait so long for the connection and for data\n"
-     "  -k, --insecure        accept any certificate\n",
+     "  -o, --output FILE       write the body to FILE instead of standard output\n"
+     "  -O, --remote-name       write it to a file named like the last part of URL\n"
+     "  -C, --continue          fetch only what is missing of that file\n"
+     "  -i, --include           write the head of the response in front of the body\n"
+     "  -v, --verbose           show both heads on standard error\n"
+     "  -X, --request VERB      send VERB instead\n"
+     "  -H, --header HEADER     send \"Name: value\"; may be given again, also with the same name\n"
+     "  -u, --user USER:PASSWORD\n"
+     "                          send these credentials (Basic)\n"
+     "  -x, --proxy HOST:PORT   go through this proxy instead of the system's\n"
+     "      --max-redirects N   follow N redirects at most (20); 0 follows none\n"
+     "      --retry N           try again up to N times when the connection fails\n"
+     "      --error-body        write the body of an error status, too (the exit code stays 1)\n"
+     "  -t, --timeout SECONDS   wait so long for the connection and for data\n"
+     "  -k, --insecure          accept any certificate\n",
      RunGet},
     {"head", "Show the head of a response",
      "usage: qn http head [OPTION...] URL\n"
      "\n"
      "Prints status and headers. The exit code is 1 for an error status.\n"
      "\n"
-     "  -H, --header HEADER, -t, --timeout SECONDS, -k, --insecure   as for get\n",
+     "  -v, -H HEADER, -u USER:PASSWORD, -x HOST:PORT, --max-redirects N, -t SECONDS, -k\n"
+     "                          as for get\n",
      RunHead},
     {"post", "Send a body with POST",
      "usage: qn http post [OPTION...] URL FILE\n"
      "       qn http post [OPTION...] --data TEXT URL\n"
      "\n"
-     "Sends FILE (\"-\": standard input), or TEXT, and writes the body of the response.\n"
+     "Sends FILE (\"-\": standard input), or TEXT, and writes the body of the response. A file is\n"
+     "sent piece by piece. The content type is application/x-www-form-urlencoded for TEXT and\n"
+     "application/octet-stream for FILE unless a header says otherwise.\n"
      "\n"
-     "  -d, --data TEXT       the body to send\n"
-     "  -o, --output FILE, -H, --header HEADER, -t, --timeout SECONDS, -k, --insecure\n"
-     "                        as for get\n",
+     "  -d, --data TEXT         the body to send\n"
+     "  -o, -i, -v, -X, -H, -u, -x, --max-redirects, --retry, --error-body, -t, -k\n"
+     "                          as for get\n",
      RunPost},
     {"put", "Send a body with PUT",
      "usage: qn http put [OPTION...] URL FILE\n"
@@ -157,7 +252,8 @@ constexpr Command kHttpCommands[] = {
     {"parse", "Split a URL into its parts",
      "usage: qn http parse URL\n"
      "\n"
-     "Prints service, server, port, object, user and password, those that URL has.\n",
+     "Prints service, server, port, object, user and password, those that URL has, as get uses\n"
+     "them.\n",
      RunParse}};
 
 }  // namespace

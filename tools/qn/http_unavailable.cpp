@@ -12,10 +12,10 @@ int RunHttp(std::span<const std::string> /*arguments*/) {
 }  // namespace
 
 extern const Command kHttpCommand;
-const Command kHttpCommand = {"http", "Requests to web servers (on Windows)",
+const Command kHttpCommand = {"http", "Requests to web servers (not in this build)",
                               "usage: qn http ...\n"
                               "\n"
-                              "The library has its HTTP client on Windows only.\n",
+                              "This build of the library has no HTTP client.\n",
                               RunHttp};
 
 }  // namespace qn

@@ -16,6 +16,9 @@ class InputStream {
   // A file, or standard input when path is "-". Throws Failure.
   explicit InputStream(const std::string& path);
 
+  // The size of the input; 0 when it is not known, as for a pipe.
+  unsigned long long Size() const { return total_; }
+
   // The next bytes: size of them, fewer only at the end. Throws Failure.
   std::string Read(std::size_t size);
 

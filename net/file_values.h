@@ -1,10 +1,16 @@
-// Positions as the platform reports them.
-#ifndef QUARNFC_NET_FILE_POSITION_H_
-#define QUARNFC_NET_FILE_POSITION_H_
+// The modes of a file, and positions as the platform reports them.
+#ifndef QUARNFC_NET_FILE_VALUES_H_
+#define QUARNFC_NET_FILE_VALUES_H_
 
 #include <quarnfc/platform_types.h>
 
 namespace quarnfc::net {
+
+// What a file was opened for. Reading asks for anything but kWriteOnly and writing for anything but
+// kReadOnly, which is what lets kReadWrite mean both.
+constexpr int kWriteOnly = 0;
+constexpr int kReadOnly = 1;
+constexpr int kReadWrite = -1;
 
 // The platform's answer when it cannot move.
 constexpr unsigned int kNoPosition = 0xFFFFFFFF;
@@ -19,4 +25,4 @@ static_assert(SignExtended(0x80000000) == 0xFFFFFFFF80000000);
 
 }  // namespace quarnfc::net
 
-#endif  // QUARNFC_NET_FILE_POSITION_H_
+#endif  // QUARNFC_NET_FILE_VALUES_H_

@@ -1,0 +1,33 @@
+// The cookie functions, under the names hosts call.
+#include <quarnfc/internet_api.h>
+
+#include <cstring>
+#include <string>
+
+#include "platform/posix/internet/cookie_store.h"
+#include "platform/posix/internet/handle.h"
+
+using namespace quarnfc::internet;
+
+int InternetSetCookieA(const char* url, const char* name, const char* data) {
+  Target target;
+  if (data == nullptr) return Answer(ERROR_INVALID_PARAMETER);
+  if (const DWORD error = ParseTarget(url, target)) return Answer(error);
+  const std::string text = name != nullptr ? std::string(name) + "=" + data : data;
+  const bool set = TheCookies().Set(target, text, CookieOrigin::kHost);
+  return Answer(set ? 0 : ERROR_INVALID_PARAMETER);
+}
+
+int InternetGetCookieA(const char* url, const char* /*name*/, char* data, DWORD* length) {
+  Target target;
+  if (length == nullptr) return Answer(ERROR_INVALID_PARAMETER);
+  if (const DWORD error = ParseTarget(url, target)) return Answer(error);
+  const std::string text = TheCookies().TextFor(target);
+  if (text.empty()) return Answer(ERROR_NO_MORE_ITEMS);
+  const DWORD capacity = *length;
+  *length = static_cast<DWORD>(text.size() + 1);
+  if (data == nullptr) return 1;
+  if (capacity < *length) return Answer(ERROR_INSUFFICIENT_BUFFER);
+  std::memcpy(data, text.c_str(), text.size() + 1);
+  return 1;
+}

@@ -1,0 +1,239 @@
+#include "platform/posix/internet/curl_exchange.h"
+
+#include <quarnfc/internet_api.h>
+
+#include <algorithm>
+#include <chrono>
+#include <climits>
+#include <cstring>
+
+#include "platform/posix/internet/curl_errors.h"
+#include "platform/posix/internet/curl_signals.h"
+
+namespace quarnfc::internet {
+namespace {
+
+constexpr std::size_t kLargestHead = 8 * 1024 * 1024;
+constexpr int kLongestPoll = 1000;  // milliseconds
+
+using Clock = std::chrono::steady_clock;
+
+DWORD MillisecondsSince(Clock::time_point start) {
+  const auto passed = Clock::now() - start;
+  return static_cast<DWORD>(std::chrono::duration_cast<std::chrono::milliseconds>(passed).count());
+}
+
+}  // namespace
+
+CurlExchange::~CurlExchange() {
+  const QuietPipes quiet;
+  waiting_ = nullptr;
+  // A response without a body may be whole although nobody has asked for the end of it.
+  if (added_ && !done_ && head_complete_) Advance();
+  const bool whole = done_ && result_ == CURLE_OK;
+  if (added_) curl_multi_remove_handle(line_.multi.get(), line_.easy.get());
+  if (whole) {
+    pool_->Give(std::move(line_));
+  } else {
+    line_ = CurlLine();
+  }
+}
+
+// Runs libcurl as far as it goes without waiting.
+void CurlExchange::Advance() {
+  const QuietPipes quiet;
+  int running = 0;
+  curl_multi_perform(line_.multi.get(), &running);
+  int left = 0;
+  while (const CURLMsg* message = curl_multi_info_read(line_.multi.get(), &left)) {
+    if (message->msg != CURLMSG_DONE) continue;
+    done_ = true;
+    result_ = message->data.result;
+  }
+}
+
+template <class Ready>
+DWORD CurlExchange::RunUntil(DWORD timeout, Ready ready) {
+  Clock::time_point last_activity = Clock::now();
+  for (;;) {
+    const unsigned __int64 before = activity_;
+    Advance();
+    if (cancelled_) return ERROR_INTERNET_OPERATION_CANCELLED;
+    if (ready() || done_) return 0;
+    if (activity_ != before) {
+      last_activity = Clock::now();
+      continue;
+    }
+    const DWORD idle = MillisecondsSince(last_activity);
+    if (timeout != 0 && idle >= timeout) return ERROR_INTERNET_TIMEOUT;
+    const DWORD left = timeout != 0 ? timeout - idle : static_cast<DWORD>(kLongestPoll);
+    const int wait = static_cast<int>(std::min(left, static_cast<DWORD>(kLongestPoll)));
+    curl_multi_poll(line_.multi.get(), nullptr, 0, wait, nullptr);
+  }
+}
+
+void CurlExchange::Cancel() {
+  cancelled_ = true;
+  if (CURLM* multi = waiting_) curl_multi_wakeup(multi);
+}
+
+void CurlExchange::Resume() {
+  if (!upload_paused_ && !body_paused_) return;
+  upload_paused_ = false;
+  body_paused_ = false;
+  const QuietPipes quiet;
+  curl_easy_pause(line_.easy.get(), CURLPAUSE_CONT);
+}
+
+DWORD CurlExchange::SendHead(const OutgoingHead& head, const Progress& connecting,
+                             const Progress& connected) {
+  if (const DWORD error = Configure(head)) return error;
+  if (curl_multi_add_handle(line_.multi.get(), line_.easy.get()) != CURLM_OK) {
+    return ERROR_NOT_ENOUGH_MEMORY;
+  }
+  added_ = true;
+  bool reported = false;
+  // libcurl itself limits how long connecting takes.
+  const DWORD error = RunUntil(0, [&] {
+    if (new_socket_ && !reported) {
+      reported = true;
+      connecting();
+    }
+    return connected_;
+  });
+  if (error != 0) return error;
+  if (done_ && result_ != CURLE_OK) return ErrorOf(line_.easy.get(), result_);
+  if (reported) connected();
+  return 0;
+}
+
+DWORD CurlExchange::PushBody(const char* data, std::size_t size) {
+  if (!chunked_) return PushPlain(data, size);
+  return chunks_.Take({data, size}, [this](std::string_view content) {
+    return PushPlain(content.data(), content.size());
+  });
+}
+
+DWORD CurlExchange::PushPlain(const char* data, std::size_t size) {
+  upload_ = data;
+  upload_left_ = size;
+  Resume();
+  const DWORD error =
+      RunUntil(send_timeout_, [this] { return upload_left_ == 0 || head_complete_; });
+  upload_ = nullptr;
+  upload_left_ = 0;
+  if (error != 0) return error;
+  return done_ && !head_complete_ ? ErrorOf(line_.easy.get(), result_) : 0;
+}
+
+DWORD CurlExchange::ReceiveHead(std::vector<std::string>& lines) {
+  upload_ended_ = true;
+  Resume();
+  const DWORD error = RunUntil(receive_timeout_, [this] { return head_complete_; });
+  if (error != 0) return error;
+  if (!head_complete_) {
+    const DWORD failure = ErrorOf(line_.easy.get(), result_);
+    return failure != 0 ? failure : ERROR_HTTP_INVALID_SERVER_RESPONSE;
+  }
+  lines = std::move(head_);
+  return 0;
+}
+
+DWORD CurlExchange::PullBody(char* buffer, std::size_t capacity, std::size_t& count) {
+  count = std::min(capacity, spilled_.size() - spilled_used_);
+  if (count != 0) {
+    std::memcpy(buffer, spilled_.data() + spilled_used_, count);
+    spilled_used_ += count;
+    return 0;
+  }
+  if (done_) {
+    // A body that breaks off ends there.
+    const bool broke_off = result_ == CURLE_PARTIAL_FILE;
+    return broke_off ? 0 : ErrorOf(line_.easy.get(), result_);
+  }
+  spilled_.clear();
+  spilled_used_ = 0;
+  lent_ = buffer;
+  lent_size_ = capacity;
+  lent_used_ = 0;
+  Resume();
+  const DWORD error = RunUntil(receive_timeout_, [this] { return lent_used_ != 0; });
+  lent_ = nullptr;
+  count = lent_used_;
+  lent_used_ = 0;
+  if (count != 0) return 0;
+  return error != 0 || result_ == CURLE_PARTIAL_FILE ? error : ErrorOf(line_.easy.get(), result_);
+}
+
+// --- what libcurl calls -----------------------------------------------------------------------
+
+size_t CurlExchange::OnHeader(char* data, size_t size, size_t count, void* self) {
+  auto& exchange = *static_cast<CurlExchange*>(self);
+  const std::size_t length = size * count;
+  ++exchange.activity_;
+  if (exchange.head_complete_) return length;  // a trailer
+  exchange.head_size_ += length;
+  if (exchange.head_size_ > kLargestHead) return 0;
+  std::string line(data, length);
+  while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) line.pop_back();
+  if (!line.empty()) {
+    exchange.head_.push_back(std::move(line));
+    return length;
+  }
+  // "HTTP/1.1 100 Continue" and its like are followed by the head of the response itself.
+  const std::string& first = exchange.head_.empty() ? line : exchange.head_[0];
+  const std::size_t space = first.find(' ');
+  if (space != std::string::npos && first[space + 1] == '1' &&
+      first.substr(space + 1, 3) != "101") {
+    exchange.head_.clear();
+  } else {
+    exchange.head_complete_ = true;
+  }
+  return length;
+}
+
+// The buffer of the host takes what it can; the rest of a piece waits for the next call.
+size_t CurlExchange::OnBody(char* data, size_t size, size_t count, void* self) {
+  auto& exchange = *static_cast<CurlExchange*>(self);
+  const std::size_t length = size * count;
+  const std::size_t room =
+      exchange.lent_ != nullptr ? exchange.lent_size_ - exchange.lent_used_ : 0;
+  if (room == 0) {
+    exchange.body_paused_ = true;
+    return CURL_WRITEFUNC_PAUSE;
+  }
+  ++exchange.activity_;
+  const std::size_t taken = std::min(room, length);
+  std::memcpy(exchange.lent_ + exchange.lent_used_, data, taken);
+  exchange.lent_used_ += taken;
+  exchange.spilled_.append(data + taken, length - taken);
+  return length;
+}
+
+size_t CurlExchange::OnUpload(char* data, size_t size, size_t count, void* self) {
+  auto& exchange = *static_cast<CurlExchange*>(self);
+  const std::size_t taken = std::min(size * count, exchange.upload_left_);
+  if (taken == 0 && !exchange.upload_ended_) {
+    exchange.upload_paused_ = true;
+    return CURL_READFUNC_PAUSE;
+  }
+  if (taken == 0) return 0;
+  ++exchange.activity_;
+  std::memcpy(data, exchange.upload_, taken);
+  exchange.upload_ += taken;
+  exchange.upload_left_ -= taken;
+  return taken;
+}
+
+int CurlExchange::OnSocket(void* self, curl_socket_t /*socket*/, curlsocktype /*purpose*/) {
+  static_cast<CurlExchange*>(self)->new_socket_ = true;
+  return CURL_SOCKOPT_OK;
+}
+
+int CurlExchange::OnConnected(void* self, char* /*remote*/, char* /*local*/, int /*remote_port*/,
+                              int /*local_port*/) {
+  static_cast<CurlExchange*>(self)->connected_ = true;
+  return CURL_PREREQFUNC_OK;
+}
+
+}  // namespace quarnfc::internet

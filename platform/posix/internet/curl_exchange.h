@@ -1,0 +1,99 @@
+// One request over libcurl. The multi interface makes it run only while somebody waits for it.
+#ifndef QUARNFC_PLATFORM_POSIX_INTERNET_CURL_EXCHANGE_H_
+#define QUARNFC_PLATFORM_POSIX_INTERNET_CURL_EXCHANGE_H_
+
+#include <curl/curl.h>
+
+#include <atomic>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/posix/internet/chunk_reader.h"
+#include "platform/posix/internet/curl_line.h"
+#include "platform/posix/internet/transport.h"
+
+namespace quarnfc::internet {
+
+class CurlExchange : public Exchange {
+ public:
+  explicit CurlExchange(std::shared_ptr<CurlPool> pool) : pool_(std::move(pool)) {}
+  ~CurlExchange() override;
+
+  DWORD SendHead(const OutgoingHead& head, const Progress& connecting,
+                 const Progress& connected) override;
+  DWORD PushBody(const char* data, std::size_t size) override;
+  DWORD ReceiveHead(std::vector<std::string>& lines) override;
+  DWORD PullBody(char* buffer, std::size_t capacity, std::size_t& count) override;
+  void Cancel() override;
+
+ private:
+  struct ListCloser {
+    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+  };
+  struct UrlCloser {
+    void operator()(CURLU* url) const { curl_url_cleanup(url); }
+  };
+
+  DWORD Configure(const OutgoingHead& head);
+  DWORD ConfigureUrl(const OutgoingHead& head);
+  void ConfigureBody(const OutgoingHead& head);
+  void ConfigureProxy(const OutgoingHead& head);
+  bool ConfigureHeaders(const OutgoingHead& head);
+  void ConfigureCallbacks();
+
+  // Runs the transfer until ready is true or the transfer has ended. timeout is how long nothing
+  // may happen, in milliseconds.
+  template <class Ready>
+  DWORD RunUntil(DWORD timeout, Ready ready);
+  DWORD PushPlain(const char* data, std::size_t size);
+  void Advance();
+  void Resume();
+
+  static size_t OnHeader(char* data, size_t size, size_t count, void* self);
+  static size_t OnBody(char* data, size_t size, size_t count, void* self);
+  static size_t OnUpload(char* data, size_t size, size_t count, void* self);
+  static int OnSocket(void* self, curl_socket_t socket, curlsocktype purpose);
+  static int OnConnected(void* self, char*, char*, int, int);
+
+  std::shared_ptr<CurlPool> pool_;
+  CurlLine line_;
+  std::unique_ptr<curl_slist, ListCloser> headers_;
+  std::unique_ptr<CURLU, UrlCloser> url_;
+  DWORD security_flags_ = 0;
+  DWORD connect_timeout_ = 0;
+  DWORD send_timeout_ = 0;
+  DWORD receive_timeout_ = 0;
+
+  std::atomic<bool> cancelled_{false};
+  std::atomic<CURLM*> waiting_{nullptr};  // what Cancel wakes
+  bool added_ = false;
+  bool done_ = false;
+  CURLcode result_ = CURLE_OK;
+  unsigned __int64 activity_ = 0;  // counts what happens, for the time-outs
+  bool new_socket_ = false;
+  bool connected_ = false;
+
+  // The body on its way out: what PushBody has lent, and whether it is the last.
+  bool chunked_ = false;
+  ChunkReader chunks_;
+  const char* upload_ = nullptr;
+  std::size_t upload_left_ = 0;
+  bool upload_ended_ = false;
+  bool upload_paused_ = false;
+
+  // The response: the head, the buffer that PullBody has lent, and what did not fit into it.
+  std::vector<std::string> head_;
+  std::size_t head_size_ = 0;
+  bool head_complete_ = false;
+  char* lent_ = nullptr;
+  std::size_t lent_size_ = 0;
+  std::size_t lent_used_ = 0;
+  std::string spilled_;
+  std::size_t spilled_used_ = 0;
+  bool body_paused_ = false;
+};
+
+}  // namespace quarnfc::internet
+
+#endif  // QUARNFC_PLATFORM_POSIX_INTERNET_CURL_EXCHANGE_H_

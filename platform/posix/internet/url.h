@@ -1,0 +1,60 @@
+// URLs: canonical form, parts, percent escapes, references.
+#ifndef QUARNFC_PLATFORM_POSIX_INTERNET_URL_H_
+#define QUARNFC_PLATFORM_POSIX_INTERNET_URL_H_
+
+#include <quarnfc/platform_types.h>
+
+#include <string>
+#include <string_view>
+
+namespace quarnfc::internet {
+
+// A URL in its parts, as they stand in the text.
+struct UrlParts {
+  std::string scheme;  // lower case, without the colon
+  bool has_authority = false;
+  std::string user;
+  std::string password;
+  std::string host;  // an IPv6 address with its brackets
+  std::string port;
+  std::string path;   // with its leading "/", unless the scheme has no hierarchy
+  std::string extra;  // "?query#fragment"
+};
+
+// False when the text starts with no scheme.
+bool SplitUrl(std::string_view url, UrlParts& parts);
+
+// Text with %XX decoded. Escapes that are none stay.
+std::string Unescape(std::string_view text);
+
+// Text with every byte escaped that may not stand in the object of a request.
+std::string EscapeObject(std::string_view text);
+
+// A path without "." and ".." segments.
+std::string WithoutDots(std::string_view path);
+
+// Where a request goes.
+struct Target {
+  bool secure = false;
+  std::string host;
+  unsigned short port = 0;
+  std::string object;  // path and query, escaped
+  std::string user;    // decoded
+  std::string password;
+};
+
+Target MakeTarget(bool secure, const std::string& host, unsigned short port,
+                  const std::string& object);
+
+// An HTTP or HTTPS URL; the fragment is left out. Returns the error.
+DWORD ParseTarget(const char* url, Target& target);
+
+// The URL that reference means as seen from base. Credentials are not taken over.
+bool ResolveReference(const Target& base, const std::string& reference, Target& target);
+
+// The URL of a target, without credentials.
+std::string TextOf(const Target& target);
+
+}  // namespace quarnfc::internet
+
+#endif  // QUARNFC_PLATFORM_POSIX_INTERNET_URL_H_

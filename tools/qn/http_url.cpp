@@ -1,0 +1,106 @@
+#include "http_url.h"
+
+#include <quarnfc/url.h>
+
+#include "errors.h"
+#include "http_api.h"
+
+namespace qn {
+namespace {
+
+int HexDigit(char ch) {
+  if (ch >= '0' && ch <= '9') return ch - '0';
+  const char lower = static_cast<char>(ch | 0x20);
+  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+}
+
+std::string Decoded(const std::string& text) {
+  std::string decoded;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool escape = text[i] == '%' && i + 2 < text.size() && HexDigit(text[i + 1]) >= 0 &&
+                        HexDigit(text[i + 2]) >= 0;
+    decoded +=
+        escape ? static_cast<char>(HexDigit(text[i + 1]) * 16 + HexDigit(text[i + 2])) : text[i];
+    if (escape) i += 2;
+  }
+  return decoded;
+}
+
+std::string Escaped(const std::string& url) {
+  static const char kDigits[] = "0123456789ABCDEF";
+  std::string escaped;
+  for (const char ch : url) {
+    const auto byte = static_cast<unsigned char>(ch);
+    if (byte > ' ' && byte < 0x7F) {
+      escaped += ch;
+    } else {
+      escaped += '%';
+      escaped += kDigits[byte >> 4];
+      escaped += kDigits[byte & 15];
+    }
+  }
+  return escaped;
+}
+
+std::string TextOf(const CQNString& text) { return static_cast<const char*>(text); }
+
+}  // namespace
+
+bool HttpUrl::IsHttp() const { return service == eServiceHttp || IsSecure(); }
+
+bool HttpUrl::IsSecure() const { return service == eServiceHttps; }
+
+bool HttpUrl::SameServer(const HttpUrl& other) const {
+  return service == other.service && server == other.server && port == other.port;
+}
+
+std::string HttpUrl::Text() const {
+  const unsigned short usual = IsSecure() ? 443 : 80;
+  return (IsSecure() ? "https://" : "http://") + server +
+         (port == usual ? "" : ":" + std::to_string(port)) + object;
+}
+
+HttpUrl ParseUrl(const std::string& url) {
+  HttpUrl parts;
+  CQNString server;
+  CQNString object;
+  CQNString user;
+  CQNString password;
+  const std::string whole = Escaped(url.substr(0, url.find('#')));
+  if (!qnParseURLEx(whole.c_str(), parts.service, server, object, parts.port, user, password,
+                    ICU_BROWSER_MODE)) {
+    throw Failure("'" + url + "' is not a URL that can be parsed");
+  }
+  parts.server = TextOf(server);
+  parts.object = TextOf(object);
+  parts.user = Decoded(TextOf(user));
+  parts.password = Decoded(TextOf(password));
+  return parts;
+}
+
+std::string ResolveLocation(const HttpUrl& base, std::string_view location) {
+  const std::string text(location);
+  const std::size_t colon = text.find("://");
+  if (colon != std::string::npos && colon < text.find_first_of("/?#")) return text;
+  if (text.rfind("//", 0) == 0) return (base.IsSecure() ? "https:" : "http:") + text;
+  HttpUrl next = base;
+  const std::string path = base.object.substr(0, base.object.find('?'));
+  if (text.rfind('/', 0) == 0) {
+    next.object = text;
+  } else if (text.empty() || text[0] == '?' || text[0] == '#') {
+    next.object = path + text;
+  } else {
+    next.object = path.substr(0, path.rfind('/') + 1) + text;
+  }
+  return next.Text();
+}
+
+std::string RemoteName(const HttpUrl& url) {
+  const std::string path = url.object.substr(0, url.object.find('?'));
+  const std::string name = Decoded(path.substr(path.rfind('/') + 1));
+  // A name of the server's must not lead out of the folder.
+  if (name == "." || name == ".." || name.find_first_of("/\\:") != std::string::npos) return "";
+  return name;
+}
+
+}  // namespace qn
