@@ -196,7 +196,8 @@ void GeoSystem::TakeLibrary(const CQNProCoordinateSystem& system) {
   ellipsoid_ = {geo.GetSemiMajorAxis(), geo.GetInverseFlattening()};
   parameters_ = {system.GetCentralMeridian(), 0, system.GetFalseEasting(),
                  system.GetFalseNorthing(), system.GetScaleFactor()};
-  constexpr struct {
+  // No constants: on Windows their addresses come from the import table.
+  const struct {
     const CQNGeoCoordinateSystem* system;
     const char* datum;
   } kNamed[] = {{&CQNGeoCoordinateSystem::Beijing54, "Beijing 1954"},
