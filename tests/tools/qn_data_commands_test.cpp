@@ -179,11 +179,45 @@ TEST(QnCsv, ChineseNameOfAMissingFileIsReadableInTheMessage) {
 
 TEST(QnHash, PrintsDigestAndName) {
   const TempFile file("123456789");
-  const std::string name = "  " + std::string(file.path()) + "\n";
-  EXPECT_EQ(RunQn({"hash", "crc64", file.path()}), (Outcome{0, "66A2364420E6C605" + name}));
-  EXPECT_EQ(RunQn({"hash", "md5", file.path()}).output, "25f9e794323b453885f5181f1b624d0b" + name);
-  EXPECT_EQ(RunQn({"hash", "hmac-sha256", "--key", "key", file.path()}).output.size(),
-            64 + name.size());
+  const std::string name = file.path();
+  EXPECT_EQ(RunQn({"hash", "crc64", file.path()}),
+            (Outcome{0, "qn-crc64 (" + name + ") = 66A2364420E6C605\n"}));
+  EXPECT_EQ(RunQn({"hash", "md5", file.path()}).output,
+            "qn-md5 (" + name + ") = 25f9e794323b453885f5181f1b624d0b\n");
+  // A standard digest has the standard form.
+  EXPECT_EQ(RunQn({"hash", "hmac-sha256", "--key", "key", file.path()}).output.substr(64),
+            "  " + name + "\n");
+}
+
+TEST(QnHash, GoesOnAfterAMissingFile) {
+  const TempFile file("123456789");
+  const std::string missing = TempFile::NewPath();
+  const qn_test::FullOutcome run = RunQn({"hash", "crc64", missing, file.path()});
+  EXPECT_EQ(run.code, qn::kFailure);
+  EXPECT_EQ(run.output, "qn-crc64 (" + std::string(file.path()) + ") = 66A2364420E6C605\n");
+  EXPECT_NE(run.errors.find(missing), std::string::npos);
+}
+
+TEST(QnHash, FilesAreComparedWithAList) {
+  const TempFile file("123456789");
+  const std::string name = file.path();
+  for (const std::vector<std::string>& command : {std::vector<std::string>{"hash", "md5"},
+                                                  {"hash", "crc64"},
+                                                  {"hash", "hmac-sha256", "-k", "key"}}) {
+    std::vector<std::string> make = command;
+    make.push_back(name);
+    const TempFile list(RunQn(make).output + "\r\n");
+    std::vector<std::string> check = command;
+    check.insert(check.end(), {"-c", list.path()});
+    EXPECT_EQ(RunQn(check), (Outcome{0, name + ": OK\n"}));
+  }
+  const TempFile wrong("qn-crc64 (" + name + ") = 0\nqn-crc64 (" + name + "x) = 0\nnothing\n");
+  const qn_test::FullOutcome run = RunQn({"hash", "crc64", "--check", wrong.path()});
+  EXPECT_EQ(run.code, qn::kFailure);
+  EXPECT_EQ(run.output, name + ": FAILED\n");
+  EXPECT_NE(run.errors.find("3 of 3 are wrong"), std::string::npos) << run.errors;
+  const TempFile empty("");
+  EXPECT_EQ(RunQn({"hash", "crc64", "-c", empty.path()}).code, qn::kFailure);
 }
 
 TEST(QnHash, MissingFileIsNamedWithItsReason) {
@@ -224,9 +258,36 @@ TEST(QnBase, PiecesJoinToTheTextOfTheWholeAndBack) {
   }
 }
 
-TEST(QnBase, LineEndsBehindTheTextAreIgnored) {
-  const TempFile file("Zm9v\r\n\r\n");
-  EXPECT_EQ(RunToFile({"base64", "decode", file.path()}), (Outcome{0, "foo"}));
+TEST(QnBase, TextMayBeWrapped) {
+  const TempFile data(RandomText(100'000));
+  const TempFile wrapped(RunToFile({"base64", "encode", "-w", "76", data.path()}).output);
+  const std::string text = qn::ReadInput(wrapped.path());
+  EXPECT_EQ(text.find('\n'), 76u);
+  EXPECT_EQ(text.find('\n', 77), 153u);
+  EXPECT_EQ(RunToFile({"base64", "decode", wrapped.path()}).output, qn::ReadInput(data.path()));
+  const TempFile short_text("foo");
+  EXPECT_EQ(RunToFile({"base64", "encode", "-w", "2", short_text.path()}).output, "Zm\n9v\n");
+  EXPECT_EQ(RunToFile({"base64", "encode", "-w", "4", short_text.path()}).output, "Zm9v\n");
+  const TempFile crlf("Zm\r\n9v\r\n\r\n");
+  EXPECT_EQ(RunToFile({"base64", "decode", crlf.path()}), (Outcome{0, "foo"}));
+}
+
+TEST(QnBase, WhatFollowsThePaddingIsRefused) {
+  for (const char* text : {"Zg==Zm9v", "Zg== Zm9v", "Zg=Z", "Zg==!",
+                           "Zg===", "Zg=", "Zm9v=", "Zm9vZ", "=", "=Zm9v", "Z===", "Z"}) {
+    const TempFile file(text);
+    EXPECT_EQ(RunToFile({"base64", "decode", file.path()}), (Outcome{qn::kFailure, ""})) << text;
+  }
+  for (const char* text : {"m", "mzx", "mzxwqa", "my=junk"}) {
+    const TempFile file(text);
+    EXPECT_EQ(RunToFile({"base32", "decode", file.path()}).code, qn::kFailure) << text;
+  }
+  const std::pair<const char*, const char*> good[] = {
+      {"Zg==", "f"}, {"Zg==\n", "f"}, {"Zg", "f"}, {"Zm8=", "fo"}, {"", ""}, {"Zg=\n=", "f"}};
+  for (const auto& [text, data] : good) {
+    const TempFile file(text);
+    EXPECT_EQ(RunToFile({"base64", "decode", file.path()}), (Outcome{0, data})) << text;
+  }
 }
 
 TEST(QnBase, BlanksInsideAreIgnoredOnlyWhenAsked) {
@@ -257,9 +318,24 @@ TEST(QnTime, FormatsAndParses) {
   EXPECT_EQ(RunQn({"time", "parse", "2024-01-05 08:30:00"}), (Outcome{0, "1704443400\n"}));
 }
 
+TEST(QnTime, GoesOnBehindTheYear2106) {
+  const io_test::TimeZone zone("UTC0");
+  const std::pair<const char*, const char*> cases[] = {
+      {"4294967295", "2106-02-07 06:28:15"},
+      {"4294967296", "2106-02-07 06:28:16"},
+      {"32503680000", "3000-01-01 00:00:00"},
+  };
+  for (const auto& [seconds, text] : cases) {
+    EXPECT_EQ(RunQn({"time", "format", seconds}), (Outcome{0, text + std::string("\n")}));
+    EXPECT_EQ(RunQn({"time", "parse", text}), (Outcome{0, seconds + std::string("\n")}));
+  }
+}
+
 TEST(QnTime, RefusesWhatIsNoTime) {
   EXPECT_EQ(RunQn({"time", "parse", "2024-01- 05"}).code, qn::kFailure);
-  for (const char* seconds : {"", "x", "1x", "4294967296", "99999999999999999999"}) {
+  EXPECT_EQ(RunQn({"time", "parse", "2107-02-30"}).code, qn::kFailure);
+  EXPECT_EQ(RunQn({"time", "parse", "3001-01-01"}).code, qn::kFailure);
+  for (const char* seconds : {"", "x", "1x", "32535129600", "99999999999999999999"}) {
     EXPECT_EQ(RunQn({"time", "format", seconds}).code, qn::kUsageError) << seconds;
   }
 }

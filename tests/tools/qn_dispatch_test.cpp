@@ -73,6 +73,9 @@ TEST(QnDispatch, HelpIsAvailableAtEveryLevel) {
       {{"group", "--help"}, "exhaust"},
       {{"group", "fail", "--help"}, "usage: qn group fail"},
       {{"group", "fail", "x", "-h"}, "usage: qn group fail"},
+      {{"help"}, "usage: qn COMMAND"},
+      {{"help", "group"}, "exhaust"},
+      {{"help", "group", "fail"}, "usage: qn group fail"},
   };
   for (const auto& each : cases) {
     const Result result = RunQn(each.arguments);
@@ -90,6 +93,9 @@ TEST(QnDispatch, ErrorsHaveTheirExitCodesAndGoToStandardError) {
   } cases[] = {
       {{}, qn::kUsageError, "qn: a command is missing"},
       {{"nothing"}, qn::kUsageError, "qn: there is no command 'nothing'"},
+      {{"gruop"}, qn::kUsageError, "'gruop'; did you mean 'group'?"},
+      {{"group", "exh"}, qn::kUsageError, "did you mean 'exhaust'?"},
+      {{"group", "xyzzy"}, qn::kUsageError, "there is no command 'xyzzy'\n"},
       {{"group"}, qn::kUsageError, "try 'qn group --help'"},
       {{"group", "nothing"}, qn::kUsageError, "try 'qn group --help'"},
       {{"group", "misuse"}, qn::kUsageError, "qn: what?"},

@@ -188,6 +188,13 @@ void RemoveOnInterrupt(const std::string& path) {
 
 unsigned long ProcessId() { return GetCurrentProcessId(); }
 
+bool LocalTime(long long seconds, std::tm& time) {
+  const __time64_t value = seconds;
+  return _localtime64_s(&time, &value) == 0;
+}
+
+long long SecondsOf(std::tm time) { return _mktime64(&time); }
+
 #else
 
 namespace {
@@ -295,6 +302,13 @@ void RemoveOnInterrupt(const std::string& path) {
 }
 
 unsigned long ProcessId() { return static_cast<unsigned long>(getpid()); }
+
+bool LocalTime(long long seconds, std::tm& time) {
+  const std::time_t value = seconds;
+  return localtime_r(&value, &time) != nullptr;
+}
+
+long long SecondsOf(std::tm time) { return mktime(&time); }
 
 #endif
 

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <ctime>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -66,6 +67,14 @@ void RemoveFile(const std::string& path);
 void RemoveOnInterrupt(const std::string& path);
 
 unsigned long ProcessId();
+
+// --- time ---------------------------------------------------------------------------------------
+
+// Seconds since 1970-01-01 00:00:00 UTC as local time; false when the platform cannot say.
+bool LocalTime(long long seconds, std::tm& time);
+
+// The way back; -1 when there is no such time. Members out of their range are carried over.
+long long SecondsOf(std::tm time);
 
 }  // namespace qn::os
 
