@@ -15,7 +15,7 @@ bool CQNCSVFileReaderImp::ReadRow(std::vector<CQNString>& row) {
   quarnfc::io::Line line;
   const quarnfc::io::LineStatus status = lines.Next(line);
   if (status == quarnfc::io::LineStatus::kTooLong) {
-    last_error.Format(quarnfc::io::kCsvLineTooLong, lines.BufferSize());
+    last_error.Format(quarnfc::io::kCsvLineTooLong, static_cast<int>(lines.BufferSize()));
   }
   if (status == quarnfc::io::LineStatus::kReadFailed) {
     last_error.Format(quarnfc::io::kCsvReadFailed, static_cast<const char*>(path),

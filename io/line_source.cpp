@@ -20,9 +20,9 @@ namespace {
 
 // A whole small file with a terminating zero, or the largest buffer. A size that is not known
 // counts as 0.
-int BufferSizeFor(std::int64_t file_size) {
-  if (file_size > LineSource::kMaxBufferSize) return LineSource::kMaxBufferSize;
-  return static_cast<int>(std::max<std::int64_t>(file_size, 0)) + 1;
+std::size_t BufferSizeFor(std::int64_t file_size) {
+  const auto size = static_cast<std::size_t>(std::max<std::int64_t>(file_size, 0));
+  return size > LineSource::kMaxBufferSize ? LineSource::kMaxBufferSize : size + 1;
 }
 
 bool StartsWithUtf8Mark(platform::File& file) {
@@ -43,7 +43,7 @@ platform::SystemError LineSource::Open(const char* path) {
 
 void LineSource::Open(platform::File file) {
   Close();
-  const int size = BufferSizeFor(file.Size());
+  const std::size_t size = BufferSizeFor(file.Size());
   buffer_ = std::make_unique<char[]>(size);  // a failure leaves no file open
   size_ = size;
   utf8_ = StartsWithUtf8Mark(file);
@@ -62,11 +62,11 @@ void LineSource::Rewind() {
 LineStatus LineSource::Next(Line& line) {
   for (;;) {
     SkipBlanks();
-    const int end = FindLineEnd();
+    const std::size_t end = FindLineEnd();
     if (IsCutOff(end)) return LineStatus::kReadFailed;
     if (end < size_) {
       buffer_[end] = '\0';
-      line = {buffer_.get() + position_, static_cast<std::size_t>(end - position_)};
+      line = {buffer_.get() + position_, end - position_};
       position_ = end + 1;
       return LineStatus::kLine;
     }
@@ -84,35 +84,36 @@ void LineSource::SkipBlanks() {
 
 // The index of the next line feed or zero byte, or the size of the buffer. The search goes window
 // by window, so that its time follows the length of the line whichever byte ends it.
-int LineSource::FindLineEnd() const {
-  constexpr int kWindow = 256;
-  for (int from = position_; from < size_; from += kWindow) {
+std::size_t LineSource::FindLineEnd() const {
+  constexpr std::size_t kWindow = 256;
+  for (std::size_t from = position_; from < size_; from += kWindow) {
     const char* const window = buffer_.get() + from;
-    const int length = std::min(kWindow, size_ - from);
+    const std::size_t length = std::min(kWindow, size_ - from);
     const auto* const feed = static_cast<const char*>(std::memchr(window, '\n', length));
-    const auto before_feed = static_cast<std::size_t>(feed == nullptr ? length : feed - window);
+    const std::size_t before_feed =
+        feed == nullptr ? length : static_cast<std::size_t>(feed - window);
     const auto* const zero = static_cast<const char*>(std::memchr(window, '\0', before_feed));
     const char* const end = zero != nullptr ? zero : feed;
-    if (end != nullptr) return static_cast<int>(end - buffer_.get());
+    if (end != nullptr) return static_cast<std::size_t>(end - buffer_.get());
   }
   return size_;
 }
 
 // Whether a read error stands where the line ends.
-bool LineSource::IsCutOff(int line_end) const {
+bool LineSource::IsCutOff(std::size_t line_end) const {
   return read_error_ != platform::kNoError && line_end >= end_;
 }
 
 // Moves the unread bytes to the start of the buffer and fills the rest from the file, with zeros
 // behind the end of the file. False when the file delivers nothing.
 bool LineSource::Refill() {
-  const int kept = size_ - position_;
+  const std::size_t kept = size_ - position_;
   std::memmove(buffer_.get(), buffer_.get() + position_, kept);
   position_ = 0;
   char* const rest = buffer_.get() + kept;
   const platform::Transferred read = file_.Read(rest, size_ - kept);
   std::memset(rest + read.count, 0, size_ - kept - read.count);
-  end_ = kept + static_cast<int>(read.count);
+  end_ = kept + read.count;
   read_error_ = read.error;
   return read.count > 0;
 }

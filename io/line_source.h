@@ -22,7 +22,7 @@ class LineSource {
  public:
   // The buffer of every file that does not fit into it with a terminating zero, and so the longest
   // line plus one.
-  static constexpr int kMaxBufferSize = 409600;
+  static constexpr std::size_t kMaxBufferSize = 409600;
 
   // Opens a file in place of the one before; an error leaves none open. Rewind comes next.
   platform::SystemError Open(const char* path);
@@ -43,23 +43,23 @@ class LineSource {
   LineStatus Next(Line& line);
 
   bool IsUtf8() const { return utf8_; }
-  int BufferSize() const { return size_; }
+  std::size_t BufferSize() const { return size_; }
 
   // Why the file cannot be read, after kReadFailed.
   platform::SystemError ReadError() const { return read_error_; }
 
  private:
   void SkipBlanks();
-  int FindLineEnd() const;
-  bool IsCutOff(int line_end) const;
+  std::size_t FindLineEnd() const;
+  bool IsCutOff(std::size_t line_end) const;
   bool Refill();
 
   platform::File file_;
   bool utf8_ = false;
   std::unique_ptr<char[]> buffer_;
-  int size_ = 0;
-  int position_ = 0;  // of the first unread byte in the buffer
-  int end_ = 0;       // of the bytes read from the file; zeros follow
+  std::size_t size_ = 0;
+  std::size_t position_ = 0;  // of the first unread byte in the buffer
+  std::size_t end_ = 0;       // of the bytes read from the file; zeros follow
   platform::SystemError read_error_ = platform::kNoError;
 };
 
