@@ -48,7 +48,7 @@ awk '
     below["core/diagnostics"] = below["core/text"] " core/text"
     core = below["core/collections"] " core/collections core/diagnostics"
     below["json"] = below["geo"] = below["net"] = below["codec"] = below["io"] = core
-    # Two faces on all of it: flat functions for C, and headers that need nothing of the module.
+    # Two faces on all of it: flat functions for C, and headers of additions that hosts compile.
     below["c"] = below["ext"] = core " json geo net codec io"
     below["runtime"] = ""  # takes the place of a compiler library
   }
