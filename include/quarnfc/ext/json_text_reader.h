@@ -1,6 +1,15 @@
 // The reader behind JsonText (json_text.h): it walks a text once, by the grammar stated there, and
 // notes where every value stands. A function for each rule; the containers that are open lie on a
 // stack of the reader's own, so no text exhausts the thread's.
+//
+// Time and memory are proportional to the text; an error costs a second walk, for its line. Nothing
+// of the text is copied: the reader and its spans are of use while the text's bytes stay where they
+// are. std::bad_alloc when memory is exhausted. One thread at a time may use a reader.
+//
+// Example:
+//   std::vector<quarnfc::ext::JsonSpan> spans;
+//   quarnfc::ext::JsonTextReader reader("[1, 2]", {}, spans);
+//   if (!reader.Read()) std::puts(reader.Error().Message());
 #ifndef QUARNFC_EXT_JSON_TEXT_READER_H_
 #define QUARNFC_EXT_JSON_TEXT_READER_H_
 
@@ -14,8 +23,10 @@
 
 namespace quarnfc::ext {
 
+// What a value is. A key is a string.
 enum class JsonKind : unsigned char { kNull, kFalse, kTrue, kNumber, kString, kArray, kObject };
 
+// Why a text is refused.
 enum class JsonFault {
   kNone,
   kEnd,             // the text ends where more must follow
@@ -34,7 +45,7 @@ enum class JsonFault {
   kUnfinishedText,  // the text ends inside a string
 };
 
-// In English, without the place.
+// The fault in English, without the place; a constant of the program, in ASCII.
 inline const char* MessageOf(JsonFault fault) {
   switch (fault) {
     case JsonFault::kNone:
@@ -78,14 +89,17 @@ struct JsonTextError {
   std::size_t line = 0;    // from 1; lines end with LF
   std::size_t column = 0;  // from 1, in characters
 
+  // As MessageOf.
   const char* Message() const { return MessageOf(fault); }
 };
 
+// What a text may ask of the reader.
 struct JsonTextLimits {
   std::size_t max_depth = 1000;  // arrays and objects in one another
 };
 
-// Where a value, or a key, stands.
+// Where a value, or a key, stands: offsets in bytes from the start of the text, quotes and brackets
+// of the value included.
 struct JsonSpan {
   JsonKind kind;
   std::uint32_t begin;  // bytes
@@ -94,12 +108,16 @@ struct JsonSpan {
   std::uint32_t count;  // members or elements
 };
 
+// Reads one text, once.
 class JsonTextReader {
  public:
   // The spans come in the order of the text: a container before its items, a key before its value.
+  // They are appended; text and spans must outlive the reader.
   JsonTextReader(std::string_view text, const JsonTextLimits& limits, std::vector<JsonSpan>& spans)
       : text_(text), limits_(limits), spans_(spans) {}
 
+  // Walks the whole text. False when it is refused: Error tells why and where, and the spans in
+  // front of that place are those noted so far.
   bool Read() {
     if (text_.size() >= UINT32_MAX) return Fail(JsonFault::kSize, 0);
     SkipBlanks();
@@ -110,6 +128,7 @@ class JsonTextReader {
     return AtEnd() || Fail(JsonFault::kTrailing, at_);
   }
 
+  // The first fault; kNone before Read and after one that succeeded.
   const JsonTextError& Error() const { return error_; }
 
  private:

@@ -28,22 +28,25 @@
 
 namespace quarnfc::ext {
 
-// A point known in both systems.
+// A point known in both systems: in space, metres from each system's origin.
 struct CommonPoint {
   Cartesian from;
   Cartesian to;
 };
+// A point known in both systems: in the plane, metres.
 struct CommonPlanePoint {
   EastNorth from;
   EastNorth to;
 };
 
+// What EstimateSimilarity finds.
 struct SimilarityEstimate {
   PlaneSimilarity parameters;
   std::vector<EastNorth> residuals;  // given minus computed, metres, one a point
   double standard_deviation = 0;     // of one coordinate, metres; 0 without redundancy
 };
 
+// What EstimateHelmert finds.
 struct HelmertEstimate {
   Helmert7 parameters;
   std::vector<Cartesian> residuals;  // given minus computed, metres, one a point

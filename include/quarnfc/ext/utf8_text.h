@@ -48,6 +48,7 @@ inline std::size_t FindInvalidUtf8(std::string_view text) {
   return offset;
 }
 
+// Whether every byte belongs to a well-formed character; an empty text is UTF-8.
 inline bool IsUtf8(std::string_view text) { return FindInvalidUtf8(text) == text.size(); }
 
 // Appends a character. Code points that UTF-8 has no place for, surrogates and what lies above
@@ -91,6 +92,8 @@ struct TextPlace {
   std::size_t column = 1;
 };
 
+// The place of an offset in bytes; one behind the end is the place of the end. Time is proportional
+// to the text in front of it.
 inline TextPlace PlaceInText(std::string_view text, std::size_t offset) {
   TextPlace place;
   const std::string_view before = text.substr(0, offset);
