@@ -16,12 +16,15 @@
 
 namespace quarnfc::ext {
 
+// A template, so that the header compiles where nothing has declared SysFreeString and nobody uses
+// the owner.
+template <class Char>
 struct FreeSystemString {
-  void operator()(BSTR text) const noexcept { SysFreeString(text); }
+  void operator()(Char* text) const noexcept { SysFreeString(text); }
 };
 
 // Moves and does not copy; null is no string.
-using SystemString = std::unique_ptr<wchar_t, FreeSystemString>;
+using SystemString = std::unique_ptr<wchar_t, FreeSystemString<wchar_t>>;
 
 }  // namespace quarnfc::ext
 
