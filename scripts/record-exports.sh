@@ -12,7 +12,7 @@ exported_names() {
     awk '/\[Ordinal\/Name Pointer\] Table/ { table = 1; next }
          table && /^\t\[/ { print $NF; next }
          table && NF == 0 { exit }' |
-    LC_ALL=C sort
+    grep -v '^_ZTIP' | LC_ALL=C sort
 }
 
 record() {

@@ -39,30 +39,31 @@ report() {
 }
 
 # shellcheck disable=SC2154 # lib.sh sets $logs
-# run_shard PRESET PROGRAM FILTER SHARD: one part of a test program's tests, in a process of its own.
-run_shard() {
-  local preset=$1 program=bin/$2 run=() log="$logs/test-$1-$2-$4"
+# run_program PRESET PROGRAM FILTER: a test program, its report in $logs/test-PRESET-PROGRAM.xml.
+run_program() {
+  local preset=$1 program=bin/$2 run=() log="$logs/test-$1-$2"
   [[ $preset != windows* ]] || { run=("$project/scripts/run-wine.sh") program=$program.exe; }
   [ "$2" != quarnfc_net_tests ] || run=("$project/tests/net/run-with-nginx.sh" "${run[@]}")
   rm -f "$log.xml"
   cd "$project/build/$preset" || return
-  GTEST_TOTAL_SHARDS=$shards GTEST_SHARD_INDEX=$4 "${run[@]}" "$program" --gtest_color=no \
-    --gtest_filter="$3" --gtest_output="xml:../logs/${log##*/}.xml" >"$log.log" 2>&1 </dev/null
+  "${run[@]}" "$program" --gtest_color=no --gtest_filter="$3" \
+    --gtest_output="xml:../logs/${log##*/}.xml" >"$log.log" 2>&1 </dev/null
 }
 
-# run_program PRESET PROGRAM FILTER: every test of a program, in as many processes at a time as there
-# are processors.
-run_program() {
-  local preset=$1 program=$2 filter=$3 shards shard processes=()
-  shards=$(nproc)
-  for ((shard = 0; shard < shards; shard++)); do
-    run_shard "$preset" "$program" "$filter" "$shard" &
+# run_programs PRESET FILTER PROGRAM...: test programs, all at the same time.
+run_programs() {
+  local preset=$1 filter=$2 program status processes=()
+  shift 2
+  for program in "$@"; do
+    (run_program "$preset" "$program" "$filter") &
     processes+=("$!")
   done
-  for ((shard = 0; shard < shards; shard++)); do
-    local status=0 log="$logs/test-$preset-$program-$shard"
-    wait "${processes[shard]}" || status=$?
-    count "$preset $program" < <("$project/scripts/gtest_results.py" "$log" "$status" 2>&3)
+  for program in "$@"; do
+    status=0
+    wait "${processes[0]}" || status=$?
+    processes=("${processes[@]:1}")
+    count "$preset $program" \
+      < <("$project/scripts/gtest_results.py" "$logs/test-$preset-$program" "$status" 2>&3)
   done 3>&1
 }
 
@@ -83,7 +84,7 @@ run_checks() {
 
 # test_preset PRESET [FILTER]: builds a preset and runs its tests.
 test_preset() {
-  local preset=$1 filter=${2:-*} program
+  local preset=$1 filter=${2:-*} program file programs=()
   step "$preset: configuring and building"
   if [[ $preset == windows* ]]; then
     mkdir -p "$project/build/$preset"
@@ -98,9 +99,10 @@ test_preset() {
   step "$preset: running the tests"
   for program in quarnfc_tests quarnfc_internal_tests quarnfc_net_class_tests \
     quarnfc_net_tests; do
-    [ ! -e "$project/build/$preset/bin/$program" ] &&
-      [ ! -e "$project/build/$preset/bin/$program.exe" ] && continue
-    run_program "$preset" "$program" "$filter"
+    for file in "$project/build/$preset/bin/$program"{,.exe}; do
+      [ ! -e "$file" ] || programs+=("$program")
+    done
   done
+  run_programs "$preset" "$filter" "${programs[@]}"
   if [ "$preset" != tsan ] && [ "$filter" = '*' ]; then run_checks "$preset"; fi
 }

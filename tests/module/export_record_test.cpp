@@ -20,12 +20,17 @@ std::set<std::string> Recorded() {
   return names;
 }
 
+// Nobody imports the type information of a pointer to an exported class: who catches one has his
+// own. Whether the module's leaves it depends on what the optimiser has seen.
+bool IsPointerTypeInformation(const std::string& name) { return name.rfind("_ZTIP", 0) == 0; }
+
 }  // namespace
 
 TEST(ModuleExports, NamesAreThoseOfTheRecord) {
   const std::set<std::string> names = module_image::ExportedNames();
   const std::set<std::string> recorded = Recorded();
   for (const std::string& name : names) {
+    if (IsPointerTypeInformation(name)) continue;
     EXPECT_EQ(recorded.count(name), 1u) << "new, not in the record: " << name;
   }
   for (const std::string& name : recorded) {
