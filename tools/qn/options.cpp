@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <optional>
 
 #include "console.h"
 #include "errors.h"
@@ -37,10 +36,12 @@ struct Given {
     if (argument.substr(0, 2) != "--" || equals == std::string_view::npos) return;
     name = argument.substr(0, equals);
     value = argument.substr(equals + 1);
+    has_value = true;
   }
 
   std::string_view name;
-  std::optional<std::string_view> value;
+  std::string_view value;
+  bool has_value = false;
 };
 
 }  // namespace
@@ -59,9 +60,8 @@ Options::Options(std::span<const std::string> arguments, std::initializer_list<O
     const OptionSpec& spec = Find(known, given.name);
     const std::string shown = "option '" + std::string(given.name) + "' ";
     if (spec.takes == Takes::kNothing) {
-      if (given.value) throw UsageError(shown + "takes no value");
-      given.value = "";
-    } else if (!given.value) {
+      if (given.has_value) throw UsageError(shown + "takes no value");
+    } else if (!given.has_value) {
       if (++i == arguments.size()) throw UsageError(shown + "needs a value");
       given.value = arguments[i];
     }
@@ -69,7 +69,7 @@ Options::Options(std::span<const std::string> arguments, std::initializer_list<O
     if (!values.empty() && spec.takes != Takes::kValues) {
       throw UsageError(shown + "is given twice");
     }
-    values.emplace_back(*given.value);
+    values.emplace_back(given.value);
   }
 }
 
