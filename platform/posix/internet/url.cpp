@@ -136,7 +136,9 @@ Target MakeTarget(bool secure, const std::string& host, unsigned short port,
   target.host = host;
   target.port = port != 0 ? port : static_cast<unsigned short>(secure ? 443 : 80);
   const bool rooted = !object.empty() && (object[0] == '/' || object[0] == '*');
-  target.object = EscapeObject((rooted ? "" : "/") + object.substr(0, object.find('#')));
+  std::string path(rooted ? 0 : 1, '/');
+  path.append(object, 0, object.find('#'));
+  target.object = EscapeObject(path);
   return target;
 }
 
@@ -185,8 +187,10 @@ bool ResolveReference(const Target& base, const std::string& reference, Target& 
 
 std::string TextOf(const Target& target) {
   const unsigned short usual = target.secure ? 443 : 80;
-  return (target.secure ? "https://" : "http://") + target.host +
-         (target.port == usual ? "" : ":" + std::to_string(target.port)) + target.object;
+  std::string text = target.secure ? "https://" : "http://";
+  text += target.host;
+  if (target.port != usual) text.append(1, ':').append(std::to_string(target.port));
+  return text + target.object;
 }
 
 }  // namespace quarnfc::internet

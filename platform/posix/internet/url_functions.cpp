@@ -112,7 +112,7 @@ std::string Canonical(const std::string& text, DWORD flags) {
   if (!parts.has_authority || !IsHierarchical(parts.scheme)) {
     return parts.scheme + Encoded(std::string_view(url).substr(parts.scheme.size()), flags);
   }
-  if (parts.path.empty()) parts.path = "/";
+  if (parts.path.empty()) parts.path.assign(1, '/');
   if ((flags & ICU_NO_META) == 0) parts.path = WithoutDots(parts.path);
   // Behind the path, where servers make their own rules, a browser changes nothing.
   const bool keeps_extra = (flags & ICU_BROWSER_MODE) != 0;
