@@ -52,9 +52,9 @@ set_target_properties(quarnfc_headers_c PROPERTIES C_STANDARD 99 C_EXTENSIONS OF
 foreach(target quarnfc_headers_cxx17 quarnfc_headers_cxx20 quarnfc_headers_c)
   target_link_libraries(${target} PRIVATE QuarnFC::QuarnFC)
   if(NOT MSVC)
-    target_compile_options(${target} PRIVATE -O0 -Wall -Wextra -Wpedantic -Wshadow
-                                             -Wnon-virtual-dtor -Wdelete-non-virtual-dtor
-                                             $<$<BOOL:${QUARNFC_WERROR}>:-Werror>)
+    target_compile_options(
+      ${target} PRIVATE -O0 -Wall -Wextra -Wpedantic -Wshadow $<$<BOOL:${QUARNFC_WERROR}>:-Werror>
+                        $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Wdelete-non-virtual-dtor>)
   endif()
 endforeach()
 if(WIN32)
