@@ -76,9 +76,13 @@ inline constexpr bool kNodesOnPlainHeap = false;
 inline constexpr bool kNodesOnPlainHeap = false;
 #endif
 
+// A node from the plain heap. Not inline: a compiler that sees through to the global operator new
+// takes a class's operator delete for the wrong one.
+void* AllocPlainNode(std::size_t size);
+
 // Storage for a small node; give the same size back. Throws std::bad_alloc.
 inline void* AllocNode(std::size_t size) {
-  return kNodesOnPlainHeap || size > kLargestNode ? ::operator new(size) : AllocHeapNode(size);
+  return kNodesOnPlainHeap || size > kLargestNode ? AllocPlainNode(size) : AllocHeapNode(size);
 }
 
 inline void FreeNode(void* node, std::size_t size) noexcept {

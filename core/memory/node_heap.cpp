@@ -5,6 +5,7 @@
 #include <new>
 #include <utility>
 
+#include "core/memory/memory.h"
 #include "core/memory/spin_lock.h"
 #include "platform/module.h"
 #include "platform/slab.h"
@@ -220,6 +221,8 @@ void FreeNodeSlowly(void* node, std::size_t node_class) noexcept {
   stock.count = 1;
   GiveListBack(surplus, node_class);
 }
+
+void* AllocPlainNode(std::size_t size) { return ::operator new(size); }
 
 std::size_t NodeSlabCount() {
   const std::lock_guard guard(g_lock);
