@@ -2,6 +2,7 @@
 
 #include <pthread.h>
 
+#include <atomic>
 #include <new>
 
 namespace quarnfc::platform {
@@ -16,11 +17,12 @@ struct EndKey {
   bool made;
 };
 
-void (*g_at_end)(void* data) = nullptr;
+// Every thread that sets data stores the same function.
+constinit std::atomic<void (*)(void* data)> g_at_end = nullptr;
 
 void EndThread(void* data) {
   t_thread_data = nullptr;
-  g_at_end(data);
+  g_at_end.load()(data);
 }
 
 EndKey& Key() {

@@ -1,6 +1,8 @@
 #include "platform/thread_data.h"
 
 #include <winternl.h>
+
+#include <atomic>
 #include <cstddef>
 #include <new>
 
@@ -10,7 +12,8 @@ static_assert(offsetof(TEB, TlsSlots) == 0x1480);
 
 namespace {
 
-void (*g_at_end)(void* data) = nullptr;
+// Every thread that sets data stores the same function.
+constinit std::atomic<void (*)(void* data)> g_at_end = nullptr;
 
 }  // namespace
 
@@ -42,7 +45,7 @@ void EndThreadData() noexcept {
   void* data = ThreadData();
   if (data == nullptr) return;
   TlsSetValue(g_thread_data_slot, nullptr);
-  g_at_end(data);
+  g_at_end.load()(data);
 }
 
 }  // namespace quarnfc::platform
