@@ -183,15 +183,13 @@ TEST(HostileServer, SendsABodyWithoutEnd) {
   const auto file = Request(*connection);
   file->SendRequest();
   file->SetReadBufferSize(65536);
-  const size_t before = MemoryInUse();
+  [[maybe_unused]] const size_t before = MemoryInUse();
   std::string block(100000, '?');
   for (int i = 0; i < 300; ++i) {
     ASSERT_EQ(file->Read(block.data(), 100000), 100000u);
   }
 #if !defined(__SANITIZE_ADDRESS__)  // it holds freed memory back
   EXPECT_LT(MemoryInUse(), before + (16 << 20));
-#else
-  EXPECT_GT(before, 0u);
 #endif
   file->Abort();
 }
