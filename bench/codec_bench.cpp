@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The codecs and digests beside OpenSSL's and isa-l's, on one megabyte of data and on short data.
 #include <isa-l/crc64.h>
 #include <openssl/evp.h>

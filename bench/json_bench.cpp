@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // JSON documents beside RapidJSON, Boost.JSON and nlohmann-json: reading with destruction, writing,
 // copying, and looking up members. The peers write the shortest digits of a number, this library up
 // to 15 decimal places; RapidJSON reads correctly rounded numbers, as the others do.

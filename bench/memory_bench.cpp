@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Block pools beside the C heap and beside a free list under a std::mutex, on one thread and on two
 // that contend.
 #include <quarnfc/fixed_alloc.h>

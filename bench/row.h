@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One line of a benchmark's table: what is done, with which input, by whom. scripts/bench.sh puts
 // the competitors of the same work and input side by side.
 #ifndef QUARNFC_BENCH_ROW_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Strings beside std::string, the C library, absl and fmt.
 #include <absl/strings/match.h>
 #include <absl/strings/str_replace.h>

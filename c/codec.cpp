@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/base32.h>
 #include <quarnfc/base64.h>
 #include <quarnfc/c/codec.h>

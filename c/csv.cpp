@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/c/csv.h>
 #include <quarnfc/csv.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Handles of the flat C interface are addresses of coordinate systems.
 #ifndef QUARNFC_C_GEODESY_HANDLE_H_
 #define QUARNFC_C_GEODESY_HANDLE_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "c/geodesy_handle.h"
 
 namespace {

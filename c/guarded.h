@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What every function of the flat C interface does around its work: no exception leaves it, and a
 // failure becomes an error handle.
 #ifndef QUARNFC_C_GUARDED_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Changing JSON objects and arrays.
 #include <memory>
 

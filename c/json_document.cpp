@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // JSON documents as a whole: reading, writing, making, releasing.
 #include <quarnfc/json_files.h>
 

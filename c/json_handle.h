@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A handle of the flat C interface is the address of a CMyJsonValue.
 #ifndef QUARNFC_C_JSON_HANDLE_H_
 #define QUARNFC_C_JSON_HANDLE_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Looking into a JSON value.
 #include "c/guarded.h"
 #include "c/json_handle.h"

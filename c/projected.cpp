@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/web_mercator.h>
 
 #include "c/geodesy_handle.h"

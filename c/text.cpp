@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "c/text.h"
 
 #include <quarnfc/string_utils.h>

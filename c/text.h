@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text between UTF-8, which the flat C interface speaks, and the process ANSI code page, which the
 // library keeps.
 #ifndef QUARNFC_C_TEXT_H_

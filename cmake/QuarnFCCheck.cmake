@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # quarnfc_check(<name> <command>...): a program that is run by the tests beside the GoogleTest
 # programs and says by its exit code whether all is well. 77 means that it could not be run.
 function(quarnfc_check name)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Options every translation unit of this project is compiled with, and those a host needs.
 
 include(CheckIPOSupported)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # quarnfc_copy_runtime(<host>): on Windows, puts QuarnFC.dll and the run-time libraries that belong
 # to it beside the program <host> whenever that is built. Elsewhere there is nothing to do: CMake
 # gives the program the library's folder. Windows looks for DLLs beside the program and ends it

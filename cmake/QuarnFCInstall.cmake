@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What `cmake --install` puts where. Components:
 #   runtime  what a program linked with the library needs to run
 #   devel    what building such a program needs: headers, import library, package configuration

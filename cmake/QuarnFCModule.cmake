@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Everything about the shape of the module itself: names, version resource, linker hardening and,
 # with a MinGW compiler, the run-time libraries that must stand beside the DLL.
 

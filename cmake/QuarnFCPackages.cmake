@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # CPack: `cpack` in a build folder makes a ZIP for Windows, or a TGZ and Debian packages for Linux.
 # scripts/package.sh adds check sums and the lists of contents.
 set(CPACK_PACKAGE_NAME quarnfc)

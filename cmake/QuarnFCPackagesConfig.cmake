@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Read by cpack once for each kind of package.
 if(CPACK_GENERATOR STREQUAL "DEB")
   set(CPACK_COMPONENTS_GROUPING IGNORE)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The target `reference`: the reference of the public headers as HTML, by Doxygen, which must not
 # have a word of warning. With QUARNFC_BUILD_REFERENCE it is built and installed with the rest.
 find_program(QUARNFC_DOXYGEN doxygen)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # With QUARNFC_SPLIT_DEBUG: release binaries with their debug information in files of their own, and
 # the same bytes wherever and whenever they are built.
 

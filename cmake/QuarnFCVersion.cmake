@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The version stands in CMakeLists.txt, for the build, and in a header that needs no build, for
 # hosts; they must say the same. Changing it: both, and NEWS.md.
 file(STRINGS "${PROJECT_SOURCE_DIR}/include/quarnfc/version.h" lines REGEX "^#define QUARNFC_VERSION_")

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Cross compiler for the Windows x64 target: MinGW-w64 with the POSIX thread model.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)

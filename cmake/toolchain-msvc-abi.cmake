@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Cross compiler for Windows x64 with the Microsoft C++ ABI: clang-cl and lld-link with the headers
 # of MinGW-w64 (the system's interface) and of libc++ (the standard library). What Visual C++ itself
 # would bring along is in runtime/.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The alphabets of the codecs, as codec/bit_text.h takes them.
 #ifndef QUARNFC_CODEC_ALPHABETS_H_
 #define QUARNFC_CODEC_ALPHABETS_H_

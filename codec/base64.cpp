@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "quarnfc/base64.h"
 
 #include "codec/alphabets.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The method is Wojciech Mula's and Daniel Lemire's ("Faster Base64 Encoding and Decoding using
 // AVX2 Instructions", 2018), here with 128-bit registers. This file is compiled for SSSE3.
 #include "codec/base64_x86.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Base64 of narrow text, sixteen characters at a time, with SSSE3. Only call where CpuHasSsse3().
 #ifndef QUARNFC_CODEC_BASE64_X86_H_
 #define QUARNFC_CODEC_BASE64_X86_H_

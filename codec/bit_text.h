@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text that spells bytes with an alphabet of 2^n characters, n bits a character, the most
 // significant bits first: what Base64 (n = 6) and Base32 (n = 5) have in common (RFC 4648, sections
 // 4 and 6, for the order of bits and the padding).

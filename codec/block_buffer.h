@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Cuts a message that arrives piece by piece into the blocks of a digest.
 #ifndef QUARNFC_CODEC_BLOCK_BUFFER_H_
 #define QUARNFC_CODEC_BLOCK_BUFFER_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Integers in memory with a stated byte order, at any alignment. Compilers make one load or store
 // of each.
 #ifndef QUARNFC_CODEC_BYTE_ORDER_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CRC-64 with the polynomial of ECMA-182, reflected, started with all bits set. Deliberately not
 // inverted at the end: the value is the complement of CRC-64/XZ.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CRC-64 with the polynomial of ECMA-182, reflected.
 #ifndef QUARNFC_CODEC_CRC64_HASH_H_
 #define QUARNFC_CODEC_CRC64_HASH_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The exported streams are rooms of fixed size for the digests of this folder, so that a host's
 // code does not depend on their layout.
 #include <quarnfc/digest_streams.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Hexadecimal text in narrow and wide characters.
 #ifndef QUARNFC_CODEC_HEX_TEXT_H_
 #define QUARNFC_CODEC_HEX_TEXT_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // HMAC (RFC 2104) with SHA-256, whose blocks have 64 bytes:
 //
 //   H((key ^ 0x5C...) H((key ^ 0x36...) message))

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "quarnfc/hmac_sha256.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // QNMD5: the library's own form of MD5 as words and as text. See md5_hash.cpp.
 #include "quarnfc/md5.h"
 

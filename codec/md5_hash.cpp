@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // MD5 (RFC 1321): 64 steps over each block of 64 bytes, the message filled up with one set bit,
 // zeros and its length in bits. Blocks are digested where they lie; one block on the stack, no
 // allocation.

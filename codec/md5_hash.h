@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // MD5 (RFC 1321), in its standard form and in the library's own.
 #ifndef QUARNFC_CODEC_MD5_HASH_H_
 #define QUARNFC_CODEC_MD5_HASH_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // In place of base64_x86.cpp and sha256_x86.cpp on other processors: nothing is done in groups of
 // sixteen, and the plain code does it all.
 #include "codec/base64_x86.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Buffers that the codecs and digests hand to the caller, who releases them with qnFreeMem.
 #ifndef QUARNFC_CODEC_RESULT_BUFFER_H_
 #define QUARNFC_CODEC_RESULT_BUFFER_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // SHA-256 (FIPS 180-4): padding (5.1.1), initial state (5.3.3) and the cutting into blocks. The
 // compression (6.2.2) is in sha256_plain.cpp and, with the instructions made for it, in
 // sha256_x86.cpp. Whole blocks are digested where they lie; nothing is allocated.

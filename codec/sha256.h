@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // SHA-256 (FIPS 180-4).
 #ifndef QUARNFC_CODEC_SHA256_H_
 #define QUARNFC_CODEC_SHA256_H_

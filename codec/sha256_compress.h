@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // SHA-256's compression of whole blocks, in plain code and with the SHA extensions of x86.
 #ifndef QUARNFC_CODEC_SHA256_COMPRESS_H_
 #define QUARNFC_CODEC_SHA256_COMPRESS_H_

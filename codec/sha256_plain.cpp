@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // SHA-256's compression (FIPS 180-4, 6.2.2) for every processor. The functions have the names of
 // section 4.1.2. Sixteen words of schedule on the stack; every step is unrolled.
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // SHA-256's compression with the SHA extensions of x86. This file is compiled for them; it must
 // only run where CpuHasSha() says so.
 #include <immintrin.h>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Turns the plain comments of the public headers into comments that Doxygen reads: those before a
 # declaration, and those behind an enumerator or a field. The banner of a file becomes the file's
 # description, and what is indented under "Example:" becomes code.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The four code-page converters, with every kind of capacity: capacity, then the text.
 #include <quarnfc/string_utils.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text for the decoders, which must agree in their narrow and wide forms, and data for the
 // encoders, which must come back.
 #include <quarnfc/base32.h>

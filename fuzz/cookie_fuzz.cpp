@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A Set-Cookie header and the URL that is asked for its cookies.
 #include <quarnfc/internet.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One line of a CSV file: a byte that says whether it is UTF-8, then the line.
 #include "io/csv_row.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Date-time text: what is read within 32 bits is written again as a text that reads as the same.
 // Run it in a time zone without summer time: an hour that comes twice does not come back.
 #include <quarnfc/time_utils.h>

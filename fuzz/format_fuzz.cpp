@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Format strings against arguments that suit every conversion.
 //
 // The floating-point arguments fill exactly the registers set aside for them, so that whatever else

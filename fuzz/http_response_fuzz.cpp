@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A response from memory, through the classes: the lines of its head, then its body, which is read
 // by block and by line with buffers of every size.
 #include <quarnfc/internet.h>

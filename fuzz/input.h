@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The bytes a fuzzer hands over, cut into what a target needs.
 #ifndef QUARNFC_FUZZ_INPUT_H_
 #define QUARNFC_FUZZ_INPUT_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading JSON text, and writing, copying and looking up what was read: path, zero, text.
 #include <quarnfc/json_object.h>
 #include <quarnfc/json_value.h>

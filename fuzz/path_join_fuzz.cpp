@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Path joining: base, zero, path.
 #include <quarnfc/plain.h>
 #include <quarnfc/string_utils.h>

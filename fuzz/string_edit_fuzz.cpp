@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Series of edits on a string and a copy that shares its buffer: text, then for each edit a code,
 // a position and two texts.
 #include <quarnfc/qn_string.h>

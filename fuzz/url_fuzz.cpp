@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A URL, split with flags that the first byte chooses.
 #include <quarnfc/internet_api.h>
 #include <quarnfc/url.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Wildcard matching against a matcher by table: pattern, zero, text.
 #include <quarnfc/string_utils.h>
 

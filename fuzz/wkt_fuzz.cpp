@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A text of WKT, read by both families of systems, which then write what they hold.
 #include <quarnfc/error.h>
 #include <quarnfc/projected.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "geo/create_wkt.h"
 
 #include <algorithm>

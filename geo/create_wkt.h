@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What CreateWKT of geographic and projected systems share: numbers as they are written, and the
 // buffer that the caller receives.
 #ifndef QUARNFC_GEO_CREATE_WKT_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Earth-fixed Cartesian coordinates and the local frame of east, north and up.
 //
 // With n the unit normal at a point of the ellipsoid x^2/a^2 + y^2/a^2 + z^2/b^2 = 1, the point is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The reference ellipsoid and what the projections need of it, computed once.
 //
 //   b = a (1 - f)   e^2 = 1 - (b/a)^2   e'^2 = (a/b)^2 - 1   n = (a - b) / (a + b)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Projected systems by EPSG code: the numbers of the EPSG Geodetic Parameter Dataset, looked up in
 // a table of runs. The definitions differ from the official ones where the rows below and the
 // public header say so, deliberately.

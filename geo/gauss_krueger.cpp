@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The Gauss-Krueger series: geographic to plane coordinates and back.
 //
 // The formulas are those of P. D. Thomas, Conformal Projections in Geodesy and Cartography, US

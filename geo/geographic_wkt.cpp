@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Geographic systems as GEOGCS texts.
 //
 // Written from one template, cut at 511 bytes; of what is read only the spheroid's two numbers

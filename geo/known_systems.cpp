@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "geo/known_systems.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The names under which the predefined systems are written in WKT.
 #ifndef QUARNFC_GEO_KNOWN_SYSTEMS_H_
 #define QUARNFC_GEO_KNOWN_SYSTEMS_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The messages of this folder, in code page 936 whatever compiler builds them. Beside each: its
 // text and its meaning.
 #ifndef QUARNFC_GEO_MESSAGES_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Projected systems: fields, comparison, UTM zones.
 #include <quarnfc/projected.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Projected systems as PROJCS texts.
 //
 // Written from one template, cut at 1023 bytes; what is read is the spheroid, the projection's name

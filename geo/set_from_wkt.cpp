@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "geo/set_from_wkt.h"
 
 #include "geo/messages.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What SetFromWKTA and SetFromWKTW of geographic and projected systems share: reading the text,
 // taking the spheroid from it, handing the message of a failure to the caller.
 #ifndef QUARNFC_GEO_SET_FROM_WKT_H_

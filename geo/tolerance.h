@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How close two systems must be to count as equal.
 #ifndef QUARNFC_GEO_TOLERANCE_H_
 #define QUARNFC_GEO_TOLERANCE_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The Mercator projection of the sphere: x = R lambda, y = R ln tan(pi/4 + phi/2), with R times pi
 // given as half the width of the world (J. P. Snyder, Map Projections: A Working Manual, USGS
 // Professional Paper 1395, 1987, equations 7-1 to 7-5). Nothing is wrapped or clamped;

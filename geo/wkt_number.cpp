@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "geo/wkt_number.h"
 
 #include <charconv>

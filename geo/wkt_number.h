@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Numbers as they are read from WKT.
 #ifndef QUARNFC_GEO_WKT_NUMBER_H_
 #define QUARNFC_GEO_WKT_NUMBER_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reads Well-Known Text into a tree of nodes and finds nodes and parameters in it.
 //
 // The notation is that of OGC 01-009 (Coordinate Transformation Services), 7.2, with any keywords:

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tokens of Well-Known Text:
 //
 //   delimiter = "," | "[" | "]"

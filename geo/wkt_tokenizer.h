@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Cuts WKT into tokens: commas, square brackets, quoted texts and unquoted words.
 #ifndef QUARNFC_GEO_WKT_TOKENIZER_H_
 #define QUARNFC_GEO_WKT_TOKENIZER_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tree that the WKT reader builds: ownership and search.
 //
 // A search compares keywords without regard to case, one level per component of the path, and takes

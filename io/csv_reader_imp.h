@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The private record of CQNCSVFileReader.
 #ifndef QUARNFC_IO_CSV_READER_IMP_H_
 #define QUARNFC_IO_CSV_READER_IMP_H_

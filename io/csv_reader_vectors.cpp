@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The functions on vectors, where host and library share the standard library.
 #include "io/csv_reader_imp.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The fields of a line, after RFC 4180 in its spirit, not to the letter:
 //
 //   line   = [ field { "," field } ]

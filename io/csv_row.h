@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One line of a CSV file, cut into its fields.
 #ifndef QUARNFC_IO_CSV_ROW_H_
 #define QUARNFC_IO_CSV_ROW_H_

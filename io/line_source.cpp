@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One buffer slides over the file. A line is ended by a zero byte in place of its line feed; when
 // none is left in the buffer, the unread rest moves to the front and the file fills up behind it. A
 // line that starts at the front and does not end within the buffer is too long. Every byte is moved

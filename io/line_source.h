@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lines of a text file of any size, cut in place in one buffer.
 #ifndef QUARNFC_IO_LINE_SOURCE_H_
 #define QUARNFC_IO_LINE_SOURCE_H_

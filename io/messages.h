@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Messages of the CSV reader: code page 936 bytes, written so that every compiler stores the same,
 // each with its text and meaning.
 #ifndef QUARNFC_IO_MESSAGES_H_

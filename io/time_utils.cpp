@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Date-time text:
 //
 //   text   = number "-" number "-" number [ " " time ]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A growable list that is one pointer wide: most lists of a document are short, and every value has
 // one. It has the members of std::vector that are used here, under the same names. Items move from
 // place to place without throwing.

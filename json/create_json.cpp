@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CreateJson and CreateUTF8Json of CMyJsonObj and CMyJsonValue.
 
 #include <quarnfc/json_object.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Decimal numbers of up to 19 digits as doubles, correctly rounded.
 //
 // Method: D. Lemire, "Number Parsing at a Gigabyte per Second", Software: Practice and Experience

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "json/doomed_tree.h"
 
 #include <utility>

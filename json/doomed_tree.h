@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Destroys trees of JSON values of any depth in constant stack and without allocating.
 #ifndef QUARNFC_JSON_DOOMED_TREE_H_
 #define QUARNFC_JSON_DOOMED_TREE_H_

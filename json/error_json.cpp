@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/error_json.h>
 #include <quarnfc/plain.h>
 

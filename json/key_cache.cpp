@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "json/key_cache.h"
 
 #include <cstdint>

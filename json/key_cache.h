@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The keys of a document that is being read. Objects of one kind have the same keys over and over:
 // equal ones share one text.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Finding keys in objects with many members: a hash table from keys to the first member that has
 // the key. It is made at the first search, so that objects which are only read, copied and written
 // do without; searches on several threads may make it at once, and one of the tables stays.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Load of CMyJsonObj and CMyJsonValue.
 
 #include <quarnfc/json_object.h>

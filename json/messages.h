@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The texts of the JSON subsystem. The Chinese ones are bytes of code page 936, whatever compiler
 // builds them.
 #ifndef QUARNFC_JSON_MESSAGES_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Numbers as text, the same on every target and in every locale. No allocation.
 //
 // Reading takes what the C library's strtod takes in the "C" locale, without hexadecimal numbers,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Construction, destruction, copies and enumeration of CMyJsonObj.
 
 #include <quarnfc/json_object.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Adding members to a CMyJsonObj, setting them by path, and removing them.
 
 #include <quarnfc/json_object.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Looking up members of a CMyJsonObj by key and by path.
 
 #include "json/object_path.h"

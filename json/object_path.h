@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Finding members: the search for a key and the parts of a path.
 #ifndef QUARNFC_JSON_OBJECT_PATH_H_
 #define QUARNFC_JSON_OBJECT_PATH_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "json/piece_list.h"
 
 #include <algorithm>

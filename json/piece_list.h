@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text gathered as a list of pieces and joined once, in one buffer of the final length. Pieces are
 // as long as the blocks they lie in, and every block is twice as long as the one before it, up to a
 // limit: no byte is moved before it is joined.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where the records of values and objects live.
 //
 // A value or object on the heap (a "shell", one pointer wide) lies in one block with room for its

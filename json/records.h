@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The private records behind CMyJsonValue and CMyJsonObj, and the door to them for the sources of
 // this folder.
 #ifndef QUARNFC_JSON_RECORDS_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A text of a document: a string value, a key or a message. One pointer wide; the block behind it
 // holds a count of references, the length and the terminated bytes. Copies share the block, on
 // whatever thread; it never changes while it is shared. The empty text has no block.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "json/text_reader.h"
 
 #include <quarnfc/json_object.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reads JSON objects and arrays, nested as deep as memory allows, in constant stack.
 //
 // The grammar is RFC 8259 made lenient. ws is any run of space, TAB, CR and LF; a zero byte ends

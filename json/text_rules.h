@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rules of the JSON grammar that read no further values: white space, strings, literals,
 // numbers. Texts are zero-terminated and are read byte by byte.
 #ifndef QUARNFC_JSON_TEXT_RULES_H_

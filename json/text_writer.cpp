@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "json/text_writer.h"
 
 #include <quarnfc/json_object.h>

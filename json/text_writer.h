@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes JSON values as text, nested as deep as memory allows, in constant stack: open containers
 // stand on a stack on the heap. The text is gathered in pieces and joined once.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fills records: copies trees of JSON values of any depth in constant stack, and moves content from
 // one record to another.
 #ifndef QUARNFC_JSON_TREE_COPY_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Construction, destruction, accessors and deep copies of CMyJsonValue.
 
 #include <quarnfc/json_value.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Editing the array of a CMyJsonValue.
 
 #include <quarnfc/json_value.h>

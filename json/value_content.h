@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Filling fresh (eEmpty) values. The public constructors of CMyJsonValue and the values that the
 // library makes itself go the same way.
 #ifndef QUARNFC_JSON_VALUE_CONTENT_H_

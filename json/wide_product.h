@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The 128-bit product of two 64-bit numbers.
 #ifndef QUARNFC_JSON_WIDE_PRODUCT_H_
 #define QUARNFC_JSON_WIDE_PRODUCT_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What hosts pass to the classes: context values, headers, texts of a request.
 #ifndef QUARNFC_NET_ARGUMENTS_H_
 #define QUARNFC_NET_ARGUMENTS_H_

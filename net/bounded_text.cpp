@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "net/bounded_text.h"
 
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Copying text into a caller's buffer.
 #ifndef QUARNFC_NET_BOUNDED_TEXT_H_
 #define QUARNFC_NET_BOUNDED_TEXT_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Storage of the HTTP client's objects: the library's memory, whichever module creates or deletes
 // them.
 #include <quarnfc/internet.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The modes of a file, and positions as the platform reports them.
 #ifndef QUARNFC_NET_FILE_VALUES_H_
 #define QUARNFC_NET_FILE_VALUES_H_

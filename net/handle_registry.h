@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The process-wide register of internet handles: which object closes a handle, which handle it was
 // made below and which session its status callbacks go to. It exists from the loading of the module
 // to its unloading.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/internet_file.h>
 
 #include <cstdlib>

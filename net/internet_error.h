@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The one place that throws the HTTP client's exception.
 #ifndef QUARNFC_NET_INTERNET_ERROR_H_
 #define QUARNFC_NET_INTERNET_ERROR_H_

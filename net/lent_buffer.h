@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A file's buffer while the platform reads into it or writes from it.
 #ifndef QUARNFC_NET_LENT_BUFFER_H_
 #define QUARNFC_NET_LENT_BUFFER_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Making objects over handles without losing either.
 #ifndef QUARNFC_NET_NEW_OBJECT_H_
 #define QUARNFC_NET_NEW_OBJECT_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/internet.h>
 #include <quarnfc/internet_file.h>
 #include <quarnfc/url.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One call of a session's status callback.
 #ifndef QUARNFC_NET_STATUS_CALL_H_
 #define QUARNFC_NET_STATUS_CALL_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the two targets' file functions need of their C library; for platform/file.cpp alone.
 #ifndef QUARNFC_PLATFORM_C_STREAM_H_
 #define QUARNFC_PLATFORM_C_STREAM_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The system's clock and time zone. Times are seconds since 1 January 1970, 00:00 UTC.
 #ifndef QUARNFC_PLATFORM_CLOCK_H_
 #define QUARNFC_PLATFORM_CLOCK_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The process ANSI code page and UTF-8: conversion to and from UTF-16, and what single characters
 // of the code page are. Off Windows the ANSI and the OEM code page are 936.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The order of texts in the system's locale.
 #ifndef QUARNFC_PLATFORM_COLLATION_H_
 #define QUARNFC_PLATFORM_COLLATION_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What compilers spell differently.
 #ifndef QUARNFC_PLATFORM_COMPILER_H_
 #define QUARNFC_PLATFORM_COMPILER_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/cpu.h"
 
 #if defined(__x86_64__) || defined(_M_X64)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the processor offers beyond the x86-64 baseline; nothing on other processors.
 #ifndef QUARNFC_PLATFORM_CPU_H_
 #define QUARNFC_PLATFORM_CPU_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text for a debugger that watches this process.
 #ifndef QUARNFC_PLATFORM_DEBUG_OUTPUT_H_
 #define QUARNFC_PLATFORM_DEBUG_OUTPUT_H_

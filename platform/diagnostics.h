@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Crash dumps and event-log entries: the parts that differ between Windows and elsewhere.
 //
 // All functions are called from crash handlers: none of them throws or takes memory from the heap

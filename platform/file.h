@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Files by path, read and written as bytes.
 //
 // Paths are as the host's file functions take them: in the ANSI code page on Windows, the host's

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The platform's internet functions, under the names Windows gives them: the library hands handles,
 // option numbers and status codes through to hosts. On Windows they are the platform's; elsewhere
 // platform/posix/internet supplies them.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Texts of the error codes that the internet functions leave.
 #ifndef QUARNFC_PLATFORM_INTERNET_ERROR_TEXT_H_
 #define QUARNFC_PLATFORM_INTERNET_ERROR_TEXT_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Locks between the threads of this process.
 #ifndef QUARNFC_PLATFORM_LOCK_H_
 #define QUARNFC_PLATFORM_LOCK_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Large pieces of memory that lie at a multiple of their size, so that the piece which an address
 // belongs to is found by masking the address.
 #ifndef QUARNFC_PLATFORM_SLAB_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // System errors as the library's messages print them: numbers of Windows on every target.
 #ifndef QUARNFC_PLATFORM_SYSTEM_ERROR_H_
 #define QUARNFC_PLATFORM_SYSTEM_ERROR_H_

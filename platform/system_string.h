@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // System strings: UTF-16 text behind its byte count, as the platform's automation functions and
 // hosts exchange it. SysStringLen and SysFreeString, which hosts call as well, are declared in
 // <quarnfc/platform_types.h> or, on Windows, by the platform.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One pointer of the library for each thread. Reading it is as fast as the platform allows and
 // leaves the last error alone.
 #ifndef QUARNFC_PLATFORM_THREAD_DATA_H_

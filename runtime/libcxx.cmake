@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # libc++ for this target, from Debian's sources of the version whose headers are installed.
 # scripts/fetch-libcxx.sh puts them there.
 set(QUARNFC_LIBCXX_SOURCE_DIR "${PROJECT_SOURCE_DIR}/build/libcxx/src"

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* The flat C interface: a JSON document, and the districts of a CSV file in Gauss-Krueger metres.
  */
 #include <quarnfc/c/quarnfc.h>

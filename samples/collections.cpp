@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Collections: strings that a collection owns, and a host's own collection with the removal hook.
 #include <cstdio>
 

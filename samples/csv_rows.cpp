@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rows of a CSV file: prints how many there are and the longest of its first fields.
 #include <quarnfc/quarnfc.h>
 

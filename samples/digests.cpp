@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Digests of a text, and one of them as Base64.
 #include <quarnfc/quarnfc.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A survey mark in two coordinate systems, and a system read from a text.
 #include <quarnfc/quarnfc.h>
 

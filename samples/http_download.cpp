@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fetches a page line by line, watching the progress. Without an argument it asks a port on which
 // nobody listens and shows how that fails.
 #include <quarnfc/quarnfc.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A JSON document: built, edited, saved, read back.
 #include <quarnfc/quarnfc.h>
 

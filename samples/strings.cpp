@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Strings: formatting, sharing, editing by characters, conversion, splitting.
 #include <quarnfc/quarnfc.h>
 

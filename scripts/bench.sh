@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Measures the library beside its peers on this machine and prints one table: work, input, our time,
 # the best peer and its time, the ratio of both and the ratio aimed at. A machine that does nothing
 # else gives steady figures; compare ratios of one run, never times of different machines.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Checks the documentation: links lead to files, Chinese pages have the contents and the code of
 # their English ones, and every public function is named on a page. Prints how many there are.
 # Usage: check-docs.sh [REFERENCE]    the folder of Doxygen's XML; without it functions are not counted

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The checks beside the tests, one script each in scripts/checks. A line tells what each came to; what
 # a failing one printed is shown. The last line is "N passed, M failed".
 # Usage: check.sh            those that run with every change
@@ -8,7 +9,7 @@ set -euo pipefail
 source "$(dirname "$0")/lib.sh"
 
 # The quick ones first; the bars last, for they count what the others' compilers said.
-gates=(format shell layers asan tsan)
+gates=(format shell licence layers asan tsan)
 slow_gates=(plain clang tidy release packages bench fuzz bars)
 
 passed=0

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Shows the library at work: builds QuarnFC.dll and the host program qn for Windows and runs qn
 # under Wine on real files. The pieces of the show are scripts/demo.d/*.sh, in order of name.
 set -euo pipefail

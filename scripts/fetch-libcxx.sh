@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Puts the sources of libc++ that belong to the installed headers (Debian package libc++-19-dev) into
 # build/libcxx/src. They come out of Debian's source package, which is read through a list of sources
 # of this script's own: the system's lists stay as they are.

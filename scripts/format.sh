@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Brings the C and C++ sources into the project's format; --check only tells which are not.
 # Usage: format.sh [--check] [FILE...]
 set -euo pipefail

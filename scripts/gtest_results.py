@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """What a run of a GoogleTest program came to.
 
 Usage: gtest_results.py RUN STATUS

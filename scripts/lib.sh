@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # shellcheck shell=bash
 # Shell functions the scripts share; sourced, never run.
 # After sourcing: $project is the project's folder, $logs the folder of the build logs.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Makes the packages in build/packages, a check sum (.sha256) and a list of contents (.spdx) for
 # each, and tests every one: hosts are built and run against what it holds. The same sources give
 # the same bytes.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Draws docs/gauss-accuracy.svg from the library's own results on Linux.
 # Usage: scripts/plot-gauss-accuracy.sh
 set -euo pipefail

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Records the names that QuarnFC.dll exports: exports-windows.txt for the GNU compiler,
 # exports-msvc.txt for the Microsoft C++ ABI. Run it after a deliberate change of the exported
 # interface and look at the difference before committing it.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Builds a release from clean clones of the last commit: runs every test, makes the packages and
 # tests them, makes them again in another folder and compares the bytes, and puts all of it with the
 # sources into build/release. The tag is left to the person who releases.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Runs a Windows program of the build under Wine, with code page 936 and a Wine prefix of its own
 # in the build folder. The first run makes the prefix (seconds); other runs meanwhile wait for it.
 # Usage: run-wine.sh PROGRAM.exe [ARGUMENT...]

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs what building and testing need on Debian 12: packages, and the Chinese locale that gives
 # Windows programs under Wine code page 936. Does nothing when everything is there.
 # Usage: setup.sh            for scripts/test.sh and scripts/demo.sh

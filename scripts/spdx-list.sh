@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Prints the contents of a package as an SPDX 2.3 document.
 # Usage: spdx-list.sh PACKAGE.zip|PACKAGE.tar.gz|PACKAGE.deb
 set -euo pipefail

@@ -24,7 +24,8 @@ line_for() {
   case $1 in
     *.md | *.natvis | *.xml) printf '<!-- %s -->\n' "$tag" ;;
     *.map | *.c) printf '/* %s */\n' "$tag" ;;
-    *.h | *.cpp | *.h.in | *.rc.in)
+    *.def) printf '; %s\n' "$tag" ;;
+    *.h | *.cpp | *.cs | *.inc | *.h.in | *.rc.in | runtime/include/*)
       if [ "$(head -c 2 "$1")" = '/*' ]; then printf '/* %s */\n' "$tag"; else printf '// %s\n' "$tag"; fi
       ;;
     *) printf '# %s\n' "$tag" ;;

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # shellcheck shell=bash
 # Runs test programs and checks and counts what they say; sourced after lib.sh, never run.
 # After sourcing: $passed, $failed, and the lists $skips and $failures.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Builds the library with the Microsoft C++ ABI and runs its tests under Wine: the test programs, the
 # hosts, the samples, what the DLL imports and exports. The last line is "N passed, M failed".
 # Usage: test-msvc-abi.sh [TEST_FILTER]

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Builds and runs every test: for Windows (under Wine, code page 936) and natively.
 # The last line is "N passed, M failed" over all of them; the exit code is 0 when nothing failed.
 # scripts/check.sh has what takes longer: sanitizers, lint, other compilers and builds.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The private record of CQNCollection.
 #ifndef QUARNFC_CORE_COLLECTIONS_COLLECTION_ITEMS_H_
 #define QUARNFC_CORE_COLLECTIONS_COLLECTION_ITEMS_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/string_collection.h>
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The file names of crash dumps.
 #ifndef QUARNFC_CORE_DIAGNOSTICS_CRASH_DUMP_NAME_H_
 #define QUARNFC_CORE_DIAGNOSTICS_CRASH_DUMP_NAME_H_

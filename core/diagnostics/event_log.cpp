@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/crash_dump.h>
 
 #include "platform/diagnostics.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/version.h>
 
 unsigned int qnGetVersion() { return QUARNFC_VERSION_NUMBER; }

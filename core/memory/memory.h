@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The library's memory: the one place that decides where storage comes from. Beside it stand only
 // the block pools (fixed_alloc.cpp), whose chunks are storage of their own kind, and the buffers of
 // strings beyond the largest pool (string_buffer.cpp), which never leave the string class.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "core/memory/node_heap.h"
 
 #include <algorithm>

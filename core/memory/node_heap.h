@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Small blocks ("nodes") for many threads: string cells, JSON values and texts, objects.
 //
 // Method, as in the small-object allocators of tcmalloc: nodes of one size class are cut from slabs

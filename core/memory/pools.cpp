@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/fixed_alloc.h>
 
 #include "platform/module.h"

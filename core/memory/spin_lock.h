@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A lock for a few instructions of work, ready before any static initialiser runs. A thread that
 // finds it taken spins, then lets others run, then sleeps, so that a holder of lower priority gets
 // its turn.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // First, because MinGW exports the type information of a class that is defined after an exported
 // one.
 #include "core/objects/object_record.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Characters of a text in the process ANSI code page, which is walked by characters and never by
 // bytes. A lead byte and the byte after it are one character, whatever the second byte is; a lead
 // byte in front of the terminator is incomplete.

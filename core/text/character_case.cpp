@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Upper and lower case of characters: by a table for code page 936, where run-time libraries
 // disagree, and by the platform for others.
 #include "core/text/character.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The order of code page 936 is that of the Chinese locale as far as it follows from the code page:
 // symbols, digits, Latin letters, everything else by code, which for the 3755 common Chinese
 // characters is by Pinyin. Only texts that are equal by that are told apart by width and case,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The order of texts for people to read.
 #ifndef QUARNFC_CORE_TEXT_COLLATION_H_
 #define QUARNFC_CORE_TEXT_COLLATION_H_

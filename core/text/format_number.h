@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The text of one number by a conversion specification, as the run-time library's printf family on
 // Windows writes it. Widths, and the precisions of integers, never reach the platform's printf:
 // some take stack in proportion to them. Digits come first, padding is added here.

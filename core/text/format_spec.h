@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One conversion specification of a format string: "%", flags, width, precision, size prefix and
 // conversion character.
 #ifndef QUARNFC_CORE_TEXT_FORMAT_SPEC_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // printf-style formatting.
 //
 //   item      = "%" flags [ width ] [ "." [ precision ] ] [ size ] conversion

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Formatted text: the conversions of the run-time library's printf family as Windows spells them,
 // with the same result on every target.
 #ifndef QUARNFC_CORE_TEXT_FORMAT_TEXT_H_

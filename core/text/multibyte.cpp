@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Bytes first: the C library finds and compares bytes, and the characters of character.h are looked
 // at only where that may matter. A hit counts where a character begins, which the bytes in front of
 // it tell: whatever a byte is that leads no character, the next byte begins one, so an even number

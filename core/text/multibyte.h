@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The multibyte string functions of the run-time library under names of this library. They are
 // written here for every target because run-time libraries disagree about an incomplete character,
 // a lead byte in front of the terminator: some read, or write, beyond the terminator behind it, and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Joining a folder and a path:
 //
 //   absolute = "\\" ...  |  one character or more, then ":" ...

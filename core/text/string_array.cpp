@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "core/text/string_array.h"
 
 #include <cstring>

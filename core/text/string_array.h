@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Arrays of texts without saying what kind of array: the caller's own container grows through a
 // function of the caller.
 #ifndef QUARNFC_CORE_TEXT_STRING_ARRAY_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the functions on vectors stand on where each module has a standard library of its own.
 #include <quarnfc/string_utils.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The functions on vectors, where host and library share the standard library.
 #include <quarnfc/string_utils.h>
 

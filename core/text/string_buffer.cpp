@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "core/text/string_buffer.h"
 
 #include <quarnfc/fixed_alloc.h>

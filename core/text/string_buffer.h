@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The representation of CQNString: characters preceded, in the same block, by a header of three
 // 32-bit words.
 #ifndef QUARNFC_CORE_TEXT_STRING_BUFFER_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/qn_string.h>
 
 #include <algorithm>

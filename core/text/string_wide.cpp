@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Conversions between CQNString and UTF-16 text.
 
 #include <quarnfc/qn_string.h>

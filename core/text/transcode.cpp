@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "core/text/transcode.h"
 
 #include <quarnfc/fixed_alloc.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Conversion of whole texts between the ANSI code page, UTF-8 and UTF-16: the one way to do it
 // inside the library. (string_wide.cpp converts straight into the buffers of strings.)
 //

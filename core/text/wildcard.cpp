@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Wildcard patterns: "*" is any run of characters, "?" any one; there is no escape and there are no
 // sets.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // QNBase32: bytes to Base32 text and back, in the bit order of RFC 4648 but, deliberately, with an
 // alphabet of this library's own and without padding.
 //

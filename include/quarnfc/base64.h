@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // QNBase64: bytes to Base64 text and back, with the standard alphabet and "=" padding of RFC 4648.
 //
 // Ownership: every text returned and every buffer stored through an out-parameter belongs to the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CQNCollection: a growable array of 64-bit items, values or pointers, from which hosts derive
 // collections of their own.
 //

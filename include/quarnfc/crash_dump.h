@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Crash dumps beside the library and entries in the system's event log.
 //
 // A host calls these from its unhandled-exception filter or wherever it wants a trace left behind.

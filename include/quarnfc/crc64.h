@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // QNCRC64: the CRC-64 of the reflected ECMA-182 polynomial, started with all bits set and,
 // deliberately, not inverted at the end: the value is the bitwise complement of CRC-64/XZ.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CQNCSVFileReader: reads a comma-separated text file row by row.
 //
 // The first row is the header. Fields may stand in double quotes, with "" for a quote inside; a

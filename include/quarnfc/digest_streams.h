@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Digests of messages that arrive piece by piece: files, network streams, anything too large to
 // hold.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Error handles: how functions outside an object report failure across the module boundary.
 //
 // A handle is the address of an error object as an unsigned 64-bit integer; 0 means no error. Read

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Error documents: an error as a small JSON document, for a web front end, another process or a
 // log.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Export and visibility: the one place that decides which names leave the module. Everything that
 // is not marked with one of these two is hidden. Hosts have no use for them.
 #ifndef QUARNFC_EXPORT_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fixed-size block pools and scratch buffers.
 //
 // Short strings and short scratch buffers are the library's most frequent allocations. A

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CQNGeoCoordinateSystem: a geographic coordinate system, described by its reference ellipsoid.
 //
 // Units and order: angles in degrees, lengths in metres, and in every argument list the east-west

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // QNHMACSHA: HMAC (RFC 2104) with SHA-256 (FIPS 180-4).
 //
 // Threads: the function may be called from any thread; it allocates nothing and does not throw.

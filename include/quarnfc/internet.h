@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sessions and connections of the HTTP client: CQNInternetSession, CQNInternetConnection and
 // CQNHttpConnection, which yield the requests and responses of <quarnfc/internet_file.h>.
 //

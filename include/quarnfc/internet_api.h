@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The internet functions, records and numbers that hosts use together with the HTTP client, under
 // the names they have on Windows.
 //

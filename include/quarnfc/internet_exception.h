@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CQNInternetException: the one exception type of the HTTP client.
 //
 // It is always thrown as a pointer to an object on the library's heap. Whoever catches the pointer,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Requests and responses of the HTTP client: CQNInternetFile, an open resource with optional read
 // and write buffers, and CQNHttpFile, which adds sending and querying of HTTP requests.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading and saving JSON files.
 //
 // A file is JSON text in the process ANSI code page, or UTF-8 behind the mark EF BB BF. Without the

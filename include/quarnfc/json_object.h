@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CMyJsonObj: a JSON object, an ordered list of members, each a key and a value (CMyJsonValue).
 //
 // Members keep the order in which they were added. Keys may occur twice: every lookup finds the

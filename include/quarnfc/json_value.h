@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CMyJsonValue: one JSON value, which is nothing (null), a string, a number, a boolean, an array
 // of values or an object (CMyJsonObj).
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // QNMD5: MD5 with, deliberately, a packing of message bytes of this library's own.
 //
 // The algorithm is RFC 1321 but for how bytes are packed into 32-bit words: each byte is widened

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CQNObject, the root of the class tree: a reference count, an error status and an error message;
 // and CQNObjClass, the run-time class record.
 //

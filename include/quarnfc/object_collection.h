@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CQNObjectCollection: a CQNCollection that holds references to CQNObject instances.
 //
 // Each item is a CQNObject pointer that stands for one reference, or null. Read the hazards of

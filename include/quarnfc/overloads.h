@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which types the templates of strings and JSON classes take, so that no argument becomes a bool,
 // or a number of another kind, unseen. Nothing here leaves the module.
 //

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* The plain function interface to error handles and memory, for C and C++ hosts and for hosts that
  * resolve the functions by name.
  *

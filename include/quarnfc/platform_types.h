@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Platform types that appear in signatures of this library, declared forward so that a host may
 // include the platform's own headers before or after these, or not at all, and sees one type.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CQNProCoordinateSystem: a Transverse Mercator coordinate system (Gauss-Krueger zones, UTM).
 //
 // Units and order: angles in degrees, lengths in metres; the east-west quantity comes before the

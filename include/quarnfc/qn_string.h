@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CQNString: the library's 8-bit string.
 //
 // Text is in the process ANSI code page, double-byte characters included. Searching, trimming,

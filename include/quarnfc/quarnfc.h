@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Umbrella header: everything a host of QuarnFC needs. Each header below stands alone, too, and
 // says at its head what it is for, who owns what, which texts are in which encoding, how failures
 // are reported and what threads may do.

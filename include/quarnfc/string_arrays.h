@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Arrays of texts in a std::vector<char*>: splitting, cleaning, releasing. Part of string_utils.h.
 //
 // The pieces belong to the library and are released with FreeStrArr (or qnFreeMem each).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CQNStringCollection: a CQNCollection that owns zero-terminated 8-bit strings.
 //
 // Texts are in the process ANSI code page. Each item is a buffer of this library, one that

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // String utilities: code-page conversion, splitting (string_arrays.h), wildcard matching, path
 // joining, and length-prefixed string records in binary files.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // QNTimeUtils: the current time, and times as local date-time text "YYYY-MM-DD hh:mm:ss".
 //
 // A time is an unsigned 32-bit number of seconds since 1970-01-01 00:00:00 UTC. Local time is that

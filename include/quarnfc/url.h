@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // URL parsing: splits a URL into the service it names, server, object, port and credentials.
 //
 // All text is in the process ANSI code page. The URL is canonicalised first, then split; the query

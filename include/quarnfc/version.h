@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* The version of the library: of the headers a host was compiled with (the macros) and of the
  * module it runs with (the function). A C header.
  *

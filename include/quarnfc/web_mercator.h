@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // QNWebMercator: the spherical Web Mercator plane of web maps.
 //
 // Longitude and latitude in degrees, x (east) and y (north) in metres on the sphere of the

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Untried. Run from the folder above packaging: conan create packaging/conan
 import os
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Untried. The port builds the tree it stands in.
 vcpkg_check_linkage(ONLY_DYNAMIC_LIBRARY)
 get_filename_component(SOURCE_PATH "${CMAKE_CURRENT_LIST_DIR}/../.." ABSOLUTE)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The length of the ASCII text at the front of a text, found eight bytes at a time: most texts are
 // ASCII for long stretches, and those need no table.
 #ifndef QUARNFC_PLATFORM_POSIX_ASCII_RUN_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/posix/code_page_936.h"
 
 #include <iconv.h>

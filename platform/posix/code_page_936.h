@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Code page 936 as Windows has it: GBK with U+20AC at 0x80, the user-defined characters in the
 // private use area, and best-fit characters for text that the code page cannot hold exactly.
 #ifndef QUARNFC_PLATFORM_POSIX_CODE_PAGE_936_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where a code-page conversion puts its result: a buffer, or nowhere when only the size is wanted.
 // A converter is written once as a template and instantiated for both.
 #ifndef QUARNFC_PLATFORM_POSIX_CONVERSION_OUTPUT_H_

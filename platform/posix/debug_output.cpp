@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/debug_output.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Listening to the debugger output off Windows, where no debugger can be played by a test.
 #ifndef QUARNFC_PLATFORM_POSIX_DEBUG_OUTPUT_OBSERVER_H_
 #define QUARNFC_PLATFORM_POSIX_DEBUG_OUTPUT_OBSERVER_H_

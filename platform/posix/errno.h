@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The errors of the C library as Windows errors.
 #ifndef QUARNFC_PLATFORM_POSIX_ERRNO_H_
 #define QUARNFC_PLATFORM_POSIX_ERRNO_H_

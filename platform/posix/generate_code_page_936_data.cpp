@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes code_page_936_data.h: what Windows' code page 936 has beyond GBK. A program for Windows,
 // or for Wine with this code page; the build has it as the target generate_code_page_936_data.
 // Usage: run-wine.sh generate_code_page_936_data.exe | tr -d '\r' > code_page_936_data.h

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The internet functions of platform/internet.h off Windows: those that hosts may use as well, and
 // the URL functions, which only the library calls.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_H_

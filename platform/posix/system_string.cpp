@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // System strings: UTF-16 text behind a byte count. The count makes embedded zeros possible and
 // stands in the four bytes before the text, where every reader of such strings looks for it.
 #include "platform/system_string.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/thread_data.h"
 
 #include <pthread.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // UTF-8 to and from UTF-16, with U+FFFD for what is not well formed.
 #ifndef QUARNFC_PLATFORM_POSIX_UTF8_H_
 #define QUARNFC_PLATFORM_POSIX_UTF8_H_

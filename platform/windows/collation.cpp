@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/collation.h"
 
 #include <mbstring.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/internet_error_text.h"
 
 #include <windows.h>

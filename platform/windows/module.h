@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The library's own module.
 #ifndef QUARNFC_PLATFORM_WINDOWS_MODULE_H_
 #define QUARNFC_PLATFORM_WINDOWS_MODULE_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // <windows.h>, for the files of this folder.
 #ifndef QUARNFC_PLATFORM_WINDOWS_PLATFORM_H_
 #define QUARNFC_PLATFORM_WINDOWS_PLATFORM_H_

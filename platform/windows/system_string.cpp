@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/system_string.h"
 
 #include "platform/windows/platform.h"

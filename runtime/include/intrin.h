@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The compiler's <intrin.h> declares _setjmp, which is a macro in the headers of the run-time
 // library.
 #ifndef QUARNFC_RUNTIME_INTRIN_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The operators new and delete, which every module defines for itself (start/operator_new.cpp).
 #ifndef QUARNFC_RUNTIME_NEW_H_
 #define QUARNFC_RUNTIME_NEW_H_

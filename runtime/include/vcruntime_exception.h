@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // std::exception and the exceptions of the language, with the layout that Visual C++ gives them:
 // one thrown by one module is read by another, whichever compiler built it. The texts are copied
 // and released by the run-time DLL that both share.

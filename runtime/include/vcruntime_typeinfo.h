@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // type_info as the compiler lays it out for the Microsoft C++ ABI, and the exceptions of casts.
 // Names are undecorated once and kept in a list that the module releases when it is unloaded.
 #ifndef QUARNFC_RUNTIME_VCRUNTIME_TYPEINFO_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The DllMain of a DLL that has none.
 #include <windows.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The entry routine of a DLL.
 #include <windows.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // std::from_chars for double by way of the C run-time's strtod, which rounds correctly. The text
 // that the standard's grammar takes is copied apart first: strtod would take more (blanks, a plus
 // sign, hexadecimal digits) and wants a terminator.

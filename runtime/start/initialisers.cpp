@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Static initialisers, and the functions that run when the module ends.
 #include <stdlib.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The load configuration: tells the loader where the stack cookie is and what the linker has noted
 // of the targets of indirect calls (control-flow guard).
 #include <windows.h>

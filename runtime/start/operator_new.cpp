@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The operators new and delete over the heap of the Universal C Run-time. A program may define its
 // own: the linker then takes nothing of this file's group. Derived forms call the basic ones, so
 // that replacing those is enough.

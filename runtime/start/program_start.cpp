@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The entry routine of a console program.
 #include <windows.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sections in which the compiler leaves pointers to what runs at start-up. The linker sorts
 // them by what follows the dollar sign, so that the compiler's entries lie between our first and
 // last.

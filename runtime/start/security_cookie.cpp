@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The stack cookie: functions with buffers put it behind them and look whether it is still there.
 #include <windows.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // __chkstk: compiled code calls it before it takes more than a page of stack (the number of bytes
 // is in rax), so that the guard page in front of the stack is met in order. It keeps every register
 // but r10 and r11, takes no stack itself and calls nothing.

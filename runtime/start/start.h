@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the start-up of a DLL and that of a program share.
 #ifndef QUARNFC_RUNTIME_START_H_
 #define QUARNFC_RUNTIME_START_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Thread-local storage: the directory that the loader reads, the initialisers of thread-local
 // objects and their destructors.
 #include <windows.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Statics of functions, initialised once whatever number of threads arrive. The compiler keeps a
 // guard per object: 0 before, -1 while a thread initialises it, otherwise the epoch in which it was
 // done. A thread whose own epoch is not older than that need not come here at all.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The virtual table that all type descriptors of the module share, and the names asked for.
 #include <vcruntime_typeinfo.h>
 

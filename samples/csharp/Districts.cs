@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Projects the districts of a CSV file into a Gauss-Krueger system and prints some of them.
 // Build with QuarnFC.cs, for x64, and keep QuarnFC.dll beside the program.
 // Usage: Districts CSV_FILE

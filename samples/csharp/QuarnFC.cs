@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // QuarnFC from C#: declarations of the flat C interface, and text and errors as C# wants them.
 // They serve PowerShell, too: Add-Type -Path QuarnFC.cs.
 //

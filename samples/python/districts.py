@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Projects the districts of a CSV file into a Gauss-Krueger system and prints some of them.
 
 Usage: districts.py LIBRARY CSV_FILE

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """QuarnFC from Python: the flat C interface through ctypes, without anything to compile.
 
     from quarnfc import Library

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The bars of the project as a table: lengths of files and functions, complexity, how much of the
 # public headers is documentation, and what the compilers said in the builds of the other checks.
 # Every row that has a bar is gated.

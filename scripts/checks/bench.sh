@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The benchmarks build and run: each benchmark once, for no measurement's sake.
 set -euo pipefail
 source "$(dirname "$0")/../lib.sh"

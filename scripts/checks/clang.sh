@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # clang builds all of the project without a warning.
 set -euo pipefail
 source "$(dirname "$0")/../lib.sh"

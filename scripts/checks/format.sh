@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Every C and C++ source is in the project's format.
 set -euo pipefail
 cd "$(dirname "$0")/../.."

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The fuzzers build, and each runs over its corpus and two seconds further.
 set -euo pipefail
 source "$(dirname "$0")/../lib.sh"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Reads every #include of the library and prints which room uses which. Fails when an arrow points up
 # or sideways, when a public header includes anything but public headers and the standard library,
 # or when anything above platform/ reaches for the platform itself.

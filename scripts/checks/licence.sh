@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Every file that can hold it has the line about its licence.
 set -euo pipefail
 source "$(dirname "$0")/../lib.sh"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The packages: made, and hosts built and run against what each one holds.
 set -euo pipefail
 source "$(dirname "$0")/../lib.sh"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The build that a stranger makes: no preset, no generator named, Release. Here a warning of the
 # compiler's highest optimisation is an error, so that a second run sees it, too.
 set -euo pipefail

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The modules as they are released, with link-time optimisation: they build and export the same names.
 set -euo pipefail
 source "$(dirname "$0")/../lib.sh"

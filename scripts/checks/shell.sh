@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Every shell script is clean under shellcheck.
 set -euo pipefail
 cd "$(dirname "$0")/../.."

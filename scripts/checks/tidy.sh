@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # clang-tidy over the sources of both targets: those of the native build, and what only the build for
 # Windows compiles with that build's commands.
 # Usage: tidy.sh [FILE...]

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # JSON: what real documents are made of, values by path, an edit, both encodings, errors.
 # shellcheck shell=bash disable=SC2154  # $project, $scratch, qn, title and say come from demo.sh
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Geodesy: systems by code, zone and text; points there and back; a whole file.
 # shellcheck shell=bash disable=SC2154  # $project, $scratch, qn, title and say come from demo.sh
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # HTTP: a web server of the demo's own on this machine, and a file fetched from it.
 # shellcheck shell=bash disable=SC2154  # $project, $scratch, qn, title, say and die are demo.sh's
 

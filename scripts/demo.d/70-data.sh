@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Data: CSV rows to JSON, digests of the result, Base64 and Base32 of a digest, a time stamp.
 # shellcheck shell=bash disable=SC2154  # $project, $scratch, qn, title and say come from demo.sh
 

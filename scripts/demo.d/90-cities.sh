@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The end of the show: cities in their 3-degree zones and the error of the way back.
 # shellcheck shell=bash disable=SC2154  # $project, qn, title and say come from demo.sh
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Compares the layout of every exported class under the Microsoft C++ ABI (virtual slots, fields
 # with their offsets, size) with tests/abi/expected/CLASS.txt. Hosts are compiled against these
 # layouts, so a difference is a break of every host.

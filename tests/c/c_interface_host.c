@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* A host in C that uses every family of the flat C interface. */
 #include <quarnfc/c/quarnfc.h>
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Compares the headers of the flat C interface with its declarations in other languages: the same
 functions, each with as many arguments. Usage: check_declarations.py PROJECT_FOLDER"""
 

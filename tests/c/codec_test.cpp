@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Codecs and digests through the flat C interface, with published vectors.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CSV files through the flat C interface.
 #include <gtest/gtest.h>
 

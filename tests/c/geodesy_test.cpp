@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Coordinate systems through the flat C interface: the same numbers as the classes.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // JSON documents through the flat C interface.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The flat C interface from Python. Usage: python_host_test.py LIBRARY PROJECT_FOLDER"""
 
 import csv

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the functions of the flat C interface return, as values that the tests compare.
 #ifndef QUARNFC_TESTS_C_RESULTS_H_
 #define QUARNFC_TESTS_C_RESULTS_H_

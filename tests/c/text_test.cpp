@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text and errors of the flat C interface.
 #include <gtest/gtest.h>
 

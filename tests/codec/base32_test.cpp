@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/base32.h>
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The fast path of Base64 against the plain one, group by group.
 #include "codec/base64_x86.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sizes that the codecs allocate, up to the largest count a caller can give. They are computed
 // in 64 bits, so that nothing wraps around near 4 GiB.
 #include "codec/bit_text.h"

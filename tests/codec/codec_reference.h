@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The two codecs as the tests see them: the functions of the library under common names, and the
 // decoding rule written down plainly, character by character with a linear search.
 #ifndef QUARNFC_TESTS_CODEC_CODEC_REFERENCE_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What holds for both codecs. The decoders are held against the plain rule of codec_reference.h.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/crc64.h>
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Digests of messages in pieces.
 #include <quarnfc/crc64.h>
 #include <quarnfc/digest_streams.h>

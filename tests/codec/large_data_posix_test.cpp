@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sizes that are negative as an int. The data are zeros that take no memory: pages never written.
 #include <quarnfc/hmac_sha256.h>
 

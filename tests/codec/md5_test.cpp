@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/md5.h>
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Stands in for openssl_peer_test.cpp where OpenSSL is not at hand, so that the gap shows.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The codecs and digests against OpenSSL, on random data of many lengths.
 #include <gtest/gtest.h>
 #include <openssl/evp.h>

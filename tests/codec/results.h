@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the codecs and digests hand to the caller, taken over into standard containers so that
 // tests compare and print bytes; and the data they are tried on.
 #ifndef QUARNFC_TESTS_CODEC_RESULTS_H_

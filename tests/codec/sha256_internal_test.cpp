@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "codec/sha256.h"
 
 #include <gtest/gtest.h>

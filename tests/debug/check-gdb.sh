@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Runs a host under gdb, and looks at its core file afterwards: both times the printers must show
 # what expected.txt says.
 # Usage: check-gdb.sh HOST auto-load FOLDER   the printers are those that gdb loads with the library

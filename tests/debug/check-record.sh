@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Lets a host crash that uses the library installed in a folder, and resolves the crash record it
 # leaves: a frame of the library must come out with function, file and line.
 # Usage: check-record.sh FOLDER

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host with something of everything, for the debugger: it stops in Stop.
 #include <quarnfc/quarnfc.h>
 

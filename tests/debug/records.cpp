@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Describes the library's private records to the debugger where the library itself was built
 // without debug information.
 #include "json/records.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Geographic and Earth-fixed coordinates.
 #include <quarnfc/ext/coordinates.h>
 #include <quarnfc/geographic.h>

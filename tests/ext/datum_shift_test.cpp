@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Datum shifts in space and in the plane.
 #include <quarnfc/ext/datum_shift.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Plane systems that show true lengths at the height of the ground.
 #include <quarnfc/ext/height_plane.h>
 #include <quarnfc/ext/transverse_mercator.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Places in a document: pointers, paths with indexes, fallbacks, and the document that owns itself.
 #include <quarnfc/ext/json_access.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Coordinate systems by EPSG code. tests/peers holds every code against PROJ's database.
 #include <quarnfc/ext/official_systems.h>
 

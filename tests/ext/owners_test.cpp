@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Owners release what they hold, once. (That nothing leaks is for the leak checker to say.)
 #include <quarnfc/error.h>
 #include <quarnfc/error_json.h>

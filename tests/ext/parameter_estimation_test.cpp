@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Parameters from common points: what was put in comes out, with the residuals of what does not
 // fit.
 #include <quarnfc/ext/parameter_estimation.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Range-for over objects, arrays, collections and rows.
 #include <quarnfc/ext/ranges.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Angles as degrees, minutes and seconds.
 #include <quarnfc/ext/sexagesimal.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The exact projection. tests/peers holds it against GeographicLib's elliptic functions.
 #include <quarnfc/ext/transverse_mercator.h>
 #include <quarnfc/projected.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Zones of Gauss-Krueger and UTM.
 #include <quarnfc/ext/zones.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the tests of the coordinate systems share.
 #ifndef QUARNFC_TESTS_GEO_GEO_SUPPORT_H_
 #define QUARNFC_TESTS_GEO_GEO_SUPPORT_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "geo/messages.h"
 
 #include <gtest/gtest.h>

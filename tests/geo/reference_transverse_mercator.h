@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The transverse Mercator projection by Krueger's series in the third flattening n to the sixth
 // order, after C. F. F. Karney, "Transverse Mercator with an accuracy of a few nanometers",
 // J. Geodesy 85 (2011), equations 7 to 9, 11, 14 and 35. Exact to well below a micron within

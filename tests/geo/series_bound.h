@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How far the library's series may be from the exact projection: the terms that they leave out.
 //
 // Sources: the series of the transverse Mercator projection in the longitude difference, as in

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Texts as widespread software writes them: those of tests/data/wkt, which generate.sh beside them
 // makes with PROJ. Each is accepted or refused exactly as the rules say.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "geo/wkt_reader.h"
 
 #include <gtest/gtest.h>

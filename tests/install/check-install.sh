@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs a build into an empty folder, moves that folder, and builds and runs hosts against it.
 # Usage: check-install.sh windows|linux BUILD_FOLDER
 set -euo pipefail

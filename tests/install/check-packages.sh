@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Unpacks the packages of a folder, each kind into an empty folder, and builds and runs hosts
 # against what they hold.
 # Usage: check-packages.sh windows|linux FOLDER

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Builds hosts against the library that is installed in a folder, and runs them.
 # Usage: check-prefix.sh windows|linux FOLDER
 set -euo pipefail

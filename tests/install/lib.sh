@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # shellcheck shell=bash
 # What the tests of installed libraries share; sourced, never run.
 # After sourcing: $source is the project's folder, $here the folder of these tests.

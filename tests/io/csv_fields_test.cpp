@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How lines become fields.
 #include <gtest/gtest.h>
 

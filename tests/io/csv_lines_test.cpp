@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How a file becomes lines: blank lines, zero bytes, and the buffer of 409,600 bytes.
 #include <gtest/gtest.h>
 

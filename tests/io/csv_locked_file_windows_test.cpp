@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A file that another program has opened without sharing.
 #include <gtest/gtest.h>
 #include <windows.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The reader as a whole: opening, messages, going back, copies.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every short line over the characters that matter, against the splitting rules written down step
 // by step, with the moves and cuts they speak of.
 #include "io/csv_row.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Rows and messages of a CSV reader as standard containers, so that tests compare and print bytes.
 #ifndef QUARNFC_TESTS_IO_CSV_ROWS_H_
 #define QUARNFC_TESTS_IO_CSV_ROWS_H_

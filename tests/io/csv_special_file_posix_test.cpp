@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Paths that name no regular file (never a hang), and a file that is only large on paper.
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The districts of China, one file in code page 936 and the same in UTF-8 with mark.
 #include <gtest/gtest.h>
 

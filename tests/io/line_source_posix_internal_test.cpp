@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A read error in the middle of a file, from a stream that fails where the test says.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A file in the temporary folder that lives as long as the object.
 #ifndef QUARNFC_TESTS_IO_TEMP_FILE_H_
 #define QUARNFC_TESTS_IO_TEMP_FILE_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/time_utils.h>
 
 #include <gtest/gtest.h>

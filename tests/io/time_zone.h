@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs a test in a time zone and puts the zone of before back.
 #ifndef QUARNFC_TESTS_IO_TIME_ZONE_H_
 #define QUARNFC_TESTS_IO_TIME_ZONE_H_

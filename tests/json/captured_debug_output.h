@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Keeps what this process sends to the debugger output.
 #ifndef QUARNFC_TESTS_JSON_CAPTURED_DEBUG_OUTPUT_H_
 #define QUARNFC_TESTS_JSON_CAPTURED_DEBUG_OUTPUT_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/posix/debug_output_observer.h"
 #include "tests/json/captured_debug_output.h"
 

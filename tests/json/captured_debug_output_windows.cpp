@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A text for the debugger travels as an exception, which a handler in the process sees first.
 
 #include <windows.h>

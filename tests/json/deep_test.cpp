@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Trees nested a hundred thousand and a million levels deep: no operation uses stack in proportion.
 
 #include <quarnfc/json_object.h>

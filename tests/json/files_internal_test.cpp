@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The debugger output of the JSON file functions.
 
 #include <gtest/gtest.h>

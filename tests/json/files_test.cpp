@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/json_files.h>
 #include <quarnfc/object.h>
 #include <quarnfc/plain.h>

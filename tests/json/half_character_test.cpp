@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // UTF-8 documents of texts that hold half a character.
 #include <gtest/gtest.h>
 #include <quarnfc/error_json.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Helpers of the JSON tests.
 #ifndef QUARNFC_TESTS_JSON_JSON_SUPPORT_H_
 #define QUARNFC_TESTS_JSON_JSON_SUPPORT_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Objects with many members, compared with a list that is searched one by one.
 #include <quarnfc/json_object.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "json/messages.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "json/number_text.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Documents that are written and read back: random trees and real files.
 
 #include <quarnfc/json_files.h>

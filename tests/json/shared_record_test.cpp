@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Copies of values and objects share one record, and exactly one of them is destroyed: whichever
 // that is, and wherever each was made.
 #include <quarnfc/json_object.h>

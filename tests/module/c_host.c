@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* A host in C: finds the plain functions of the module by name and calls them. */
 #include <quarnfc/plain.h>
 

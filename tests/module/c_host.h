@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* The part of the C host that is written in C++. */
 #ifndef QUARNFC_TESTS_MODULE_C_HOST_H_
 #define QUARNFC_TESTS_MODULE_C_HOST_H_

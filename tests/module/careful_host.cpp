@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host whose use of the library draws no warning, whatever it asks its compiler for. It is
 // compiled only.
 #include <quarnfc/quarnfc.h>

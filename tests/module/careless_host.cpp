@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host that is warned about its own code; a test sees that it is.
 #include <quarnfc/quarnfc.h>
 

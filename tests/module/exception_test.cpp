@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Exceptions that the module throws and a host catches.
 #include <gtest/gtest.h>
 

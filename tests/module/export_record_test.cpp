@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The exported names compared with the record: a name that appears or vanishes is a decision.
 #include <gtest/gtest.h>
 

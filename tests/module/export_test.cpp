@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What leaves the module: the plain names for hosts that resolve them, and nothing private.
 #include <gtest/gtest.h>
 

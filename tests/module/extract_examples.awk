@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Turns the examples in the comments of public headers into tests of one source file.
 # Usage: awk -v out=FILE -f extract_examples.awk HEADER...
 #

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host whose operator new and delete are its own: whatever it deletes that the library made, and
 // the other way round, must reach the allocator it came from. The host's operators mark each block
 // and end the program when they are given one without the mark.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the examples of the public headers are compiled with.
 #ifndef QUARNFC_TESTS_MODULE_HEADER_EXAMPLE_H_
 #define QUARNFC_TESTS_MODULE_HEADER_EXAMPLE_H_

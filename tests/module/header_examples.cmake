@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The examples in the public headers are compiled, and run where they need nothing from outside.
 
 find_program(QUARNFC_AWK awk REQUIRED)

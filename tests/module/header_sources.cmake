@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # A reader of a public header finds its source without searching: a source has the header's name, or
 # the header names its sources, and these exist.
 # Usage: cmake -D ROOT=<project> -P header_sources.cmake

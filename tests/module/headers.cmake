@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Every public header compiles alone, included twice, in C++17, and in C++20 after the platform's own
 # headers; the umbrella header includes them all and also stands before those. Compiling is the test:
 # the objects are part of the build and are linked into nothing.

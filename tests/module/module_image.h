@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the loaded module says about itself. One source file per platform.
 #ifndef QUARNFC_TESTS_MODULE_MODULE_IMAGE_H_
 #define QUARNFC_TESTS_MODULE_MODULE_IMAGE_H_

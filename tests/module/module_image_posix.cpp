@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/module/module_image.h"
 
 #include <dlfcn.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The shared object's own data.
 #include <dlfcn.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The host program in the README is the sample, to the letter.
 # Usage: cmake -D README=... -D SAMPLE=... -P readme_check.cmake
 file(READ "${README}" readme)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Makes the platform refuse system strings to the module, as it does when memory is exhausted.
 // One source file per platform.
 #ifndef QUARNFC_TESTS_MODULE_REFUSED_ALLOCATION_H_

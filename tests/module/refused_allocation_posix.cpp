@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The process's address space is limited to what it uses already.
 #include <sys/resource.h>
 #include <unistd.h>

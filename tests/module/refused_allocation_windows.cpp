@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The module's imported SysAllocStringLen and SysReAllocStringLen are replaced in its import
 // table.
 #include <windows.h>

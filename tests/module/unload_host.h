@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What both programs that unload the library share: they know its functions by name only.
 #ifndef QUARNFC_TESTS_MODULE_UNLOAD_HOST_H_
 #define QUARNFC_TESTS_MODULE_UNLOAD_HOST_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host that loads the library at run time. Usage: unload_host LIBRARY unload|exit
 //   unload  unloading the library frees its pools and slabs
 //   exit    the end of the process does not: threads that still run go on using them

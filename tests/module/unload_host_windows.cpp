@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host that loads the library at run time. Usage: unload_host LIBRARY unload
 // Unloading the library frees the chunks of its pools.
 #include "unload_host.h"

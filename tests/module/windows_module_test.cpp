@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The DLL's own data: hardening flags and version resource.
 #include <windows.h>
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # What the DLL imports: the system's DLLs, the Universal C Run-time and vcruntime140.dll, nothing else.
 # And that it is built with control-flow guard. Usage: check-module.sh LLVM_READOBJ QuarnFC.dll
 set -euo pipefail

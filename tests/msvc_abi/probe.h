@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the probe DLL tells its host. Events are counted by kind.
 #ifndef QUARNFC_TESTS_MSVC_ABI_PROBE_H_
 #define QUARNFC_TESTS_MSVC_ABI_PROBE_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A DLL that uses whatever the run-time part has to supply: statics, thread-local objects, statics
 // of functions, functions at exit, exceptions, frames of many pages.
 #include "probe.h"

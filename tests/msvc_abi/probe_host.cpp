@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loads the probe DLL, uses it from several threads, unloads it, twice, and looks at what happened
 // when.
 #include "probe.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Functions on vectors where every module has a standard library of its own: the vector is the
 // host's, whatever it is made of.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/net/fake_internet.h"
 
 #include <gtest/gtest.h>

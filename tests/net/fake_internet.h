@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A stand-in for the platform's internet API in the internal tests: it hands out the bytes and
 // failures a test asks for and records what the library asks of it. Nothing touches the network.
 #ifndef QUARNFC_TESTS_NET_FAKE_INTERNET_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Puts the stand-in in the place of the platform's functions: the library reaches them through
 // import pointers, which are defined here.
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rules of the read buffer, call by call: which bytes come from the buffer and what is asked of
 // the platform.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Line reading.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rules of the write buffer, call by call: what is held and what reaches the platform.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Servers that break off, lie about lengths or never end: an exception with the platform's code or
 // a short read, and never more memory than asked for.
 #include <quarnfc/internet.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Requests and responses, against a server in this program.
 #include <quarnfc/internet.h>
 #include <quarnfc/internet_file.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/internet_exception.h>
 
 #include <gtest/gtest.h>

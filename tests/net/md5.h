@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The MD5 checksum of data in pieces, by somebody else's code.
 #ifndef QUARNFC_TESTS_NET_MD5_H_
 #define QUARNFC_TESTS_NET_MD5_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How much memory this process takes.
 #ifndef QUARNFC_TESTS_NET_MEMORY_IN_USE_H_
 #define QUARNFC_TESTS_NET_MEMORY_IN_USE_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A transport in memory: it answers with what a test or a fuzzer gives it and keeps what it was
 // sent. Nothing touches the network.
 #ifndef QUARNFC_TESTS_NET_MEMORY_TRANSPORT_H_

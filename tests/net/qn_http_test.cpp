@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The command qn http, as the dispatcher runs it, against the web server of run-with-nginx.sh.
 #include <gtest/gtest.h>
 

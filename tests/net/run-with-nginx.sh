@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Starts nginx on free ports of 127.0.0.1 for the duration of one program, over HTTP and over HTTPS
 # with a certificate for localhost made for the occasion. The program finds the ports in
 # QUARNFC_HTTP_PORT and QUARNFC_HTTPS_PORT, and in QUARNFC_UNTRUSTED_HTTPS_PORT one of the same kind

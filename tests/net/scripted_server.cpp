@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/net/scripted_server.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A server on 127.0.0.1 that does exactly what a test tells it to, also what no real one would. It
 // lives in the test program, on a free port.
 #ifndef QUARNFC_TESTS_NET_SCRIPTED_SERVER_H_

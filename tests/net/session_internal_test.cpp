@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a session asks of the platform, and how callbacks reach it.
 #include <quarnfc/internet.h>
 #include <quarnfc/internet_file.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sessions and connections, against a server in this program.
 #include <quarnfc/internet.h>
 #include <quarnfc/internet_file.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sockets of both platforms under common names.
 #ifndef QUARNFC_TESTS_NET_SOCKETS_H_
 #define QUARNFC_TESTS_NET_SOCKETS_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Small helpers of the HTTP client's tests.
 #ifndef QUARNFC_TESTS_NET_TEST_TEXT_H_
 #define QUARNFC_TESTS_NET_TEST_TEXT_H_

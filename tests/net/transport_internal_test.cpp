@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The internet functions off Windows, through the classes, over a transport in memory.
 #include <quarnfc/internet.h>
 #include <quarnfc/internet_file.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/url.h>
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The HTTP client end to end, against nginx on this machine: run-with-nginx.sh starts it.
 #include <quarnfc/internet.h>
 #include <quarnfc/internet_file.h>

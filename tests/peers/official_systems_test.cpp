@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every code of the official table against PROJ and its EPSG database: parameters, and points
 // projected by both.
 #include <quarnfc/ext/official_systems.h>

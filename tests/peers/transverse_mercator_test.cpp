@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The projection against GeographicLib's exact transverse Mercator (C. F. F. Karney, "Transverse
 // Mercator with an accuracy of a few nanometers", J. Geodesy 85, 2011), which evaluates the
 // projection by elliptic functions. The bounds are the terms that the series leave out.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/platform/bytes.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Texts of the tests as the functions under test take them, and results in a form that prints.
 #ifndef QUARNFC_TESTS_PLATFORM_BYTES_H_
 #define QUARNFC_TESTS_PLATFORM_BYTES_H_

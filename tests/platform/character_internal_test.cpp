@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Characters of the ANSI code page, which is 936 here.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Code page 936, the process ANSI code page, character by character.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tables of code-page conversions, and the directions they are proved in.
 #ifndef QUARNFC_TESTS_PLATFORM_CONVERSION_CASES_H_
 #define QUARNFC_TESTS_PLATFORM_CONVERSION_CASES_H_

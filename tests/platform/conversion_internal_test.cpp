@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the conversions do with their arguments, whatever the encoding.
 #include <gtest/gtest.h>
 

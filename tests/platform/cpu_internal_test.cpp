@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/cpu.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Failures that only a POSIX system can be brought to.
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Failures that only Windows can be brought to.
 #include <gtest/gtest.h>
 #include <windows.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // UTF-8 to and from UTF-16.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Cases that state how Windows behaves where Wine is known to behave otherwise. They are checked
 // everywhere but under Wine.
 #ifndef QUARNFC_TESTS_PLATFORM_WINE_H_

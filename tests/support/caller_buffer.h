@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Buffers that the library allocates for its caller.
 #ifndef QUARNFC_TESTS_SUPPORT_CALLER_BUFFER_H_
 #define QUARNFC_TESTS_SUPPORT_CALLER_BUFFER_H_

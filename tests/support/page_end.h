@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Bytes that end where a page of memory ends, with a page behind them that cannot be read: a read
 // beyond them ends the process.
 #ifndef QUARNFC_TESTS_SUPPORT_PAGE_END_H_

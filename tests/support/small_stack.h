@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Work on a thread whose stack is as small as those of some hosts.
 #ifndef QUARNFC_TESTS_SUPPORT_SMALL_STACK_H_
 #define QUARNFC_TESTS_SUPPORT_SMALL_STACK_H_

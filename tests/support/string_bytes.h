@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Strings of the library as standard strings, so that tests compare and print bytes.
 #ifndef QUARNFC_TESTS_SUPPORT_STRING_BYTES_H_
 #define QUARNFC_TESTS_SUPPORT_STRING_BYTES_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The commands csv, hash, base64, base32 and time, as the dispatcher runs them.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The command json, as the dispatcher runs it, and how it finds the place of a fault.
 #include <gtest/gtest.h>
 

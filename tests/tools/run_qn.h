@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs commands of qn as the dispatcher does and captures what they print.
 #ifndef QUARNFC_TESTS_TOOLS_RUN_QN_H_
 #define QUARNFC_TESTS_TOOLS_RUN_QN_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What hosts may write without meaning something else: integers of every type, null pointers,
 // standard strings and containers, new that does not throw.
 #include <gtest/gtest.h>

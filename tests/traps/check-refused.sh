@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Compiles every CASE of refused.cpp: case 0 must compile, each other one must be refused for the
 # reason that stands behind its number.
 # Usage: check-refused.sh COMPILER [OPTION...]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What must not compile: each CASE is one such call, and CASE 0 is none of them.
 #include <quarnfc/quarnfc.h>
 

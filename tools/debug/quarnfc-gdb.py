@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # How gdb shows the library's classes. gdb loads this file by itself when it stands beside the
 # library under the name LIBRARY-gdb.py, in a folder that gdb trusts; otherwise: source FILE.
 #

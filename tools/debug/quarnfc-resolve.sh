@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Prints the call stack of a crash record (Linux) with functions, files and lines, as far as there is
 # debug information: in MODULE.debug beside a module, or in the module itself.
 # Usage: quarnfc-resolve RECORD.dmp [FOLDER]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes the plot docs/gauss-accuracy.svg: how far the library's Gauss-Krueger series are from the
 // exact projection, by longitude difference and latitude. Usage: gauss_accuracy FILE.svg
 #include <quarnfc/projected.h>

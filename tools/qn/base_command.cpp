@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn base64, qn base32: files to text and back, piece by piece, so that their size does not matter.
 #include <quarnfc/base32.h>
 #include <quarnfc/base64.h>

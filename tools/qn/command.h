@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The commands of qn. A family of commands lives in one file, <family>_command.cpp, which defines
 // one Command; commands.cpp lists the families.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "console.h"
 
 #include <quarnfc/ext/utf8_text.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What people see. Text is UTF-8 inside qn, arguments and paths included; library text is 8-bit, in
 // the process ANSI code page, and stands only where the library is called. A Windows console
 // receives wide text, redirected output on Windows text in the code page, everything else UTF-8.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How a command ends early. The dispatcher prints what is thrown and gives the exit code.
 #ifndef QN_ERRORS_H_
 #define QN_ERRORS_H_

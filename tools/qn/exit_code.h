@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The exit codes of qn: the one place that defines them.
 #ifndef QN_EXIT_CODE_H_
 #define QN_EXIT_CODE_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn hash: digests of files. The library digests what lies in memory, so each file is read whole.
 #include <quarnfc/crc64.h>
 #include <quarnfc/hmac_sha256.h>

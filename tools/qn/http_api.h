@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The numbers of the internet functions: the platform's own on Windows, the library's elsewhere.
 #ifndef QN_HTTP_API_H_
 #define QN_HTTP_API_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The exchanges of the command qn http, on top of the library's classes.
 #ifndef QN_HTTP_CLIENT_H_
 #define QN_HTTP_CLIENT_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn http: requests to web servers.
 #include <quarnfc/url.h>
 

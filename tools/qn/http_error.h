@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What qn http says about errors.
 #ifndef QN_HTTP_ERROR_H_
 #define QN_HTTP_ERROR_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn http where the library has no HTTP client.
 #include "command.h"
 #include "errors.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "http_url.h"
 
 #include <quarnfc/url.h>

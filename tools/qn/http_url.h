@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // URLs of the command qn http.
 #ifndef QN_HTTP_URL_H_
 #define QN_HTTP_URL_H_

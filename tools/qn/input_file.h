@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading input whole.
 #ifndef QN_INPUT_FILE_H_
 #define QN_INPUT_FILE_H_

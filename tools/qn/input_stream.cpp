@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "input_stream.h"
 
 #include <cerrno>

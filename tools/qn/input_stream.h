@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading long input piece by piece, showing how far it is.
 #ifndef QN_INPUT_STREAM_H_
 #define QN_INPUT_STREAM_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Buffers that the library hands to its caller.
 #ifndef QN_LIBRARY_BUFFER_H_
 #define QN_LIBRARY_BUFFER_H_

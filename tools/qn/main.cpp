@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn: a command-line host of QuarnFC.
 
 #include <string>

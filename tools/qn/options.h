@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A small, strict parser of command-line options.
 //
 // Options are `--name`, `--name VALUE`, `--name=VALUE`, `-x`, `-x VALUE`; they may stand between

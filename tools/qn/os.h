@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What qn needs from the operating system. os.cpp is the only file of qn that differs between
 // platforms. Text and paths are UTF-8 on every platform; the code page is the process ANSI code
 // page, which is 936 off Windows, as the library has it.

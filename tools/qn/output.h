@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where a command writes: a file that is whole or not there, or standard output.
 #ifndef QN_OUTPUT_H_
 #define QN_OUTPUT_H_

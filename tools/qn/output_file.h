@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Output files that are whole or not there.
 #ifndef QN_OUTPUT_FILE_H_
 #define QN_OUTPUT_FILE_H_

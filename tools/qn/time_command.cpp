@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn time: the current time, and times as text and back.
 #include <quarnfc/time_utils.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The progress bar of a transfer: bytes, rate, and percentage where the length is known.
 #ifndef QN_TRANSFER_PROGRESS_H_
 #define QN_TRANSFER_PROGRESS_H_

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* Errors and text of the flat C interface (quarnfc.h in this folder says how everything works).
  * qnFreeMem and qnCloseHandle are in plain.h, qnGetVersion is in version.h. */
 #ifndef QUARNFC_C_BASE_H_

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* Codecs and digests of the flat C interface (quarnfc.h in this folder says how everything works).
  * Null data counts as no bytes. Inputs have at most 4,294,967,295 bytes. */
 #ifndef QUARNFC_C_CODEC_H_

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* CSV files of the flat C interface (quarnfc.h in this folder says how everything works).
  *
  * The first row is the header. A file that starts with the UTF-8 mark EF BB BF is UTF-8 (what the

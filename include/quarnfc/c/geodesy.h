@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* Coordinate systems of the flat C interface (quarnfc.h in this folder says how everything works).
  *
  * Angles are degrees, lengths metres; the east-west quantity comes first. Points are arrays of

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* JSON documents of the flat C interface (quarnfc.h in this folder says how everything works).
  *
  * A QncJson is one value: null, a text, a number, a flag, an array or an object. Those made by

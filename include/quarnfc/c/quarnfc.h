@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* The flat C interface of QuarnFC: opaque handles and plain functions for hosts that are not
  * written in C++, or not with this library's compiler. Every build of the library exports the same
  * names, undecorated, with the platform's ordinary calling convention.

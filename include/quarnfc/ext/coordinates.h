@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The values that the geodesy additions take and give: points and ellipsoids.
 //
 // Header-only, in the namespace quarnfc::ext; C++17. Angles are in degrees (east and north

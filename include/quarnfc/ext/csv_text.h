@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CSV read piece by piece, and fields written so that every reader reads them back.
 //
 // CsvTextReader takes UTF-8, or any text in which the delimiter and the quote stand for themselves,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Datum shifts: from one datum to another by 3 or 7 parameters in space, by 4 in the plane.
 //
 // Space: X' = T + (1 + ds) R X with the small-angle rotation matrix, the Helmert transformation as

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Local plane systems whose lengths fit the ground: scale at a height, and compensated height
 // planes.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Finding values in a document by path or JSON pointer, with array indexes; values with a fallback;
 // and a document that owns itself.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Strict JSON: RFC 8259 to the letter, read without changing a byte.
 //
 // JsonText keeps the source text and where every value stands in it. So numbers keep their

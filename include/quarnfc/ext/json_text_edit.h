@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Edits of strict JSON that change nothing else: each function gives the bytes of the text to be
 // replaced, and ApplyJsonEdits makes the new text. Spelling of numbers, escapes, order and layout
 // of everything beside the place stay as they are; a new member takes the layout of the member

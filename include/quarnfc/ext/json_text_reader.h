@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The reader behind JsonText (json_text.h): it walks a text once, by the grammar stated there, and
 // notes where every value stands. A function for each rule; the containers that are open lie on a
 // stack of the reader's own, so no text exhausts the thread's.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The coordinate systems of China, WGS 84 and UTM by EPSG code, with their official parameters.
 //
 // It stands beside CQNProCoordinateSystem::setByEPSGCode, whose table leaves the zone number out of

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An owner for every release rule: what the library hands out is released when the owner goes.
 //
 //   OwnedBuffer<T>   a text or byte buffer             qnFreeMem

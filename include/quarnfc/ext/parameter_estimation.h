@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Estimating the parameters of a datum shift from points that are known in both systems, by least
 // squares with equal weights.
 //

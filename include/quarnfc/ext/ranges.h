@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Range-for over what the library's classes hold.
 //
 //   Members(object)     the members of a CMyJsonObj: .key, .value

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Angles as degrees, minutes and seconds.
 //
 // Read are, with blanks where they do not separate digits:

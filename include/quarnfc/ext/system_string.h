@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The owner of a system string (BSTR), as CQNString::AllocSysString returns it: SysFreeString
 // releases it.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // TransverseMercator: the exact projection by Krueger's series, beside the closed series of
 // CQNProCoordinateSystem, with point scale and meridian convergence.
 //

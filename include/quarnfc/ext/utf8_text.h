@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // UTF-8 looked at byte by byte: is it well formed, how many characters, where is a place in it.
 //
 // Well formed means RFC 3629: shortest form only, no surrogates, nothing above U+10FFFF. Header

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Zones of the Gauss-Krueger and UTM systems: numbers, central meridians, eastings with the zone
 // number in front.
 //

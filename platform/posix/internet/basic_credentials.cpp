@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/posix/internet/basic_credentials.h"
 
 #include <cstddef>

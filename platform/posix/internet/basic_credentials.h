@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The value of an Authorization header for the scheme Basic.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_BASIC_CREDENTIALS_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_BASIC_CREDENTIALS_H_

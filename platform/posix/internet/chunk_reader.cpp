@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/posix/internet/chunk_reader.h"
 
 #include <quarnfc/internet_api.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Chunks that a host frames itself.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_CHUNK_READER_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_CHUNK_READER_H_

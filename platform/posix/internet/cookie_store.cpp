@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/posix/internet/cookie_store.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The cookies of the process.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_COOKIE_STORE_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_COOKIE_STORE_H_

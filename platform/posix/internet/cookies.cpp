@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The cookie functions, under the names hosts call.
 #include <quarnfc/internet_api.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/posix/internet/curl_certificates.h"
 
 #include <openssl/ssl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The relaxations of certificates, one by one.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_CURL_CERTIFICATES_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_CURL_CERTIFICATES_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How libcurl is told what to send.
 #include <quarnfc/internet_api.h>
 

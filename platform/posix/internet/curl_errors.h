@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Errors of libcurl as the internet functions name them.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_CURL_ERRORS_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_CURL_ERRORS_H_

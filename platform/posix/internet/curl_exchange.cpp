@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/posix/internet/curl_exchange.h"
 
 #include <quarnfc/internet_api.h>

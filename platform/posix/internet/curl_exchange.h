@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One request over libcurl. The multi interface makes it run only while somebody waits for it.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_CURL_EXCHANGE_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_CURL_EXCHANGE_H_

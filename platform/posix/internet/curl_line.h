@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A line of libcurl: an easy handle and the multi handle that keeps its connection.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_CURL_LINE_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_CURL_LINE_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Broken pipes without signals.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_CURL_SIGNALS_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_CURL_SIGNALS_H_

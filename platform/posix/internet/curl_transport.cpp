@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The transport over libcurl.
 #include <utility>
 

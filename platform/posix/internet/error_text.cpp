@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Texts of the error codes, in English and, where the system speaks Chinese, in Chinese.
 #include <cstdlib>
 #include <cstring>

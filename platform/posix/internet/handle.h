@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Handles of the internet functions: sessions, connections to servers, requests.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_HANDLE_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_HANDLE_H_

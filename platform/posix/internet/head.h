@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Headers of requests and heads of responses.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_HEAD_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_HEAD_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Dates of HTTP headers and of cookies.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_HTTP_DATE_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_HTTP_DATE_H_

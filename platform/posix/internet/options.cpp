@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Options of handles.
 #include <cstring>
 #include <string>

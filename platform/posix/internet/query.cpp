@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What HttpQueryInfoA tells.
 #include <cstdlib>
 #include <cstring>

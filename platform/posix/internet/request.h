@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Requests: what is sent, what came back, and where on the way they are.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_REQUEST_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_REQUEST_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Opening, sending and reading of requests, under the names hosts call.
 #include <cstring>
 #include <string>

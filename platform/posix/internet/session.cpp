@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Opening and closing of handles.
 #include <utility>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How one request travels to a server and its response back: the only thing that differs between
 // the network and the memory of a test. Errors are those of the internet functions; 0 is success.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_TRANSPORT_H_

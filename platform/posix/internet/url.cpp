@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/posix/internet/url.h"
 
 #include <quarnfc/internet_api.h>

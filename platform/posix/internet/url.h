@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // URLs: canonical form, parts, percent escapes, references.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_URL_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_URL_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The URL functions, under the names the library calls.
 #include <cstring>
 #include <string>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/object_collection.h>
 
 #include <cstdint>

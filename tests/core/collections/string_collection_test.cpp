@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/plain.h>
 #include <quarnfc/qn_string.h>
 #include <quarnfc/string_collection.h>

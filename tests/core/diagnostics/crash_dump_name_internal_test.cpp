@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "core/diagnostics/crash_dump_name.h"
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/core/diagnostics/crash_dump_test_support.h"
 
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the tests of crash dumps share: running the host that crashes, and its dump.
 #ifndef QUARNFC_TESTS_CORE_CRASH_DUMP_TEST_SUPPORT_H_
 #define QUARNFC_TESTS_CORE_CRASH_DUMP_TEST_SUPPORT_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host that crashes: its unhandled-exception filter leaves a dump, as the library's hosts do.
 // Usage: crash_host PREFIX REPORT
 // REPORT receives the faulting thread's id and the address of the exception information.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The version that headers and module state.
 #include <gtest/gtest.h>
 #include <quarnfc/version.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pools used from several threads at once. Run under the thread sanitizer with *Threads*.
 #include <quarnfc/fixed_alloc.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Error handles and the plain functions that read and release them.
 #include <quarnfc/error.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Objects, their messages and reference counts, and the records of their classes.
 #include <quarnfc/object.h>
 #include <quarnfc/plain.h>

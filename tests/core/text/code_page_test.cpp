@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Code-page conversions, all four with one convention.
 #include <quarnfc/string_utils.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Collation of the Chinese locale; on Windows by the run-time library.
 #include <gtest/gtest.h>
 

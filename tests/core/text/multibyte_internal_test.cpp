@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The multibyte run-time functions in code page 936. Double-byte characters whose second byte is
 // that of a backslash (95 5C), a bar (81 7C) or an at sign (AA 40) stand in most texts.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The functions that look at bytes first, beside plain ones that step from character to character,
 // on texts in which nearly every byte may lead or end a character.
 #include <gtest/gtest.h>

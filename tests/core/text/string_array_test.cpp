@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Splitting text into arrays of owned texts, and cleaning such arrays.
 #include <quarnfc/plain.h>
 #include <quarnfc/string_utils.h>

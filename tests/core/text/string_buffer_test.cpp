@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The buffers behind strings: their layout and classes, sharing, locks and direct access.
 #include <quarnfc/fixed_alloc.h>
 #include <quarnfc/qn_string.h>

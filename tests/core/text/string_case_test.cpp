@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Upper and lower case, the order of characters, and the OEM code page.
 #include <quarnfc/qn_string.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Editing strings in place.
 #include <quarnfc/qn_string.h>
 

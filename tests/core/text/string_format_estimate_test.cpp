@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The capacity that formatting asks for: an estimate made from the format and its arguments. Texts
 // above 512 bytes have exactly the capacity asked for, so that a long ordinary text in front of a
 // conversion makes the estimate visible.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Formatted text: every conversion with its flags, widths, precisions and prefixes. The expected
 // texts are those of the Windows run-time library and are the same on every target.
 #include <quarnfc/qn_string.h>

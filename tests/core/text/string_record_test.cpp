@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Length-prefixed string records in binary files.
 #include <quarnfc/string_utils.h>
 

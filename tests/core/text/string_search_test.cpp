@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Searching in strings and taking parts of them.
 #include <quarnfc/qn_string.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Conversion of strings to system strings, which the platform's own functions measure and free.
 #include <quarnfc/qn_string.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Construction, assignment, concatenation and observers of strings.
 #include <quarnfc/qn_string.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Strings that share buffers on several threads. Run under the thread sanitizer with *Threads*.
 #include <quarnfc/qn_string.h>
 

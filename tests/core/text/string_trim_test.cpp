@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Trimming white space, a character, or the characters of a set.
 #include <quarnfc/qn_string.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Strings made from UTF-16 text.
 #include <quarnfc/qn_string.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Texts of strings and buffers as standard strings, so that tests compare and print bytes, and the
 // double-byte characters the tests of text share.
 #ifndef QUARNFC_TESTS_CORE_TEXT_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <quarnfc/string_utils.h>
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host's program: strings, a document, an error handle and an object that the host deletes.
 #include <quarnfc/quarnfc.h>
 

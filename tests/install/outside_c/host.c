@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* A host's program in C. */
 #include <quarnfc/plain.h>
 #include <quarnfc/version.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The subcommands of qn csv; csv_command.cpp has their help.
 #ifndef QN_CSV_COMMANDS_H_
 #define QN_CSV_COMMANDS_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn csv to-json and stats.
 #include <quarnfc/ext/csv_text.h>
 #include <quarnfc/ext/json_text_edit.h>

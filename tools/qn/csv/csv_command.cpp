@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn csv: looks into CSV files, cuts them down and turns them into JSON. Here are the commands'
 // names and help.
 #include "command.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // CSV files as the commands see them: any encoding, any size, any delimiter.
 #ifndef QN_CSV_INPUT_H_
 #define QN_CSV_INPUT_H_

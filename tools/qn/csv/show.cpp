@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn csv head, columns, count, select and filter.
 #include <quarnfc/ext/csv_text.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn geo cities: places projected into their zones and back, by the library's own series.
 #include <quarnfc/ext/csv_text.h>
 #include <quarnfc/projected.h>

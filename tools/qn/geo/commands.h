@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The subcommands of qn geo; geo_command.cpp has their help.
 #ifndef QN_GEO_COMMANDS_H_
 #define QN_GEO_COMMANDS_H_

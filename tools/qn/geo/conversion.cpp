@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "geo/conversion.h"
 
 #include <quarnfc/ext/zones.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The conversion of a point from one system to another, with the checks that keep a wrong result
 // from looking right.
 #ifndef QN_GEO_CONVERSION_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn geo convert: points of the command line, of CSV files and of lines.
 #include "console.h"
 #include "csv/input.h"

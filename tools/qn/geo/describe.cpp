@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn geo wkt and info: systems as text.
 #include <quarnfc/geographic.h>
 #include <quarnfc/projected.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Numbers as text, as printf writes them.
 #ifndef QN_GEO_FORMAT_H_
 #define QN_GEO_FORMAT_H_

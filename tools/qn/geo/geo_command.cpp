@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn geo: coordinate systems and conversions. Here are the commands' names and help.
 #include "command.h"
 #include "geo/commands.h"

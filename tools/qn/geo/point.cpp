@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "geo/point.h"
 
 #include <quarnfc/ext/sexagesimal.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Points as text.
 #ifndef QN_GEO_POINT_H_
 #define QN_GEO_POINT_H_

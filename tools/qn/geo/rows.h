@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Points in files: rows of CSV, and lines as filters of coordinates take them. Everything is read
 // and written piece by piece, so that size does not matter.
 #ifndef QN_GEO_ROWS_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "geo/system.h"
 
 #include <quarnfc/ext/official_systems.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The coordinate systems that the commands of qn geo know by name, code or file.
 #ifndef QN_GEO_SYSTEM_H_
 #define QN_GEO_SYSTEM_H_

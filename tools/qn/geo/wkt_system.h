@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Coordinate systems as WKT 1, read so that nothing that matters is passed over: what is not
 // honoured is refused.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn json check: strict, or by the library's lenient grammar.
 #include <quarnfc/error_json.h>
 #include <quarnfc/ext/json_text_edit.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The subcommands of qn json; json_command.cpp has their help.
 #ifndef QN_JSON_COMMANDS_H_
 #define QN_JSON_COMMANDS_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // JSON documents as the commands see them: strict JSON in any of the encodings.
 #ifndef QN_JSON_DOCUMENT_H_
 #define QN_JSON_DOCUMENT_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn json set, del and merge: edits that change nothing but what they name.
 #include <quarnfc/ext/json_text_edit.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn json: checks, shows and edits JSON files. Here are the commands' names and help.
 #include "command.h"
 #include "json/commands.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // JSON written anew: only blanks change, every scalar keeps its spelling.
 #ifndef QN_JSON_LAYOUT_H_
 #define QN_JSON_LAYOUT_H_

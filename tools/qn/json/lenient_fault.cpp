@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "json/lenient_fault.h"
 
 #include <quarnfc/json_value.h>

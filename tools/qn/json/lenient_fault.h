@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where in a broken JSON text the library's lenient reader stopped, worked out from its message.
 #ifndef QN_JSON_LENIENT_FAULT_H_
 #define QN_JSON_LENIENT_FAULT_H_

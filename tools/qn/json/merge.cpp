@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "json/merge.h"
 
 #include <quarnfc/ext/json_text_edit.h>

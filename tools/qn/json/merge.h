@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // JSON merge patches (RFC 7396), which change nothing in the text but what the patch names.
 #ifndef QN_JSON_MERGE_H_
 #define QN_JSON_MERGE_H_

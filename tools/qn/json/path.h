@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Paths into JSON documents, as people write them.
 //
 // Two notations: a pointer (RFC 6901), which starts with "/" or is empty; and keys separated by

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The shape of a JSON tree, for people.
 #ifndef QN_JSON_SHAPE_H_
 #define QN_JSON_SHAPE_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qn json format, get, keys, length and shape: what leaves the document as it is.
 #include <quarnfc/ext/json_text_edit.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A walk through a JSON document of any depth, in the order of the text.
 #ifndef QN_JSON_WALK_H_
 #define QN_JSON_WALK_H_

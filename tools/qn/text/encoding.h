@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The one place where bytes of documents become text and text becomes bytes. Inside qn text is
 // UTF-8; documents are UTF-8 with or without mark, UTF-16 with or without, or in the code page.
 //

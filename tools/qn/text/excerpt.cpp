@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "text/excerpt.h"
 
 #include <quarnfc/ext/utf8_text.h>

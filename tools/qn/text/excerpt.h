@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A place in a text, shown to people.
 #ifndef QN_TEXT_EXCERPT_H_
 #define QN_TEXT_EXCERPT_H_

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text of a document piece by piece, whatever its encoding and its size.
 #ifndef QN_TEXT_TEXT_STREAM_H_
 #define QN_TEXT_TEXT_STREAM_H_
