@@ -15,7 +15,10 @@
 
 namespace {
 
-using namespace quarnfc::c;
+using quarnfc::c::Failure;
+using quarnfc::c::Given;
+using quarnfc::c::Guarded;
+using quarnfc::c::GuardedNew;
 
 constexpr int kMd5Digits = 32;
 constexpr int kSha256Size = 32;

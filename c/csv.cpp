@@ -18,7 +18,12 @@ struct QncCsv {
 
 namespace {
 
-using namespace quarnfc::c;
+using quarnfc::c::AnsiText;
+using quarnfc::c::Failure;
+using quarnfc::c::Given;
+using quarnfc::c::Guarded;
+using quarnfc::c::GuardedNew;
+using quarnfc::c::NewUtf8;
 
 // The string at index; null when there is none.
 const CQNString* At(const std::vector<CQNString>& strings, int index) {

@@ -8,7 +8,12 @@
 
 namespace {
 
-using namespace quarnfc::c;
+using quarnfc::c::AnsiText;
+using quarnfc::c::Failure;
+using quarnfc::c::Given;
+using quarnfc::c::Guarded;
+using quarnfc::c::ObjectOf;
+using quarnfc::c::ValueOf;
 
 int Checked(bool is_done, const char* message) {
   if (!is_done) throw Failure(QNC_ERROR_INVALID_DATA, message);

@@ -10,7 +10,14 @@
 
 namespace {
 
-using namespace quarnfc::c;
+using quarnfc::c::AnsiText;
+using quarnfc::c::Failure;
+using quarnfc::c::Given;
+using quarnfc::c::Guarded;
+using quarnfc::c::GuardedNew;
+using quarnfc::c::HandleOf;
+using quarnfc::c::TakeFailure;
+using quarnfc::c::ValueOf;
 
 QncJson* Parse(const char* ansi) {
   auto value = std::make_unique<CMyJsonValue>();

@@ -4,7 +4,16 @@
 #include "c/json_handle.h"
 #include "c/text.h"
 
-using namespace quarnfc::c;
+namespace {
+
+using quarnfc::c::AnsiText;
+using quarnfc::c::GuardedNew;
+using quarnfc::c::HandleOf;
+using quarnfc::c::NewUtf8;
+using quarnfc::c::ObjectOf;
+using quarnfc::c::ValueOf;
+
+}  // namespace
 
 int qncJsonType(const QncJson* value) {
   return value == nullptr ? static_cast<int>(QNC_JSON_NULL) : ValueOf(value)->Type();

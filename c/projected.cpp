@@ -5,7 +5,14 @@
 
 namespace {
 
-using namespace quarnfc::c;
+using quarnfc::c::Failure;
+using quarnfc::c::ForEachPoint;
+using quarnfc::c::FromWkt;
+using quarnfc::c::GuardedNew;
+using quarnfc::c::NewHandle;
+using quarnfc::c::NewWkt;
+using quarnfc::c::Store;
+using quarnfc::c::SystemOf;
 
 QncProjected* FromEpsg(int code) {
   CQNProCoordinateSystem system;

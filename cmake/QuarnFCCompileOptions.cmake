@@ -50,11 +50,12 @@ function(quarnfc_link_runtime target)
   endif()
 endfunction()
 
-# quarnfc_library_options(<target>): what the library's own sources are checked for beyond that.
+# quarnfc_library_options(<target>): what the sources of the library and of qn are checked for beyond
+# that.
 function(quarnfc_library_options target)
   quarnfc_compile_options(${target})
   if(NOT MSVC)
-    target_compile_options(${target} PRIVATE -Wnon-virtual-dtor)
+    target_compile_options(${target} PRIVATE -Wnon-virtual-dtor -Wconversion -Wsign-conversion)
   endif()
 endfunction()
 

@@ -18,7 +18,7 @@ void AppendPiece(CQNString& line, const char* piece, int length) {
   const int new_length = old_length + length;
   const bool fits = new_length <= line.GetAllocLength();
   char* text = line.GetBuffer(fits ? new_length : std::max(new_length, 2 * old_length));
-  std::memcpy(text + old_length, piece, length);
+  std::memcpy(text + old_length, piece, static_cast<std::size_t>(length));
   line.ReleaseBuffer(new_length);
 }
 

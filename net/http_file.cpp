@@ -50,7 +50,7 @@ int CQNHttpFile::SendRequest(const char* headers, DWORD headersLength, void* opt
 }
 
 int CQNHttpFile::SendRequest(CQNString& headers, void* optional, DWORD optionalLength) {
-  return SendRequest(headers, headers.GetLength(), optional, optionalLength);
+  return SendRequest(headers, static_cast<DWORD>(headers.GetLength()), optional, optionalLength);
 }
 
 int CQNHttpFile::SendRequestEx(DWORD totalLength, DWORD flags, unsigned __int64 context) {

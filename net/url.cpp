@@ -41,7 +41,9 @@ class PartBuffer {
   PartBuffer(CQNString& text, int capacity) : text_(text) {
     const int length = text.GetLength();
     buffer_ = text.GetBuffer(capacity + 1);
-    if (length <= capacity) std::memset(buffer_ + length, 0, capacity + 2 - length);
+    if (length <= capacity) {
+      std::memset(buffer_ + length, 0, static_cast<std::size_t>(capacity + 2 - length));
+    }
   }
   ~PartBuffer() { text_.ReleaseBuffer(static_cast<int>(std::strlen(buffer_))); }
   PartBuffer(const PartBuffer&) = delete;
@@ -110,8 +112,8 @@ int Parse(const char* url, URL_COMPONENTSA& parts, DWORD& serviceType, unsigned 
   return cracked;
 }
 
-URL_COMPONENTSA PartsOf(const PartBuffer& server, int serverLength, const PartBuffer& object,
-                        int objectLength) {
+URL_COMPONENTSA PartsOf(const PartBuffer& server, DWORD serverLength, const PartBuffer& object,
+                        DWORD objectLength) {
   URL_COMPONENTSA parts = {};
   parts.dwStructSize = sizeof(parts);
   parts.lpszHostName = server.Get();

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The library's memory: the one place that decides where storage comes from. Beside it stand only
-// the block pools (fixed_alloc.cpp), whose chunks are storage of their own kind, and the buffers of
-// strings beyond the largest pool (string_buffer.cpp), which never leave the string class.
+// Where the library's storage comes from. Two kinds pass through here: buffers that leave the
+// library for a caller (released with qnFreeMem, or inside the library with FreeBuffer), which come
+// from the global operator new, and small nodes (string cells, JSON values and texts, objects),
+// which come from the node heap (node_heap.h) up to kLargestNode bytes and from operator new above.
 //
-// Two kinds pass through here. Buffers that leave the library for a caller (released with
-// qnFreeMem, or inside the library with FreeBuffer), and small nodes: string cells, JSON values and
-// texts, objects.
+// Beside it stand only the block pools (fixed_alloc.cpp), whose chunks are storage of their own
+// kind, and the buffers of strings beyond the largest pool (string_buffer.cpp), which never leave
+// the string class.
 #ifndef QUARNFC_CORE_MEMORY_MEMORY_H_
 #define QUARNFC_CORE_MEMORY_MEMORY_H_
 

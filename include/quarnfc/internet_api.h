@@ -3,10 +3,10 @@
 // the names they have on Windows.
 //
 // On Windows they are the platform's own: include <windows.h> and <wininet.h>, this header adds
-// nothing there. Elsewhere the library supplies them, with the contracts documented below, so that
-// one host source serves every target. Only what is listed here exists; everything else of that
-// interface is refused with ERROR_INTERNET_INVALID_OPTION (12009) or
-// ERROR_INTERNET_UNRECOGNIZED_SCHEME (12006).
+// nothing there. Elsewhere the library supplies them, with the contracts documented below, and
+// defines QUARNFC_SUPPLIES_INTERNET_API, so that one host source serves every target. Only what is
+// listed here exists; everything else of that interface is refused with
+// ERROR_INTERNET_INVALID_OPTION (12009) or ERROR_INTERNET_UNRECOGNIZED_SCHEME (12006).
 //
 // Text is in code page 936. Functions that fail return 0 (or null) and leave the reason to
 // GetLastError, which is kept for each thread.
@@ -23,7 +23,7 @@
 #include <quarnfc/export.h>
 #include <quarnfc/platform_types.h>
 
-#if !defined(_WIN32)
+#if defined(QUARNFC_SUPPLIES_INTERNET_API)
 
 // --- numbers ----------------------------------------------------------------------------------
 
@@ -291,6 +291,6 @@ QN_PLAIN_API DWORD InternetSetFilePointer(HINTERNET file, int offset, void* rese
 // The server's own words about its last failure: HTTP servers have none, the text is empty.
 QN_PLAIN_API int InternetGetLastResponseInfoA(DWORD* error, char* text, DWORD* length);
 
-#endif  // !_WIN32
+#endif  // QUARNFC_SUPPLIES_INTERNET_API
 
 #endif  // QUARNFC_INTERNET_API_H_

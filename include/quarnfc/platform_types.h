@@ -52,6 +52,10 @@ inline constexpr unsigned int kLockSize = 48;
 }  // namespace quarnfc
 
 #if !defined(_WIN32)
+// Whether the library supplies the internet functions (quarnfc/internet_api.h); where this is not
+// defined, <wininet.h> does.
+#define QUARNFC_SUPPLIES_INTERNET_API 1
+
 // What a host does with a system string; on Windows these are the platform's own.
 
 // The length in UTF-16 units without the terminator; 0 for null.

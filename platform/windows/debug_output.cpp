@@ -3,4 +3,6 @@
 
 #include "platform/windows/platform.h"
 
-void quarnfc::platform::WriteDebugOutput(const char* text) { OutputDebugStringA(text); }
+void quarnfc::platform::WriteDebugOutput(const char* text) {
+  if (text != nullptr) OutputDebugStringA(text);
+}

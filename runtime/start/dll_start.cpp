@@ -8,7 +8,13 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void* reserved);
 
 namespace {
 
-using namespace quarnfc::runtime;
+using quarnfc::runtime::DestroyThreadLocals;
+using quarnfc::runtime::InitialiseSecurityCookie;
+using quarnfc::runtime::InitialiseThreadLocals;
+using quarnfc::runtime::KeepExitFunctionsInModule;
+using quarnfc::runtime::ReleaseTypeNames;
+using quarnfc::runtime::RunExitFunctions;
+using quarnfc::runtime::RunInitialisers;
 
 BOOL Detach(HINSTANCE module, void* reserved) {
   const BOOL result = DllMain(module, DLL_PROCESS_DETACH, reserved);

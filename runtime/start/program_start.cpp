@@ -23,7 +23,10 @@ __declspec(dllimport) int __cdecl _seh_filter_exe(unsigned long code, EXCEPTION_
 
 namespace {
 
-using namespace quarnfc::runtime;
+using quarnfc::runtime::DestroyThreadLocals;
+using quarnfc::runtime::InitialiseSecurityCookie;
+using quarnfc::runtime::InitialiseThreadLocals;
+using quarnfc::runtime::RunInitialisers;
 
 constexpr int kStartFailed = 255;
 

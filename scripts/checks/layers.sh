@@ -2,9 +2,16 @@
 # SPDX-License-Identifier: MIT
 # Reads every #include of the library and prints which room uses which. Fails when an arrow points up
 # or sideways, when a public header includes anything but public headers and the standard library,
-# or when anything above platform/ reaches for the platform itself.
+# when anything above platform/ reaches for the platform itself, or when a file takes in a whole
+# namespace.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
+
+# A directive at the start of a line holds for the rest of its file; the names used say more.
+if git grep -nE '^(inline )?using namespace ' -- '*.h' '*.cpp'; then
+  printf 'whole namespaces are taken in by files\n'
+  exit 1
+fi
 
 # The includes of the library as lines "FILE INCLUDED", the brackets or quotes kept.
 includes() {

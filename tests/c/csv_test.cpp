@@ -9,7 +9,7 @@
 
 #include "support/build_paths.h"
 #include "tests/c/results.h"
-#include "tests/io/temp_file.h"
+#include "tests/support/temp_file.h"
 
 namespace {
 
@@ -30,7 +30,7 @@ std::string Row(const QncCsv* csv) {
 }  // namespace
 
 TEST(CInterfaceCsv, ReadsHeaderAndRows) {
-  const io_test::TempFile file("name,value\na,\"x,y\"\nb,\n");
+  const quarnfc_test::TempFile file("name,value\na,\"x,y\"\nb,\n");
   const Csv csv(qncCsvOpen(file.path(), nullptr));
   ASSERT_NE(csv, nullptr);
   EXPECT_EQ(qncCsvHeaderCount(csv.get()), 2);
@@ -80,7 +80,7 @@ TEST(CInterfaceCsv, FailuresAreErrors) {
 }
 
 TEST(CInterfaceCsv, LineThatIsTooLongIsAFailureAndNoEnd) {
-  const io_test::TempFile file("name\n" + std::string(500000, 'a') + "\n");
+  const quarnfc_test::TempFile file("name\n" + std::string(500000, 'a') + "\n");
   const Csv csv(qncCsvOpen(file.path(), nullptr));
   ASSERT_NE(csv, nullptr);
   Error error;

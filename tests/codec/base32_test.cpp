@@ -7,9 +7,8 @@
 
 #include "tests/codec/codec_reference.h"
 
+namespace codec_test {
 namespace {
-
-using namespace codec_test;
 
 // RFC 4648 Base32 text in the library's alphabet: the same values, without padding.
 std::string FromStandard(const std::string& text) {
@@ -80,3 +79,4 @@ TEST(Base32, DigitsOutsideTheAlphabetAreForeign) {
 }
 
 }  // namespace
+}  // namespace codec_test

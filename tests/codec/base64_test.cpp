@@ -5,9 +5,8 @@
 
 #include "tests/codec/codec_reference.h"
 
+namespace codec_test {
 namespace {
-
-using namespace codec_test;
 
 struct Case {
   const char* data;
@@ -69,3 +68,4 @@ TEST(Base64, UrlSafeAlphabetIsForeign) {
 }
 
 }  // namespace
+}  // namespace codec_test

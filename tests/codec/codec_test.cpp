@@ -7,9 +7,8 @@
 #include "tests/codec/codec_reference.h"
 #include "tests/support/page_end.h"
 
+namespace codec_test {
 namespace {
-
-using namespace codec_test;
 
 template <class T>
 class Codecs : public testing::Test {};
@@ -146,7 +145,7 @@ TYPED_TEST(Codecs, NothingIsReadBehindTheFirstCharacterThatIsNotDecoded) {
   for (const char* end : {"=", "!", "\x80"}) {
     for (std::size_t length = 0; length <= 70; ++length) {
       const std::string text = std::string(length, 'b') + end;
-      const test_support::PageEnd page(text.data(), text.size());
+      const quarnfc_test::PageEnd page(text.data(), text.size());
       const Decoded expected = DecodeA<TypeParam>(text);
       for (const unsigned more : {1u, 7u, 16u, 100u, 4096u}) {
         const auto count = static_cast<unsigned>(text.size()) + more;
@@ -163,9 +162,9 @@ TYPED_TEST(Codecs, NothingIsReadBehindTheFirstCharacterThatIsNotDecoded) {
 TYPED_TEST(Codecs, NothingIsReadBehindTheTerminatorWhateverTheCount) {
   for (std::size_t length = 0; length <= 70; ++length) {
     const std::string text(length, 'b');
-    const test_support::PageEnd page(text.c_str(), length + 1);
+    const quarnfc_test::PageEnd page(text.c_str(), length + 1);
     const std::vector<wchar_t> wide = Widen(text);
-    const test_support::PageEnd wide_page(wide.data(), wide.size() * sizeof(wchar_t));
+    const quarnfc_test::PageEnd wide_page(wide.data(), wide.size() * sizeof(wchar_t));
     for (const unsigned more : {1u, 2u, 16u, 100u}) {
       unsigned char* data = nullptr;
       const auto count = static_cast<unsigned>(length) + more;
@@ -213,3 +212,4 @@ TYPED_TEST(Codecs, RandomTextDecodesByThePlainRule) {
 }
 
 }  // namespace
+}  // namespace codec_test

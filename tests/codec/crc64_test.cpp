@@ -9,9 +9,8 @@
 
 #include "tests/codec/results.h"
 
+namespace codec_test {
 namespace {
-
-using namespace codec_test;
 
 std::string NarrowCrc(const Bytes& data) {
   return Take(QNCRC64::qnGetCRC64StrA(data.data(), static_cast<unsigned>(data.size())));
@@ -87,3 +86,4 @@ TEST(Crc64, FirstCallsOnSeveralThreadsAgree) {
 }
 
 }  // namespace
+}  // namespace codec_test

@@ -7,25 +7,18 @@
 #include <climits>
 
 #include "tests/codec/results.h"
+#include "tests/support/hex.h"
 
+namespace codec_test {
 namespace {
 
-using namespace codec_test;
-
-std::string Hex(const unsigned char* bytes, std::size_t size) {
-  std::string text;
-  for (std::size_t i = 0; i < size; ++i) {
-    text += "0123456789abcdef"[bytes[i] >> 4];
-    text += "0123456789abcdef"[bytes[i] & 15];
-  }
-  return text;
-}
+using quarnfc_test::Hex;
 
 std::string Hmac(const std::string& key, const std::string& data, int length = 32) {
   unsigned char digest[32];
   QNHMACSHA::qnHMAC_SHA256(key.data(), static_cast<int>(key.size()), data.data(),
                            static_cast<int>(data.size()), reinterpret_cast<char*>(digest), &length);
-  return Hex(digest, length > 0 ? length : 0);
+  return Hex(digest, length > 0 ? static_cast<std::size_t>(length) : 0);
 }
 
 TEST(HmacSha256, PublishedVectors) {
@@ -110,9 +103,9 @@ TEST(HmacSha256, NoKeyAndNoDataAreAccepted) {
   char digest[32];
   int length = 32;
   QNHMACSHA::qnHMAC_SHA256(nullptr, 5, nullptr, 5, digest, &length);
-  EXPECT_EQ(Hex(reinterpret_cast<unsigned char*>(digest), 32), kEmpty);
+  EXPECT_EQ(Hex(digest, 32), kEmpty);
   QNHMACSHA::qnHMAC_SHA256("key", -1, "", 0, digest, &length);
-  EXPECT_EQ(Hex(reinterpret_cast<unsigned char*>(digest), 32), kEmpty);
+  EXPECT_EQ(Hex(digest, 32), kEmpty);
 }
 
 TEST(HmacSha256, NullResultsAreIgnored) {
@@ -127,7 +120,8 @@ TEST(HmacSha256, ResultMayReplaceTheKey) {
   char key_and_digest[32] = "key";
   int length = 32;
   QNHMACSHA::qnHMAC_SHA256(key_and_digest, 3, "data", 4, key_and_digest, &length);
-  EXPECT_EQ(Hex(reinterpret_cast<unsigned char*>(key_and_digest), 32), Hmac("key", "data"));
+  EXPECT_EQ(Hex(key_and_digest, 32), Hmac("key", "data"));
 }
 
 }  // namespace
+}  // namespace codec_test

@@ -9,9 +9,8 @@
 
 #include "tests/codec/results.h"
 
+namespace codec_test {
 namespace {
-
-using namespace codec_test;
 
 std::string Lower(const Bytes& data) {
   char text[33];
@@ -191,3 +190,4 @@ TEST(Md5, NullResultsAreIgnored) {
 }
 
 }  // namespace
+}  // namespace codec_test

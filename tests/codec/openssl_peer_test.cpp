@@ -11,9 +11,8 @@
 
 #include "tests/codec/codec_reference.h"
 
+namespace codec_test {
 namespace {
-
-using namespace codec_test;
 
 unsigned Size(const Bytes& data) { return static_cast<unsigned>(data.size()); }
 
@@ -77,3 +76,4 @@ TEST(OpenSslPeer, HmacAgreesForEveryKeyAndDataLength) {
 }
 
 }  // namespace
+}  // namespace codec_test

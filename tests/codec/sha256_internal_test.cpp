@@ -8,18 +8,14 @@
 #include "codec/sha256_compress.h"
 #include "platform/cpu.h"
 #include "tests/codec/results.h"
+#include "tests/support/hex.h"
 
 namespace {
 
 using quarnfc::codec::Sha256;
 
 std::string Hex(const Sha256::Digest& digest) {
-  std::string text;
-  for (const unsigned char byte : digest) {
-    text += "0123456789abcdef"[byte >> 4];
-    text += "0123456789abcdef"[byte & 15];
-  }
-  return text;
+  return quarnfc_test::Hex(digest.data(), digest.size());
 }
 
 std::string Sha(const std::string& data) {

@@ -7,9 +7,8 @@
 
 #include <cmath>
 
+namespace quarnfc::ext {
 namespace {
-
-using namespace quarnfc::ext;
 
 TEST(ExtCoordinates, EarthFixedAgreesWithTheGeographicSystem) {
   const CQNGeoCoordinateSystem system(6378137.0, 298.257223563);
@@ -46,3 +45,4 @@ TEST(ExtCoordinates, EllipsoidsHaveTheirOfficialParameters) {
 }
 
 }  // namespace
+}  // namespace quarnfc::ext

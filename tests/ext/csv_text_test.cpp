@@ -6,9 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace quarnfc::ext {
 namespace {
-
-using namespace quarnfc::ext;
 
 struct Read {
   std::vector<CsvTextRow> rows;
@@ -90,3 +89,4 @@ TEST(CsvText, WrittenRowsReadBack) {
 }
 
 }  // namespace
+}  // namespace quarnfc::ext

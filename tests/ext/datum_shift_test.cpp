@@ -6,9 +6,8 @@
 
 #include <cmath>
 
+namespace quarnfc::ext {
 namespace {
-
-using namespace quarnfc::ext;
 
 Helmert7 Shift(RotationConvention convention) {
   return {{12.5, -107.1, -62.3}, {0.5, 1.2, -0.9}, 2.3, convention};
@@ -85,3 +84,4 @@ TEST(DatumShift, ASimilarityOfScaleZeroHasNoWayBack) {
 }
 
 }  // namespace
+}  // namespace quarnfc::ext

@@ -7,9 +7,8 @@
 
 #include <cmath>
 
+namespace quarnfc::ext {
 namespace {
-
-using namespace quarnfc::ext;
 
 TEST(HeightPlane, MeanRadiusIsThatOfTheEllipsoidsCurvature) {
   EXPECT_NEAR(MeanRadius(kWgs84, 0.0), 6356752.314, 1e-3);
@@ -44,3 +43,4 @@ TEST(HeightPlane, TheRaisedEllipsoidKeepsItsFlatteningAndGrowsByTheHeight) {
 }
 
 }  // namespace
+}  // namespace quarnfc::ext

@@ -7,9 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace quarnfc::ext {
 namespace {
-
-using namespace quarnfc::ext;
 
 JsonText Parsed(const std::string& text) {
   JsonText json;
@@ -86,3 +85,4 @@ TEST(JsonTextEdit, QuotedTextReadsBack) {
 }
 
 }  // namespace
+}  // namespace quarnfc::ext

@@ -10,9 +10,8 @@
 
 #include "support/build_paths.h"
 
+namespace quarnfc::ext {
 namespace {
-
-using namespace quarnfc::ext;
 
 JsonText Parsed(const std::string& text) {
   JsonText json;
@@ -219,3 +218,4 @@ TEST(JsonText, PointersLeadToValues) {
 }
 
 }  // namespace
+}  // namespace quarnfc::ext

@@ -7,9 +7,8 @@
 #include <cmath>
 #include <string>
 
+namespace quarnfc::ext {
 namespace {
-
-using namespace quarnfc::ext;
 
 TEST(OfficialSystems, CodesHaveTheirOfficialParameters) {
   struct Case {
@@ -85,3 +84,4 @@ TEST(OfficialSystems, TheFlatteningOfWgs84IsTheOfficialOne) {
 }
 
 }  // namespace
+}  // namespace quarnfc::ext

@@ -11,9 +11,8 @@
 #include <type_traits>
 #include <utility>
 
+namespace quarnfc::ext {
 namespace {
-
-using namespace quarnfc::ext;
 
 TEST(Owners, AnErrorHandleKnowsItsCodeAndMessage) {
   const ErrorHandle error(QNErrorUtils::CreateError(CQNObject::eErrInvalidData, "bad length"));
@@ -76,3 +75,4 @@ TEST(Owners, OwnersMoveWithoutThrowingAndDoNotCopy) {
 }
 
 }  // namespace
+}  // namespace quarnfc::ext

@@ -8,9 +8,8 @@
 #include <cmath>
 #include <random>
 
+namespace quarnfc::ext {
 namespace {
-
-using namespace quarnfc::ext;
 
 std::vector<CommonPlanePoint> PlanePoints(const PlaneSimilarity& similarity) {
   std::vector<CommonPlanePoint> points;
@@ -164,3 +163,4 @@ TEST(ParameterEstimation, PointsThatDetermineNoShiftGiveNothing) {
 }
 
 }  // namespace
+}  // namespace quarnfc::ext

@@ -10,9 +10,8 @@
 
 #include "support/build_paths.h"
 
+namespace quarnfc::ext {
 namespace {
-
-using namespace quarnfc::ext;
 
 TEST(Ranges, MembersComeInTheirOrderAndAreTheObjectsOwn) {
   CMyJsonObj object;
@@ -99,3 +98,4 @@ TEST(Ranges, AReaderThatIsNotOpenHasNoRowsAndSaysWhy) {
 }
 
 }  // namespace
+}  // namespace quarnfc::ext

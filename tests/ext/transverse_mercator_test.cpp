@@ -7,9 +7,8 @@
 
 #include <cmath>
 
+namespace quarnfc::ext {
 namespace {
-
-using namespace quarnfc::ext;
 
 const TransverseMercatorParameters kUtm50{117.0, 0.0, 500000.0, 0.0, 0.9996};
 
@@ -160,3 +159,4 @@ TEST(TransverseMercator, ASphereIsAnEllipsoid) {
 }
 
 }  // namespace
+}  // namespace quarnfc::ext

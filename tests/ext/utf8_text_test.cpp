@@ -5,9 +5,8 @@
 
 #include <string>
 
+namespace quarnfc::ext {
 namespace {
-
-using namespace quarnfc::ext;
 
 TEST(Utf8Text, WellFormedCharactersHaveTheirLength) {
   const struct {
@@ -72,3 +71,4 @@ TEST(Utf8Text, PlacesCountCharactersFromOne) {
 }
 
 }  // namespace
+}  // namespace quarnfc::ext

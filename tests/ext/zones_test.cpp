@@ -6,9 +6,8 @@
 
 #include <cmath>
 
+namespace quarnfc::ext {
 namespace {
-
-using namespace quarnfc::ext;
 
 TEST(Zones, LongitudesHaveTheirZone) {
   struct Case {
@@ -98,3 +97,4 @@ TEST(Zones, PlainEastingsAreNotSplit) {
 }
 
 }  // namespace
+}  // namespace quarnfc::ext

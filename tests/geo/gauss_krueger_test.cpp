@@ -8,9 +8,8 @@
 #include "tests/geo/reference_transverse_mercator.h"
 #include "tests/geo/series_bound.h"
 
+namespace geo_test {
 namespace {
-
-using namespace geo_test;
 
 struct Pair {
   double first;
@@ -266,3 +265,4 @@ TEST(GaussKrueger, ResultsMayReplaceTheArguments) {
 }
 
 }  // namespace
+}  // namespace geo_test

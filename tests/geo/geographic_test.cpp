@@ -8,9 +8,8 @@
 
 #include "tests/geo/geo_support.h"
 
+namespace geo_test {
 namespace {
-
-using namespace geo_test;
 
 // Copied by a static initialiser of this program, which runs before main.
 const Geo copied_before_main = Geo::WGS84;
@@ -172,3 +171,4 @@ TEST(GeographicSystem, AssignmentAndCopyTakeEveryField) {
 }
 
 }  // namespace
+}  // namespace geo_test

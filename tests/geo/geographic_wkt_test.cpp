@@ -7,9 +7,9 @@
 #include "geo/messages.h"
 #include "tests/geo/geo_support.h"
 
+namespace geo_test {
 namespace {
 
-using namespace geo_test;
 namespace messages = quarnfc::geo::messages;
 
 TEST(GeographicWkt, PredefinedSystemsAreWrittenWithTheirNames) {
@@ -198,3 +198,4 @@ TEST(GeographicWkt, ChineseNamesSurviveInMessages) {
 }
 
 }  // namespace
+}  // namespace geo_test

@@ -6,9 +6,8 @@
 
 #include "tests/geo/geo_support.h"
 
+namespace geo_test {
 namespace {
-
-using namespace geo_test;
 
 // Whether a projected system has this ellipsoid (bit for bit) and these four numbers.
 testing::AssertionResult Has(const Pro& system, const Geo& geo, double meridian, double easting,
@@ -219,3 +218,4 @@ TEST(EpsgCode, OtherCodesChangeNothing) {
 }
 
 }  // namespace
+}  // namespace geo_test

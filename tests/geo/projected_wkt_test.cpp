@@ -7,9 +7,9 @@
 #include "geo/messages.h"
 #include "tests/geo/geo_support.h"
 
+namespace geo_test {
 namespace {
 
-using namespace geo_test;
 namespace messages = quarnfc::geo::messages;
 
 constexpr char kGeographic[] = "GEOGCS[\"g\",DATUM[\"d\",SPHEROID[\"s\",6378137,298.257]]]";
@@ -190,3 +190,4 @@ TEST(ProjectedWkt, MessageIsLeftAloneOnSuccess) {
 }
 
 }  // namespace
+}  // namespace geo_test

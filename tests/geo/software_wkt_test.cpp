@@ -9,9 +9,9 @@
 #include "support/build_paths.h"
 #include "tests/geo/geo_support.h"
 
+namespace geo_test {
 namespace {
 
-using namespace geo_test;
 namespace messages = quarnfc::geo::messages;
 
 std::string Load(const std::string& name) {
@@ -128,3 +128,4 @@ TEST(SoftwareWkt, CodesAndTextsAgreeWhereTheyShould) {
 }
 
 }  // namespace
+}  // namespace geo_test

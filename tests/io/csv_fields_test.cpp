@@ -4,9 +4,8 @@
 
 #include "tests/io/csv_rows.h"
 
+namespace io_test {
 namespace {
-
-using namespace io_test;
 
 // The fields of one line, read as the second row of a file.
 Row Fields(const std::string& line) {
@@ -152,3 +151,4 @@ TEST(CsvFields, MarkInsideTheFileIsText) {
 }
 
 }  // namespace
+}  // namespace io_test

@@ -4,9 +4,8 @@
 
 #include "tests/io/csv_rows.h"
 
+namespace io_test {
 namespace {
-
-using namespace io_test;
 
 constexpr std::size_t kBuffer = 409600;
 
@@ -146,3 +145,4 @@ TEST(CsvLines, ManyLinesEndedByZeroBytes) {
 }
 
 }  // namespace
+}  // namespace io_test

@@ -5,9 +5,8 @@
 
 #include "tests/io/csv_rows.h"
 
+namespace io_test {
 namespace {
-
-using namespace io_test;
 
 TEST(CsvReader, LockedFileFailsWithPathAndErrorCode) {
   TempFile file("a\n");
@@ -22,3 +21,4 @@ TEST(CsvReader, LockedFileFailsWithPathAndErrorCode) {
 }
 
 }  // namespace
+}  // namespace io_test

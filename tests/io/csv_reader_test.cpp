@@ -6,9 +6,8 @@
 
 #include "tests/io/csv_rows.h"
 
+namespace io_test {
 namespace {
-
-using namespace io_test;
 
 constexpr int kFileNotFound = 2;
 constexpr int kPathNotFound = 3;
@@ -165,3 +164,4 @@ TEST(CsvReader, CopiesAreOneReader) {
 TEST(CsvReader, IsOnePointerWide) { EXPECT_EQ(sizeof(CQNCSVFileReader), sizeof(void*)); }
 
 }  // namespace
+}  // namespace io_test

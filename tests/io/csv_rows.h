@@ -9,10 +9,12 @@
 #include <string>
 #include <vector>
 
-#include "tests/io/temp_file.h"
 #include "tests/support/string_bytes.h"
+#include "tests/support/temp_file.h"
 
 namespace io_test {
+
+using quarnfc_test::TempFile;
 
 using Row = std::vector<std::string>;
 

@@ -8,9 +8,8 @@
 
 #include "tests/io/csv_rows.h"
 
+namespace io_test {
 namespace {
-
-using namespace io_test;
 
 constexpr int kAccessDenied = 5;
 
@@ -56,3 +55,4 @@ TEST(CsvLines, FilesOfSeveralGigabytesAreReadThroughOneBuffer) {
 }
 
 }  // namespace
+}  // namespace io_test

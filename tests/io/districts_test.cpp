@@ -5,9 +5,8 @@
 #include "support/build_paths.h"
 #include "tests/io/csv_rows.h"
 
+namespace io_test {
 namespace {
-
-using namespace io_test;
 
 constexpr char kGbkFile[] = QUARNFC_DATA "/districts-gbk.csv";
 constexpr char kUtf8File[] = QUARNFC_DATA "/districts-utf8.csv";
@@ -29,3 +28,4 @@ TEST(Districts, BothFilesGiveTheSameRows) {
 }
 
 }  // namespace
+}  // namespace io_test

@@ -10,9 +10,8 @@
 
 #include "io/line_source.h"
 
+namespace quarnfc::io {
 namespace {
-
-using namespace quarnfc::io;
 
 constexpr unsigned int kDeviceError = 1117;
 
@@ -81,3 +80,4 @@ TEST(LineSource, LinesInFrontOfAReadErrorAreSuppliedAndTheOneItCutsOffIsNot) {
 }
 
 }  // namespace
+}  // namespace quarnfc::io

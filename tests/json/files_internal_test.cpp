@@ -7,9 +7,11 @@
 #include <cstdio>
 #include <string>
 
-#include "tests/json/captured_debug_output.h"
+#include "tests/support/captured_debug_output.h"
 
 namespace {
+
+using quarnfc_test::CapturedDebugOutput;
 
 using Texts = std::vector<std::string>;
 

@@ -16,7 +16,10 @@
 
 namespace {
 
-using namespace unload_host;
+using unload_host::FreeFunction;
+using unload_host::JoinFunction;
+using unload_host::kPoolChunk;
+using unload_host::Report;
 
 constexpr std::size_t kSlab = 65536;
 

@@ -8,7 +8,10 @@
 
 namespace {
 
-using namespace unload_host;
+using unload_host::FreeFunction;
+using unload_host::JoinFunction;
+using unload_host::kPoolChunk;
+using unload_host::Report;
 
 template <class Function>
 Function Find(HMODULE library, const char* name) {

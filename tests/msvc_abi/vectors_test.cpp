@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/io/temp_file.h"
+#include "tests/support/temp_file.h"
 
 namespace {
 
@@ -49,7 +49,7 @@ std::string Joined(const HostRow& row) {
 }  // namespace
 
 TEST(HostVectors, RowsFillAVectorWithAnAllocatorOfTheHost) {
-  const io_test::TempFile file("name,value\na,1\nb,2,3\n");
+  const quarnfc_test::TempFile file("name,value\na,1\nb,2,3\n");
   {
     CQNCSVFileReader reader;
     ASSERT_TRUE(reader.Open(file.path()));

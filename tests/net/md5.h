@@ -13,14 +13,7 @@
 #include <openssl/evp.h>
 #endif
 
-inline std::string HexOf(const unsigned char* bytes, std::size_t count) {
-  std::string hex;
-  for (std::size_t i = 0; i < count; ++i) {
-    hex += "0123456789abcdef"[bytes[i] >> 4];
-    hex += "0123456789abcdef"[bytes[i] & 15];
-  }
-  return hex;
-}
+#include "tests/support/hex.h"
 
 #if defined(_WIN32)
 class Md5 {
@@ -44,7 +37,7 @@ class Md5 {
     BYTE bytes[16];
     DWORD length = sizeof(bytes);
     CryptGetHashParam(hash_, HP_HASHVAL, bytes, &length, 0);
-    return HexOf(bytes, sizeof(bytes));
+    return quarnfc_test::Hex(bytes, sizeof(bytes));
   }
 
  private:
@@ -64,7 +57,7 @@ class Md5 {
   std::string Hex() {
     unsigned char bytes[16];
     EVP_DigestFinal_ex(context_, bytes, nullptr);
-    return HexOf(bytes, sizeof(bytes));
+    return quarnfc_test::Hex(bytes, sizeof(bytes));
   }
 
  private:

@@ -10,9 +10,9 @@
 #include <utility>
 #include <vector>
 
-#include "command.h"
-#include "input_file.h"
-#include "output_file.h"
+#include "qn/command.h"
+#include "qn/input_file.h"
+#include "qn/output_file.h"
 #include "tests/net/scripted_server.h"
 #include "tests/tools/run_qn.h"
 

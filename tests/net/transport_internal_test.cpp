@@ -18,9 +18,9 @@
 #include "tests/net/memory_transport.h"
 #include "tests/net/test_text.h"
 
+namespace quarnfc::internet {
 namespace {
 
-using namespace quarnfc::internet;
 using Texts = std::vector<std::string>;
 
 MemoryAnswer Ok(const std::string& body) { return {{"HTTP/1.1 200 OK"}, body}; }
@@ -341,3 +341,4 @@ TEST(RequestHeaders, AreAddedReplacedJoinedAndRefused) {
 }
 
 }  // namespace
+}  // namespace quarnfc::internet

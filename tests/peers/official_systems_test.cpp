@@ -12,9 +12,8 @@
 #include <string>
 #include <vector>
 
+namespace quarnfc::ext {
 namespace {
-
-using namespace quarnfc::ext;
 
 struct DestroyPj {
   void operator()(PJ* object) const { proj_destroy(object); }
@@ -96,3 +95,4 @@ TEST(OfficialSystemsPeer, PointsOfEveryCodeAreProjectedToTheMicrometre) {
 }
 
 }  // namespace
+}  // namespace quarnfc::ext

@@ -13,9 +13,8 @@
 #include "tests/geo/reference_transverse_mercator.h"
 #include "tests/geo/series_bound.h"
 
+namespace geo_test {
 namespace {
-
-using namespace geo_test;
 
 constexpr double kDegree = 3.14159265358979323846 / 180.0;
 
@@ -124,3 +123,4 @@ TEST(TransverseMercatorPeer, KruegerReferenceAgreesToNanometres) {
 }
 
 }  // namespace
+}  // namespace geo_test

@@ -6,11 +6,10 @@
 #include <string>
 
 #include "platform/code_page.h"
-#include "tests/platform/bytes.h"
+#include "tests/support/bytes.h"
 
+namespace quarnfc::platform {
 namespace {
-
-using namespace quarnfc::platform;
 
 TEST(Character, LeadBytesBeginCharactersOfTwoBytes) {
   for (unsigned int byte = 0; byte <= 0xFF; ++byte) {
@@ -61,3 +60,4 @@ TEST(Character, UpperCaseOfWideTextIsUnitByUnit) {
 TEST(Character, CodePageIs936) { EXPECT_TRUE(AnsiIsCodePage936()); }
 
 }  // namespace
+}  // namespace quarnfc::platform

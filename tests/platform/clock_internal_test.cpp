@@ -10,9 +10,8 @@
 
 #include "tests/io/time_zone.h"
 
+namespace quarnfc::platform {
 namespace {
-
-using namespace quarnfc::platform;
 
 std::string Text(const std::tm& time) {
   char text[64];
@@ -87,3 +86,4 @@ TEST(Clock, LocalTimeThatCannotBeRepresentedIsMinusOne) {
 }
 
 }  // namespace
+}  // namespace quarnfc::platform

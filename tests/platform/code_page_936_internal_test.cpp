@@ -7,8 +7,8 @@
 #include <thread>
 #include <vector>
 
-#include "tests/platform/bytes.h"
 #include "tests/platform/conversion_cases.h"
+#include "tests/support/bytes.h"
 
 namespace {
 
@@ -19,7 +19,7 @@ using quarnfc_test::Encode;
 using quarnfc_test::Encoding;
 using quarnfc_test::ExpectDecodes;
 using quarnfc_test::ExpectEncodes;
-using namespace std::string_view_literals;
+using std::string_view_literals::operator""sv;
 
 // The digests were taken from the converters of Windows for code page 936 with its own table, so
 // that a target with another table fails here.

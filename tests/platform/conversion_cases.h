@@ -8,7 +8,7 @@
 #include <span>
 #include <string_view>
 
-#include "tests/platform/bytes.h"
+#include "tests/support/bytes.h"
 
 namespace quarnfc_test {
 

@@ -8,9 +8,8 @@
 #include "platform/code_page.h"
 #include "tests/platform/wine.h"
 
+namespace quarnfc::platform {
 namespace {
-
-using namespace quarnfc::platform;
 
 constexpr Encoding kEncodings[] = {Encoding::kAnsi, Encoding::kUtf8};
 
@@ -152,3 +151,4 @@ TEST(Conversion, SourceMustNotBeTheDestination) {
 }
 
 }  // namespace
+}  // namespace quarnfc::platform

@@ -3,9 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace quarnfc::platform {
 namespace {
-
-using namespace quarnfc::platform;
 
 #if defined(__x86_64__) && defined(__GNUC__)
 TEST(Cpu, AnswersAsTheCompilersOwnQuestion) {
@@ -24,3 +23,4 @@ TEST(Cpu, HasNothingToOfferWhereNothingIsBuiltForIt) {
 #endif
 
 }  // namespace
+}  // namespace quarnfc::platform

@@ -3,38 +3,30 @@
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <string>
+#include <vector>
 
-#include "platform/posix/debug_output_observer.h"
+#include "tests/support/captured_debug_output.h"
 
+namespace quarnfc::platform {
 namespace {
 
-using namespace quarnfc::platform;
+using Texts = std::vector<std::string>;
 
-std::string* g_seen = nullptr;
-
-void Observe(const char* text) {
-  *g_seen += text;
-  errno = EIO;
+TEST(DebugOutput, GoesToTheDebuggerByteForByte) {
+  const std::string longest(3000, 'x');
+  const quarnfc_test::CapturedDebugOutput output;
+  WriteDebugOutput("one\n");
+  WriteDebugOutput("\xD6\xD0 %s");
+  WriteDebugOutput(longest.c_str());
+  EXPECT_EQ(output.Texts(), (Texts{"one\n", "\xD6\xD0 %s", longest}));
 }
 
-TEST(DebugOutput, GoesToTheObserverWhileThereIsOne) {
-  std::string seen;
-  g_seen = &seen;
-  EXPECT_EQ(nullptr, SetDebugOutputObserver(Observe));
-  WriteDebugOutput("one,");
+TEST(DebugOutput, OfNullIsNone) {
+  const quarnfc_test::CapturedDebugOutput output;
   WriteDebugOutput(nullptr);
-  WriteDebugOutput("two");
-  EXPECT_EQ(Observe, SetDebugOutputObserver(nullptr));
-  WriteDebugOutput("");
-  EXPECT_EQ("one,two", seen);
-}
-
-TEST(DebugOutput, LeavesErrnoAlone) {
-  errno = ENOENT;
-  WriteDebugOutput("");
-  EXPECT_EQ(ENOENT, errno);
+  EXPECT_EQ(output.Texts(), Texts());
 }
 
 }  // namespace
+}  // namespace quarnfc::platform

@@ -5,9 +5,8 @@
 
 #include "platform/posix/errno.h"
 
+namespace quarnfc::platform {
 namespace {
-
-using namespace quarnfc::platform;
 
 struct Case {
   int errno_value;
@@ -36,3 +35,4 @@ TEST(Errno, IsGivenAsTheWindowsError) {
 }
 
 }  // namespace
+}  // namespace quarnfc::platform

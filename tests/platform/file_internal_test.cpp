@@ -6,13 +6,13 @@
 #include <cstring>
 #include <string>
 
-#include "tests/io/temp_file.h"
 #include "tests/platform/wine.h"
+#include "tests/support/temp_file.h"
 
+namespace quarnfc::platform {
 namespace {
 
-using namespace quarnfc::platform;
-using io_test::TempFile;
+using quarnfc_test::TempFile;
 
 std::string Contents(const char* path) {
   File file;
@@ -143,3 +143,4 @@ TEST(File, OthersMayWriteToAnOpenFile) {
 }
 
 }  // namespace
+}  // namespace quarnfc::platform

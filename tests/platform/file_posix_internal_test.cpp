@@ -5,11 +5,10 @@
 #include <unistd.h>
 
 #include "platform/file.h"
-#include "tests/io/temp_file.h"
+#include "tests/support/temp_file.h"
 
+namespace quarnfc::platform {
 namespace {
-
-using namespace quarnfc::platform;
 
 constexpr SystemError kDeviceError = 1117;
 constexpr SystemError kDiskFull = 112;
@@ -36,7 +35,7 @@ TEST(File, FullDiskIsToldByTheWriteOrTheClose) {
 }
 
 TEST(File, WithoutPermissionAccessIsDenied) {
-  const io_test::TempFile contents("abc");
+  const quarnfc_test::TempFile contents("abc");
   ASSERT_EQ(0, chmod(contents.path(), 0));
   const uid_t user = geteuid();
   if (user == 0) {
@@ -49,3 +48,4 @@ TEST(File, WithoutPermissionAccessIsDenied) {
 }
 
 }  // namespace
+}  // namespace quarnfc::platform

@@ -4,15 +4,14 @@
 #include <windows.h>
 
 #include "platform/file.h"
-#include "tests/io/temp_file.h"
 #include "tests/platform/wine.h"
+#include "tests/support/temp_file.h"
 
+namespace quarnfc::platform {
 namespace {
 
-using namespace quarnfc::platform;
-
 TEST(File, OneOpenedWithoutSharingIsASharingViolation) {
-  const io_test::TempFile contents("abc");
+  const quarnfc_test::TempFile contents("abc");
   const HANDLE lock = CreateFileA(contents.path(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
                                   FILE_ATTRIBUTE_NORMAL, nullptr);
   ASSERT_NE(lock, INVALID_HANDLE_VALUE);
@@ -26,7 +25,7 @@ TEST(File, ReadOnlyFileIsNotReplaced) {
   if (quarnfc_test::RunsUnderWine()) {
     GTEST_SKIP() << "Wine leaves it to the host, where permissions do not bind the superuser";
   }
-  const io_test::TempFile contents("abc");
+  const quarnfc_test::TempFile contents("abc");
   ASSERT_TRUE(SetFileAttributesA(contents.path(), FILE_ATTRIBUTE_READONLY));
   File file;
   EXPECT_EQ(kAccessDenied, file.Open(contents.path(), FileMode::kReplace));
@@ -40,3 +39,4 @@ TEST(File, PathsThatNameNothingFailWithTheirError) {
 }
 
 }  // namespace
+}  // namespace quarnfc::platform

@@ -10,14 +10,14 @@
 #include <vector>
 
 #include "platform/system_string.h"
-#include "tests/platform/bytes.h"
+#include "tests/support/bytes.h"
 
+namespace quarnfc::platform {
 namespace {
 
-using namespace quarnfc::platform;
 using quarnfc_test::Units;
 using quarnfc_test::UnitsOf;
-using namespace std::string_view_literals;
+using std::string_view_literals::operator""sv;
 
 Units UnitsOfString(BSTR string) { return Units(string, string + SysStringLen(string)); }
 
@@ -89,3 +89,4 @@ TEST(SystemString, ReallocThatFailsKeepsTheString) {
 }
 
 }  // namespace
+}  // namespace quarnfc::platform

@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "tests/platform/bytes.h"
 #include "tests/platform/conversion_cases.h"
 #include "tests/platform/wine.h"
+#include "tests/support/bytes.h"
 
 namespace {
 
@@ -19,7 +19,7 @@ using quarnfc_test::Encode;
 using quarnfc_test::Encoding;
 using quarnfc_test::ExpectDecodes;
 using quarnfc_test::ExpectEncodes;
-using namespace std::string_view_literals;
+using std::string_view_literals::operator""sv;
 
 constexpr ConversionCase kBothWays[] = {
     {"ASCII and a zero byte", "a\0\x7F"sv, u"a\0\x7F"sv},

@@ -6,7 +6,7 @@
 
 #include <cstddef>
 
-namespace test_support {
+namespace quarnfc_test {
 
 class PageEnd {
  public:
@@ -28,6 +28,6 @@ class PageEnd {
   void* data_;
 };
 
-}  // namespace test_support
+}  // namespace quarnfc_test
 
 #endif  // QUARNFC_TESTS_SUPPORT_PAGE_END_H_

@@ -7,7 +7,7 @@
 
 #include "tests/support/page_end.h"
 
-namespace test_support {
+namespace quarnfc_test {
 
 PageEnd::PageEnd(const void* bytes, std::size_t size) {
   const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
@@ -23,4 +23,4 @@ PageEnd::PageEnd(const void* bytes, std::size_t size) {
 
 PageEnd::~PageEnd() { munmap(base_, total_); }
 
-}  // namespace test_support
+}  // namespace quarnfc_test

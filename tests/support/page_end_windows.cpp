@@ -7,7 +7,7 @@
 
 #include "tests/support/page_end.h"
 
-namespace test_support {
+namespace quarnfc_test {
 
 PageEnd::PageEnd(const void* bytes, std::size_t size) {
   SYSTEM_INFO system;
@@ -26,4 +26,4 @@ PageEnd::PageEnd(const void* bytes, std::size_t size) {
 
 PageEnd::~PageEnd() { VirtualFree(base_, 0, MEM_RELEASE); }
 
-}  // namespace test_support
+}  // namespace quarnfc_test

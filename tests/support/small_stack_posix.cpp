@@ -5,7 +5,7 @@
 
 #include "tests/support/small_stack.h"
 
-namespace test_support {
+namespace quarnfc_test {
 
 void RunOnSmallStack(const std::function<void()>& work) {
   const auto run = [](void* argument) -> void* {
@@ -23,4 +23,4 @@ void RunOnSmallStack(const std::function<void()>& work) {
   pthread_join(thread, nullptr);
 }
 
-}  // namespace test_support
+}  // namespace quarnfc_test

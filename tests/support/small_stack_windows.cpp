@@ -6,7 +6,7 @@
 
 #include "tests/support/small_stack.h"
 
-namespace test_support {
+namespace quarnfc_test {
 namespace {
 
 DWORD WINAPI Run(void* argument) {
@@ -24,4 +24,4 @@ void RunOnSmallStack(const std::function<void()>& work) {
   CloseHandle(thread);
 }
 
-}  // namespace test_support
+}  // namespace quarnfc_test

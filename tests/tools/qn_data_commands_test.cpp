@@ -8,12 +8,12 @@
 #include <string>
 #include <vector>
 
-#include "command.h"
-#include "exit_code.h"
-#include "input_file.h"
-#include "output_file.h"
-#include "tests/io/temp_file.h"
+#include "qn/command.h"
+#include "qn/exit_code.h"
+#include "qn/input_file.h"
+#include "qn/output_file.h"
 #include "tests/io/time_zone.h"
+#include "tests/support/temp_file.h"
 #include "tests/tools/run_qn.h"
 
 namespace qn {
@@ -28,8 +28,8 @@ extern const Command kTimeCommand;
 
 namespace {
 
-using io_test::TempFile;
 using qn_test::Outcome;
+using quarnfc_test::TempFile;
 
 qn_test::FullOutcome RunQn(const std::vector<std::string>& arguments) {
   const qn::Command commands[] = {qn::kBase32Command, qn::kBase64Command, qn::kCsvCommand,

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "command.h"
-#include "errors.h"
-#include "exit_code.h"
+#include "qn/command.h"
+#include "qn/errors.h"
+#include "qn/exit_code.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "errors.h"
-#include "text/encoding.h"
+#include "qn/errors.h"
+#include "qn/text/encoding.h"
 
 namespace {
 

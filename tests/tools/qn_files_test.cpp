@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
-#include "errors.h"
-#include "input_file.h"
-#include "output_file.h"
+#include "qn/errors.h"
+#include "qn/input_file.h"
+#include "qn/output_file.h"
 
 namespace {
 

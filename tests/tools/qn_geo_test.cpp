@@ -7,16 +7,16 @@
 #include <utility>
 #include <vector>
 
-#include "command.h"
-#include "errors.h"
-#include "exit_code.h"
-#include "geo/conversion.h"
-#include "geo/point.h"
-#include "geo/system.h"
-#include "geo/wkt_system.h"
-#include "input_file.h"
+#include "qn/command.h"
+#include "qn/errors.h"
+#include "qn/exit_code.h"
+#include "qn/geo/conversion.h"
+#include "qn/geo/point.h"
+#include "qn/geo/system.h"
+#include "qn/geo/wkt_system.h"
+#include "qn/input_file.h"
 #include "support/build_paths.h"
-#include "tests/io/temp_file.h"
+#include "tests/support/temp_file.h"
 #include "tests/tools/run_qn.h"
 
 namespace qn {
@@ -27,7 +27,6 @@ extern const Command kGeoCommand;
 
 namespace {
 
-using io_test::TempFile;
 using qn::Failure;
 using qn::FindEpsgCodes;
 using qn::GeoSystem;
@@ -42,6 +41,7 @@ using qn::ReadInput;
 using qn::ReadNumber;
 using qn::ReadWktSystem;
 using qn::UsageError;
+using quarnfc_test::TempFile;
 
 qn_test::FullOutcome RunGeo(std::vector<std::string> arguments) {
   arguments.insert(arguments.begin(), "geo");

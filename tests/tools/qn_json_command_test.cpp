@@ -9,15 +9,15 @@
 #include <string>
 #include <vector>
 
-#include "command.h"
-#include "exit_code.h"
-#include "input_file.h"
-#include "json/lenient_fault.h"
-#include "json/shape.h"
+#include "qn/command.h"
+#include "qn/exit_code.h"
+#include "qn/input_file.h"
+#include "qn/json/lenient_fault.h"
+#include "qn/json/shape.h"
+#include "qn/text/excerpt.h"
 #include "support/build_paths.h"
-#include "tests/io/temp_file.h"
+#include "tests/support/temp_file.h"
 #include "tests/tools/run_qn.h"
-#include "text/excerpt.h"
 
 namespace qn {
 
@@ -27,9 +27,9 @@ extern const Command kJsonCommand;
 
 namespace {
 
-using io_test::TempFile;
 using qn_test::FullOutcome;
 using qn_test::Outcome;
+using quarnfc_test::TempFile;
 
 FullOutcome RunJson(std::vector<std::string> arguments) {
   arguments.insert(arguments.begin(), "json");

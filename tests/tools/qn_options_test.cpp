@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "errors.h"
-#include "options.h"
+#include "qn/errors.h"
+#include "qn/options.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "transfer_progress.h"
+#include "qn/transfer_progress.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "command.h"
-#include "console.h"
+#include "qn/command.h"
+#include "qn/console.h"
 
 namespace qn_test {
 

@@ -8,13 +8,13 @@
 #include <new>
 #include <utility>
 
-#include "command.h"
-#include "errors.h"
-#include "exit_code.h"
-#include "input_stream.h"
-#include "library_buffer.h"
-#include "options.h"
-#include "output.h"
+#include "qn/command.h"
+#include "qn/errors.h"
+#include "qn/exit_code.h"
+#include "qn/input_stream.h"
+#include "qn/library_buffer.h"
+#include "qn/options.h"
+#include "qn/output.h"
 
 namespace qn {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "command.h"
+#include "qn/command.h"
 
 namespace qn {
 

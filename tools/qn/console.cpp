@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "console.h"
+#include "qn/console.h"
 
 #include <quarnfc/ext/utf8_text.h>
 
@@ -8,8 +8,8 @@
 #include <optional>
 #include <utility>
 
-#include "errors.h"
-#include "os.h"
+#include "qn/errors.h"
+#include "qn/os.h"
 
 namespace qn {
 

@@ -4,10 +4,10 @@
 #include <new>
 #include <vector>
 
-#include "command.h"
-#include "console.h"
-#include "errors.h"
-#include "exit_code.h"
+#include "qn/command.h"
+#include "qn/console.h"
+#include "qn/errors.h"
+#include "qn/exit_code.h"
 
 namespace qn {
 namespace {

@@ -10,15 +10,15 @@
 #include <new>
 #include <sstream>
 
-#include "command.h"
-#include "console.h"
-#include "errors.h"
-#include "exit_code.h"
-#include "input_file.h"
-#include "input_stream.h"
-#include "library_buffer.h"
-#include "options.h"
-#include "text/encoding.h"
+#include "qn/command.h"
+#include "qn/console.h"
+#include "qn/errors.h"
+#include "qn/exit_code.h"
+#include "qn/input_file.h"
+#include "qn/input_stream.h"
+#include "qn/library_buffer.h"
+#include "qn/options.h"
+#include "qn/text/encoding.h"
 
 namespace qn {
 namespace {

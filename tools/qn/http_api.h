@@ -5,7 +5,7 @@
 
 #include <quarnfc/internet_api.h>
 
-#if defined(_WIN32)
+#if !defined(QUARNFC_SUPPLIES_INTERNET_API)
 #include <windows.h>
 
 #include <wininet.h>

@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "http_client.h"
+#include "qn/http_client.h"
 
 #include <quarnfc/base64.h>
 
 #include <cstdio>
 #include <cstdlib>
 
-#include "console.h"
-#include "errors.h"
-#include "http_api.h"
-#include "http_error.h"
-#include "input_stream.h"
-#include "library_buffer.h"
-#include "transfer_progress.h"
+#include "qn/console.h"
+#include "qn/errors.h"
+#include "qn/http_api.h"
+#include "qn/http_error.h"
+#include "qn/input_stream.h"
+#include "qn/library_buffer.h"
+#include "qn/transfer_progress.h"
 
 namespace qn {
 namespace {
@@ -34,9 +34,9 @@ std::string ShortName(const std::string& url) {
 }
 
 void SetTimeouts(CQNHttpFile& file, DWORD seconds) {
-  for (const DWORD option : {INTERNET_OPTION_CONNECT_TIMEOUT, INTERNET_OPTION_SEND_TIMEOUT,
-                             INTERNET_OPTION_RECEIVE_TIMEOUT}) {
-    file.SetOption(option, seconds * 1000);
+  for (const int option : {INTERNET_OPTION_CONNECT_TIMEOUT, INTERNET_OPTION_SEND_TIMEOUT,
+                           INTERNET_OPTION_RECEIVE_TIMEOUT}) {
+    file.SetOption(static_cast<DWORD>(option), seconds * 1000);
   }
 }
 

@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "http_url.h"
+#include "qn/http_url.h"
 
 namespace qn {
 

@@ -6,16 +6,16 @@
 #include <limits>
 #include <thread>
 
-#include "command.h"
-#include "console.h"
-#include "errors.h"
-#include "exit_code.h"
-#include "http_client.h"
-#include "http_error.h"
-#include "input_file.h"
-#include "options.h"
-#include "os.h"
-#include "output.h"
+#include "qn/command.h"
+#include "qn/console.h"
+#include "qn/errors.h"
+#include "qn/exit_code.h"
+#include "qn/http_client.h"
+#include "qn/http_error.h"
+#include "qn/input_file.h"
+#include "qn/options.h"
+#include "qn/os.h"
+#include "qn/output.h"
 
 namespace qn {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "http_error.h"
+#include "qn/http_error.h"
 
-#include "console.h"
+#include "qn/console.h"
 
 namespace qn {
 namespace {

@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "errors.h"
+#include "qn/errors.h"
 
 namespace qn {
 

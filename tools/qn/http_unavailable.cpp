@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // qn http where the library has no HTTP client.
-#include "command.h"
-#include "errors.h"
+#include "qn/command.h"
+#include "qn/errors.h"
 
 namespace qn {
 namespace {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "http_url.h"
+#include "qn/http_url.h"
 
 #include <quarnfc/url.h>
 
-#include "errors.h"
-#include "http_api.h"
+#include "qn/errors.h"
+#include "qn/http_api.h"
 
 namespace qn {
 namespace {

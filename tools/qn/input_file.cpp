@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "input_file.h"
+#include "qn/input_file.h"
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <memory>
 
-#include "console.h"
-#include "errors.h"
-#include "os.h"
+#include "qn/console.h"
+#include "qn/errors.h"
+#include "qn/os.h"
 
 namespace qn {
 namespace {

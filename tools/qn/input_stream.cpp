@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "input_stream.h"
+#include "qn/input_stream.h"
 
 #include <cerrno>
 #include <cstring>
 
-#include "errors.h"
-#include "os.h"
+#include "qn/errors.h"
+#include "qn/os.h"
 
 namespace qn {
 namespace {

@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "console.h"
+#include "qn/console.h"
 
 namespace qn {
 

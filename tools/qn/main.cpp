@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "command.h"
-#include "console.h"
-#include "exit_code.h"
-#include "os.h"
+#include "qn/command.h"
+#include "qn/console.h"
+#include "qn/exit_code.h"
+#include "qn/os.h"
 
 int main(int argc, char** argv) {
   qn::PrepareConsole();

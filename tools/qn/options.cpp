@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "options.h"
+#include "qn/options.h"
 
 #include <algorithm>
 #include <charconv>
 
-#include "console.h"
-#include "errors.h"
+#include "qn/console.h"
+#include "qn/errors.h"
 
 namespace qn {
 namespace {
@@ -50,7 +50,8 @@ struct Given {
 Options::Options(std::span<const std::string> arguments, std::initializer_list<OptionSpec> known) {
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     if (arguments[i] == "--") {
-      positional_.insert(positional_.end(), arguments.begin() + i + 1, arguments.end());
+      const auto rest = arguments.subspan(i + 1);
+      positional_.insert(positional_.end(), rest.begin(), rest.end());
       return;
     }
     if (!IsOption(arguments[i])) {

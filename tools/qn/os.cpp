@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "os.h"
+#include "qn/os.h"
 
 #include <quarnfc/ext/utf8_text.h>
 

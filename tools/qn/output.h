@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "console.h"
-#include "output_file.h"
+#include "qn/console.h"
+#include "qn/output_file.h"
 
 namespace qn {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "output_file.h"
+#include "qn/output_file.h"
 
 #include <cerrno>
 #include <cstring>
 
-#include "console.h"
-#include "errors.h"
-#include "os.h"
+#include "qn/console.h"
+#include "qn/errors.h"
+#include "qn/os.h"
 
 namespace qn {
 

@@ -6,12 +6,12 @@
 #include <cstdlib>
 #include <optional>
 
-#include "command.h"
-#include "console.h"
-#include "errors.h"
-#include "exit_code.h"
-#include "options.h"
-#include "os.h"
+#include "qn/command.h"
+#include "qn/console.h"
+#include "qn/errors.h"
+#include "qn/exit_code.h"
+#include "qn/options.h"
+#include "qn/os.h"
 
 namespace qn {
 namespace {

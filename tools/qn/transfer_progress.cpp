@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "transfer_progress.h"
+#include "qn/transfer_progress.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -10,10 +10,10 @@ namespace qn {
 namespace {
 
 // Bar, numbers and a short label fit on a line of 80 columns.
-constexpr int kBarWidth = 16;
+constexpr std::size_t kBarWidth = 16;
 
 std::string Bar(double part) {
-  const int filled = static_cast<int>(part * kBarWidth);
+  const auto filled = static_cast<std::size_t>(part * kBarWidth);
   char percent[16];
   std::snprintf(percent, sizeof(percent), "%3d %%", static_cast<int>(part * 100));
   return '[' + std::string(filled, '#') + std::string(kBarWidth - filled, ' ') + "] " + percent +

@@ -6,7 +6,7 @@
 #include <chrono>
 #include <string>
 
-#include "console.h"
+#include "qn/console.h"
 
 namespace qn {
 

@@ -8,7 +8,15 @@
 #include "platform/posix/internet/cookie_store.h"
 #include "platform/posix/internet/handle.h"
 
-using namespace quarnfc::internet;
+namespace {
+
+using quarnfc::internet::Answer;
+using quarnfc::internet::CookieOrigin;
+using quarnfc::internet::ParseTarget;
+using quarnfc::internet::Target;
+using quarnfc::internet::TheCookies;
+
+}  // namespace
 
 int InternetSetCookieA(const char* url, const char* name, const char* data) {
   Target target;

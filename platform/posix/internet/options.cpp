@@ -6,9 +6,14 @@
 #include "platform/posix/internet/handle.h"
 #include "platform/posix/internet/request.h"
 
-using namespace quarnfc::internet;
-
 namespace {
+
+using quarnfc::internet::Answer;
+using quarnfc::internet::FindHandle;
+using quarnfc::internet::Handle;
+using quarnfc::internet::Request;
+using quarnfc::internet::Settings;
+using quarnfc::internet::StoreText;
 
 DWORD* NumberOption(Settings& settings, DWORD option) {
   switch (option) {

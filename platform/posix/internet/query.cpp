@@ -9,9 +9,15 @@
 #include "platform/posix/internet/http_date.h"
 #include "platform/posix/internet/request.h"
 
-using namespace quarnfc::internet;
-
 namespace {
+
+using quarnfc::internet::Answer;
+using quarnfc::internet::Find;
+using quarnfc::internet::Header;
+using quarnfc::internet::Headers;
+using quarnfc::internet::ParseHttpDate;
+using quarnfc::internet::Request;
+using quarnfc::internet::StoreText;
 
 constexpr DWORD kLevelMask = 0x0000FFFF;
 

@@ -5,9 +5,18 @@
 
 #include "platform/posix/internet/request.h"
 
-using namespace quarnfc::internet;
-
 namespace {
+
+using quarnfc::internet::Answer;
+using quarnfc::internet::Connection;
+using quarnfc::internet::Enter;
+using quarnfc::internet::Find;
+using quarnfc::internet::MakeTarget;
+using quarnfc::internet::ParseTarget;
+using quarnfc::internet::Request;
+using quarnfc::internet::Session;
+using quarnfc::internet::Target;
+using quarnfc::internet::TextOf;
 
 constexpr DWORD kUpToTerminator = 0xFFFFFFFF;
 

@@ -4,9 +4,15 @@
 
 #include "platform/posix/internet/handle.h"
 
-using namespace quarnfc::internet;
-
 namespace {
+
+using quarnfc::internet::Connection;
+using quarnfc::internet::Enter;
+using quarnfc::internet::Find;
+using quarnfc::internet::FindHandle;
+using quarnfc::internet::Proxy;
+using quarnfc::internet::Remove;
+using quarnfc::internet::Session;
 
 thread_local DWORD g_last_error = 0;
 

@@ -9,9 +9,14 @@
 #include "platform/posix/internet/request.h"
 #include "platform/posix/internet/url.h"
 
-using namespace quarnfc::internet;
-
 namespace {
+
+using quarnfc::internet::Answer;
+using quarnfc::internet::SplitUrl;
+using quarnfc::internet::StoreText;
+using quarnfc::internet::Unescape;
+using quarnfc::internet::UrlParts;
+using quarnfc::internet::WithoutDots;
 
 struct Scheme {
   const char* name;
@@ -132,6 +137,21 @@ bool Store(const std::string& text, char* buffer, DWORD& length) {
   return fits;
 }
 
+// Each part tells the length it needs, whichever of them does not fit.
+bool StoreAll(const UrlParts& split, URL_COMPONENTSA& parts) {
+  bool all = true;
+  const auto store = [&all](const std::string& text, char* buffer, DWORD& length) {
+    if (!Store(text, buffer, length)) all = false;
+  };
+  store(split.scheme, parts.lpszScheme, parts.dwSchemeLength);
+  store(split.host, parts.lpszHostName, parts.dwHostNameLength);
+  store(split.user, parts.lpszUserName, parts.dwUserNameLength);
+  store(split.password, parts.lpszPassword, parts.dwPasswordLength);
+  store(split.path, parts.lpszUrlPath, parts.dwUrlPathLength);
+  store(split.extra, parts.lpszExtraInfo, parts.dwExtraInfoLength);
+  return all;
+}
+
 bool ParsePort(const std::string& text, unsigned short& port) {
   unsigned int number = 0;
   for (const char ch : text) {
@@ -151,16 +171,9 @@ DWORD Crack(const std::string& url, DWORD flags, URL_COMPONENTSA& parts) {
   if (!ParsePort(split.port, port)) return ERROR_INTERNET_INVALID_URL;
   const bool needs_host = IsHierarchical(split.scheme);
   if (needs_host && (!split.has_authority || split.host.empty())) return ERROR_INTERNET_INVALID_URL;
-  std::string path = split.path;
-  if (parts.lpszExtraInfo == nullptr) path += split.extra;
-  if ((flags & (ICU_ESCAPE | ICU_DECODE)) != 0) path = Unescape(path);
-  const bool stored = Store(split.scheme, parts.lpszScheme, parts.dwSchemeLength) &
-                      Store(split.host, parts.lpszHostName, parts.dwHostNameLength) &
-                      Store(split.user, parts.lpszUserName, parts.dwUserNameLength) &
-                      Store(split.password, parts.lpszPassword, parts.dwPasswordLength) &
-                      Store(path, parts.lpszUrlPath, parts.dwUrlPathLength) &
-                      Store(split.extra, parts.lpszExtraInfo, parts.dwExtraInfoLength);
-  if (!stored) return ERROR_INSUFFICIENT_BUFFER;
+  if (parts.lpszExtraInfo == nullptr) split.path += split.extra;
+  if ((flags & (ICU_ESCAPE | ICU_DECODE)) != 0) split.path = Unescape(split.path);
+  if (!StoreAll(split, parts)) return ERROR_INSUFFICIENT_BUFFER;
   parts.nScheme = scheme != nullptr ? scheme->number : INTERNET_SCHEME_UNKNOWN;
   parts.nPort = port;
   return 0;

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "core/text/collation.h"
-#include "tests/platform/bytes.h"
 #include "tests/platform/wine.h"
+#include "tests/support/bytes.h"
 
 namespace {
 

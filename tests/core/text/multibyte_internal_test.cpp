@@ -8,7 +8,7 @@
 
 #include "core/text/character.h"
 #include "core/text/multibyte.h"
-#include "tests/platform/bytes.h"
+#include "tests/support/bytes.h"
 
 namespace {
 

@@ -300,7 +300,7 @@ TEST(StringFormat, HugeWidthsAndPrecisionsNeedNoStack) {
   constexpr int kHuge = 3000000;
   const std::size_t size = kHuge;
   std::string width, zeros, left, hex, pointer, text, precision, fixed, exponent, general;
-  test_support::RunOnSmallStack([&] {
+  quarnfc_test::RunOnSmallStack([&] {
     width = Formatted("%*d", kHuge, 5);
     zeros = Formatted("%0*lld", kHuge, -5LL);
     left = Formatted("%-3000000u", 5u);

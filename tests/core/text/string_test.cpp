@@ -13,7 +13,7 @@
 namespace {
 
 using text_test::Bytes;
-using namespace std::string_literals;
+using std::string_literals::operator""s;
 
 const char* Chars(const CQNString& text) { return text; }
 

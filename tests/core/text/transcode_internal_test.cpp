@@ -7,9 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace quarnfc {
 namespace {
-
-using namespace quarnfc;
 
 std::vector<unsigned int> UnitsOf(const wchar_t* text) {
   std::vector<unsigned int> units;
@@ -56,3 +55,4 @@ TEST(Transcode, ScratchTextStandsInThePoolForItsLength) {
 }
 
 }  // namespace
+}  // namespace quarnfc

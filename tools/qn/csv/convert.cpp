@@ -8,12 +8,12 @@
 #include <cmath>
 #include <set>
 
-#include "console.h"
-#include "csv/commands.h"
-#include "csv/input.h"
-#include "errors.h"
-#include "exit_code.h"
-#include "output.h"
+#include "qn/console.h"
+#include "qn/csv/commands.h"
+#include "qn/csv/input.h"
+#include "qn/errors.h"
+#include "qn/exit_code.h"
+#include "qn/output.h"
 
 namespace qn::csv {
 namespace {

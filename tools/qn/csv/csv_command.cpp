@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // qn csv: looks into CSV files, cuts them down and turns them into JSON. Here are the commands'
 // names and help.
-#include "command.h"
-#include "csv/commands.h"
+#include "qn/command.h"
+#include "qn/csv/commands.h"
 
 namespace qn {
 namespace {

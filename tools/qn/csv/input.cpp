@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "csv/input.h"
+#include "qn/csv/input.h"
 
 #include <algorithm>
 #include <charconv>
 #include <optional>
 
-#include "errors.h"
+#include "qn/errors.h"
 
 namespace qn {
 namespace {

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "options.h"
-#include "text/text_stream.h"
+#include "qn/options.h"
+#include "qn/text/text_stream.h"
 
 namespace qn {
 

@@ -8,14 +8,14 @@
 #include <set>
 #include <vector>
 
-#include "console.h"
-#include "errors.h"
-#include "exit_code.h"
-#include "geo/commands.h"
-#include "geo/format.h"
-#include "geo/point.h"
-#include "options.h"
-#include "text/text_stream.h"
+#include "qn/console.h"
+#include "qn/errors.h"
+#include "qn/exit_code.h"
+#include "qn/geo/commands.h"
+#include "qn/geo/format.h"
+#include "qn/geo/point.h"
+#include "qn/options.h"
+#include "qn/text/text_stream.h"
 
 namespace qn::geo {
 namespace {
@@ -35,7 +35,7 @@ struct Place {
 Place ReadPlace(const std::vector<std::string>& row) {
   if (row.size() < 6) throw Failure("the districts file has a row of fewer than six fields");
   Place place{row[0], row[1], {}};
-  for (const std::size_t column : {2, 3}) {
+  for (const std::size_t column : {2U, 3U}) {
     if (!row[column].empty()) place.name = row[column];
   }
   if (!ReadNumber(row[4], place.degrees.x) || !ReadNumber(row[5], place.degrees.y)) {

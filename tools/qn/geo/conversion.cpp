@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "geo/conversion.h"
+#include "qn/geo/conversion.h"
 
 #include <quarnfc/ext/zones.h>
 
@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <vector>
 
-#include "errors.h"
+#include "qn/errors.h"
 
 namespace qn {
 namespace {

@@ -9,8 +9,8 @@
 #include <optional>
 #include <string>
 
-#include "geo/point.h"
-#include "geo/system.h"
+#include "qn/geo/point.h"
+#include "qn/geo/system.h"
 
 namespace qn {
 

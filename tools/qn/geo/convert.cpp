@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 // qn geo convert: points of the command line, of CSV files and of lines.
-#include "console.h"
-#include "csv/input.h"
-#include "errors.h"
-#include "exit_code.h"
-#include "geo/commands.h"
-#include "geo/conversion.h"
-#include "geo/rows.h"
-#include "geo/system.h"
-#include "options.h"
-#include "output.h"
+#include "qn/console.h"
+#include "qn/csv/input.h"
+#include "qn/errors.h"
+#include "qn/exit_code.h"
+#include "qn/geo/commands.h"
+#include "qn/geo/conversion.h"
+#include "qn/geo/rows.h"
+#include "qn/geo/system.h"
+#include "qn/options.h"
+#include "qn/output.h"
 
 namespace qn::geo {
 namespace {

@@ -7,17 +7,17 @@
 #include <cmath>
 #include <iterator>
 
-#include "console.h"
-#include "errors.h"
-#include "exit_code.h"
-#include "geo/commands.h"
-#include "geo/format.h"
-#include "geo/system.h"
-#include "geo/wkt_system.h"
-#include "input_file.h"
-#include "library_buffer.h"
-#include "options.h"
-#include "text/encoding.h"
+#include "qn/console.h"
+#include "qn/errors.h"
+#include "qn/exit_code.h"
+#include "qn/geo/commands.h"
+#include "qn/geo/format.h"
+#include "qn/geo/system.h"
+#include "qn/geo/wkt_system.h"
+#include "qn/input_file.h"
+#include "qn/library_buffer.h"
+#include "qn/options.h"
+#include "qn/text/encoding.h"
 
 namespace qn::geo {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // qn geo: coordinate systems and conversions. Here are the commands' names and help.
-#include "command.h"
-#include "geo/commands.h"
+#include "qn/command.h"
+#include "qn/geo/commands.h"
 
 namespace qn {
 namespace {

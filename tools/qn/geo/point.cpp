@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "geo/point.h"
+#include "qn/geo/point.h"
 
 #include <quarnfc/ext/sexagesimal.h>
 
@@ -7,7 +7,7 @@
 #include <cmath>
 #include <utility>
 
-#include "errors.h"
+#include "qn/errors.h"
 
 namespace qn {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "geo/rows.h"
+#include "qn/geo/rows.h"
 
 #include <quarnfc/ext/csv_text.h>
 
@@ -7,9 +7,9 @@
 #include <span>
 #include <string_view>
 
-#include "console.h"
-#include "errors.h"
-#include "exit_code.h"
+#include "qn/console.h"
+#include "qn/errors.h"
+#include "qn/exit_code.h"
 
 namespace qn {
 namespace {

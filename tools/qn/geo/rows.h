@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "geo/point.h"
-#include "output.h"
-#include "text/text_stream.h"
+#include "qn/geo/point.h"
+#include "qn/output.h"
+#include "qn/text/text_stream.h"
 
 namespace qn {
 

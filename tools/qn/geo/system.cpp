@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "geo/system.h"
+#include "qn/geo/system.h"
 
 #include <quarnfc/ext/official_systems.h>
 #include <quarnfc/ext/zones.h>
@@ -9,11 +9,11 @@
 #include <cmath>
 #include <string_view>
 
-#include "console.h"
-#include "errors.h"
-#include "geo/wkt_system.h"
-#include "input_file.h"
-#include "text/encoding.h"
+#include "qn/console.h"
+#include "qn/errors.h"
+#include "qn/geo/wkt_system.h"
+#include "qn/input_file.h"
+#include "qn/text/encoding.h"
 
 namespace qn {
 namespace {

@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "geo/point.h"
-#include "library_buffer.h"
+#include "qn/geo/point.h"
+#include "qn/library_buffer.h"
 
 namespace qn {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "geo/wkt_system.h"
+#include "qn/geo/wkt_system.h"
 
 #include <algorithm>
 #include <cmath>
 #include <memory>
 #include <vector>
 
-#include "errors.h"
-#include "geo/point.h"
+#include "qn/errors.h"
+#include "qn/geo/point.h"
 
 namespace qn {
 namespace {

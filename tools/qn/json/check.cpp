@@ -7,15 +7,15 @@
 #include <quarnfc/object.h>
 #include <quarnfc/plain.h>
 
-#include "console.h"
-#include "errors.h"
-#include "exit_code.h"
-#include "input_file.h"
-#include "json/commands.h"
-#include "json/document.h"
-#include "json/lenient_fault.h"
-#include "library_buffer.h"
-#include "text/excerpt.h"
+#include "qn/console.h"
+#include "qn/errors.h"
+#include "qn/exit_code.h"
+#include "qn/input_file.h"
+#include "qn/json/commands.h"
+#include "qn/json/document.h"
+#include "qn/json/lenient_fault.h"
+#include "qn/library_buffer.h"
+#include "qn/text/excerpt.h"
 
 namespace qn::json {
 namespace {

@@ -7,8 +7,8 @@
 #include <span>
 #include <string>
 
-#include "options.h"
-#include "text/encoding.h"
+#include "qn/options.h"
+#include "qn/text/encoding.h"
 
 namespace qn {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "json/document.h"
+#include "qn/json/document.h"
 
 #include <utility>
 
-#include "console.h"
-#include "errors.h"
-#include "input_file.h"
-#include "output.h"
-#include "text/excerpt.h"
+#include "qn/console.h"
+#include "qn/errors.h"
+#include "qn/input_file.h"
+#include "qn/output.h"
+#include "qn/text/excerpt.h"
 
 namespace qn {
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "text/encoding.h"
+#include "qn/text/encoding.h"
 
 namespace qn {
 

@@ -4,18 +4,27 @@
 
 #include <algorithm>
 
-#include "console.h"
-#include "errors.h"
-#include "exit_code.h"
-#include "json/commands.h"
-#include "json/document.h"
-#include "json/merge.h"
-#include "json/path.h"
+#include "qn/console.h"
+#include "qn/errors.h"
+#include "qn/exit_code.h"
+#include "qn/json/commands.h"
+#include "qn/json/document.h"
+#include "qn/json/merge.h"
+#include "qn/json/path.h"
 
 namespace qn::json {
 namespace {
 
-using namespace quarnfc::ext;
+using quarnfc::ext::AppendJsonItems;
+using quarnfc::ext::ApplyJsonEdits;
+using quarnfc::ext::IsUtf8;
+using quarnfc::ext::JsonEdit;
+using quarnfc::ext::JsonText;
+using quarnfc::ext::JsonTextError;
+using quarnfc::ext::JsonTextNode;
+using quarnfc::ext::QuoteJson;
+using quarnfc::ext::RemoveJsonItems;
+using quarnfc::ext::ReplaceJsonValue;
 
 constexpr OptionSpec kLossyOption = {"lossy"};
 constexpr OptionSpec kToOption = {"to", '\0', Takes::kValue};

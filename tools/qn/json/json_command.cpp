@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // qn json: checks, shows and edits JSON files. Here are the commands' names and help.
-#include "command.h"
-#include "json/commands.h"
+#include "qn/command.h"
+#include "qn/json/commands.h"
 
 namespace qn {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "json/layout.h"
+#include "qn/json/layout.h"
 
 #include <vector>
 

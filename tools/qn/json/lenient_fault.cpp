@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "json/lenient_fault.h"
+#include "qn/json/lenient_fault.h"
 
 #include <quarnfc/json_value.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "json/merge.h"
+#include "qn/json/merge.h"
 
 #include <quarnfc/ext/json_text_edit.h>
 
@@ -8,12 +8,19 @@
 #include <utility>
 #include <vector>
 
-#include "errors.h"
+#include "qn/errors.h"
 
 namespace qn {
 namespace {
 
-using namespace quarnfc::ext;
+using quarnfc::ext::AppendJsonItems;
+using quarnfc::ext::ApplyJsonEdits;
+using quarnfc::ext::JsonEdit;
+using quarnfc::ext::JsonKind;
+using quarnfc::ext::JsonText;
+using quarnfc::ext::JsonTextNode;
+using quarnfc::ext::RemoveJsonItems;
+using quarnfc::ext::ReplaceJsonValue;
 
 using NewItems = std::vector<std::pair<std::optional<std::string>, std::string>>;
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "json/path.h"
+#include "qn/json/path.h"
 
 #include <algorithm>
 #include <optional>
 #include <string_view>
 
-#include "errors.h"
+#include "qn/errors.h"
 
 namespace qn {
 

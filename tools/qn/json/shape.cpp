@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "json/shape.h"
+#include "qn/json/shape.h"
 
 #include <algorithm>
 #include <array>
@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "json/walk.h"
+#include "qn/json/walk.h"
 
 namespace qn {
 namespace {

@@ -2,15 +2,15 @@
 // qn json format, get, keys, length and shape: what leaves the document as it is.
 #include <quarnfc/ext/json_text_edit.h>
 
-#include "console.h"
-#include "errors.h"
-#include "exit_code.h"
-#include "json/commands.h"
-#include "json/document.h"
-#include "json/layout.h"
-#include "json/path.h"
-#include "json/shape.h"
-#include "output.h"
+#include "qn/console.h"
+#include "qn/errors.h"
+#include "qn/exit_code.h"
+#include "qn/json/commands.h"
+#include "qn/json/document.h"
+#include "qn/json/layout.h"
+#include "qn/json/path.h"
+#include "qn/json/shape.h"
+#include "qn/output.h"
 
 namespace qn::json {
 namespace {

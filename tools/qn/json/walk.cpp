@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "json/walk.h"
+#include "qn/json/walk.h"
 
 namespace qn {
 

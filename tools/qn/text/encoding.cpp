@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "text/encoding.h"
+#include "qn/text/encoding.h"
 
 #include <quarnfc/ext/utf8_text.h>
 
@@ -7,9 +7,9 @@
 #include <cstdio>
 #include <utility>
 
-#include "console.h"
-#include "errors.h"
-#include "os.h"
+#include "qn/console.h"
+#include "qn/errors.h"
+#include "qn/os.h"
 
 namespace qn {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "text/excerpt.h"
+#include "qn/text/excerpt.h"
 
 #include <quarnfc/ext/utf8_text.h>
 

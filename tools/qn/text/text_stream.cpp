@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "text/text_stream.h"
+#include "qn/text/text_stream.h"
 
-#include "console.h"
+#include "qn/console.h"
 
 namespace qn {
 

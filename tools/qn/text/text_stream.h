@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
-#include "input_stream.h"
-#include "text/encoding.h"
+#include "qn/input_stream.h"
+#include "qn/text/encoding.h"
 
 namespace qn {
 

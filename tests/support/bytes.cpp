@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tests/platform/bytes.h"
+#include "tests/support/bytes.h"
 
 #include <gtest/gtest.h>
 

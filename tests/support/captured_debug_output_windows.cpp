@@ -3,8 +3,9 @@
 
 #include <windows.h>
 
-#include "tests/json/captured_debug_output.h"
+#include "tests/support/captured_debug_output.h"
 
+namespace quarnfc_test {
 namespace {
 
 constexpr DWORD kTextForTheDebugger = 0x40010006;
@@ -29,3 +30,5 @@ CapturedDebugOutput::CapturedDebugOutput() {
 CapturedDebugOutput::~CapturedDebugOutput() { RemoveVectoredExceptionHandler(g_handler); }
 
 const std::vector<std::string>& CapturedDebugOutput::Texts() const { return g_texts; }
+
+}  // namespace quarnfc_test

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/posix/debug_output_observer.h"
-#include "tests/json/captured_debug_output.h"
+#include "tests/support/captured_debug_output.h"
 
+namespace quarnfc_test {
 namespace {
 
 std::vector<std::string> g_texts;
@@ -18,3 +19,5 @@ CapturedDebugOutput::CapturedDebugOutput() {
 CapturedDebugOutput::~CapturedDebugOutput() { quarnfc::platform::SetDebugOutputObserver(nullptr); }
 
 const std::vector<std::string>& CapturedDebugOutput::Texts() const { return g_texts; }
+
+}  // namespace quarnfc_test

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Texts of the tests as the functions under test take them, and results in a form that prints.
-#ifndef QUARNFC_TESTS_PLATFORM_BYTES_H_
-#define QUARNFC_TESTS_PLATFORM_BYTES_H_
+#ifndef QUARNFC_TESTS_SUPPORT_BYTES_H_
+#define QUARNFC_TESTS_SUPPORT_BYTES_H_
 
 #include <cstdint>
 #include <string>
@@ -45,4 +45,4 @@ class Digest {
 
 }  // namespace quarnfc_test
 
-#endif  // QUARNFC_TESTS_PLATFORM_BYTES_H_
+#endif  // QUARNFC_TESTS_SUPPORT_BYTES_H_

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A file in the temporary folder that lives as long as the object.
-#ifndef QUARNFC_TESTS_IO_TEMP_FILE_H_
-#define QUARNFC_TESTS_IO_TEMP_FILE_H_
+#ifndef QUARNFC_TESTS_SUPPORT_TEMP_FILE_H_
+#define QUARNFC_TESTS_SUPPORT_TEMP_FILE_H_
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 #include <random>
 #include <string>
 
-namespace io_test {
+namespace quarnfc_test {
 
 class TempFile {
  public:
@@ -38,6 +38,6 @@ class TempFile {
   std::string path_;
 };
 
-}  // namespace io_test
+}  // namespace quarnfc_test
 
-#endif  // QUARNFC_TESTS_IO_TEMP_FILE_H_
+#endif  // QUARNFC_TESTS_SUPPORT_TEMP_FILE_H_

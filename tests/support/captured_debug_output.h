@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Keeps what this process sends to the debugger output.
-#ifndef QUARNFC_TESTS_JSON_CAPTURED_DEBUG_OUTPUT_H_
-#define QUARNFC_TESTS_JSON_CAPTURED_DEBUG_OUTPUT_H_
+#ifndef QUARNFC_TESTS_SUPPORT_CAPTURED_DEBUG_OUTPUT_H_
+#define QUARNFC_TESTS_SUPPORT_CAPTURED_DEBUG_OUTPUT_H_
 
 #include <string>
 #include <vector>
+
+namespace quarnfc_test {
 
 // One at a time, on one thread.
 class CapturedDebugOutput {
@@ -17,4 +19,6 @@ class CapturedDebugOutput {
   const std::vector<std::string>& Texts() const;
 };
 
-#endif  // QUARNFC_TESTS_JSON_CAPTURED_DEBUG_OUTPUT_H_
+}  // namespace quarnfc_test
+
+#endif  // QUARNFC_TESTS_SUPPORT_CAPTURED_DEBUG_OUTPUT_H_
