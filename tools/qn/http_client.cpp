@@ -34,8 +34,8 @@ std::string ShortName(const std::string& url) {
 }
 
 void SetTimeouts(CQNHttpFile& file, DWORD seconds) {
-  for (const int option : {INTERNET_OPTION_CONNECT_TIMEOUT, INTERNET_OPTION_SEND_TIMEOUT,
-                           INTERNET_OPTION_RECEIVE_TIMEOUT}) {
+  for (const auto option : {INTERNET_OPTION_CONNECT_TIMEOUT, INTERNET_OPTION_SEND_TIMEOUT,
+                            INTERNET_OPTION_RECEIVE_TIMEOUT}) {
     file.SetOption(static_cast<DWORD>(option), seconds * 1000);
   }
 }
