@@ -9,7 +9,7 @@ set -euo pipefail
 source "$(dirname "$0")/lib.sh"
 
 # The quick ones first; the bars last, for they count what the others' compilers said.
-gates=(format shell licence layers asan tsan)
+gates=(format shell licence layers docs asan tsan)
 slow_gates=(plain clang tidy release packages bench fuzz bars)
 
 passed=0

@@ -27,8 +27,12 @@ check_state() {
   fi
 }
 
-# clone NAME: a fresh clone of the last commit.
-clone() { git clone -q --no-hardlinks "$project" "$out/$1"; }
+# clone NAME: a fresh clone of the last commit, of that one even if another one has come meanwhile.
+commit=$(git rev-parse HEAD)
+clone() {
+  git clone -q --no-hardlinks "$project" "$out/$1"
+  git -C "$out/$1" checkout -q --detach "$commit"
+}
 
 check_state
 rm -rf "$out"
@@ -49,7 +53,7 @@ diff -r "$out/first/build/packages" "$out/the-second-of-them/build/packages" ||
 step "The release"
 mv "$out/first/build/packages" "$out/packages"
 source_name=quarnfc-$version
-git archive --format=tar --prefix="$source_name/" HEAD | gzip -n -9 >"$out/packages/$source_name.tar.gz"
+git archive --format=tar --prefix="$source_name/" "$commit" | gzip -n -9 >"$out/packages/$source_name.tar.gz"
 (cd "$out/packages" && sha256sum "$source_name.tar.gz" >"$source_name.tar.gz.sha256" &&
   cat -- *.sha256 | LC_ALL=C sort -k 2 >SHA256SUMS)
 rm -rf "$out/first" "$out/the-second-of-them"

@@ -79,12 +79,34 @@ check_tgz() {
   check_printers "$(readlink -f "$work"/tgz/*/)"
 }
 
+# depends_on DEPENDENCIES SONAME: a package that has the library is among the dependencies.
+depends_on() {
+  local owner
+  for owner in $(dpkg -S "*/$2" | sed 's/:.*//'); do
+    [[ ", $1" != *", $owner ("* ]] || return 0
+  done
+  return 1
+}
+
+# The library's package asks for a package of every library that it loads.
+check_dependencies() {
+  local depends name names
+  depends=$(dpkg-deb -f "$(one 'libquarnfc1_*.deb')" Depends)
+  mapfile -t names < <(objdump -p "$1" | awk '$1 == "NEEDED" { print $2 }')
+  [[ " ${names[*]} " == *" libcurl.so."* ]] || fail "libcurl is not needed: ${names[*]}"
+  for name in "${names[@]}"; do
+    depends_on "$depends" "$name" || fail "$name comes with none of: $depends"
+  done
+  printf 'ok: the package asks for the %d libraries it needs\n' "${#names[@]}"
+}
+
 check_deb() {
   local package
   for package in "$packages"/*.deb; do dpkg-deb -x "$package" "$work/deb"; done
   forgets_paths -a "$work/deb"
   "$here/check-prefix.sh" linux "$work/deb/usr"
   check_debug "$(readlink -f "$work/deb/usr/lib/libQuarnFC.so")"
+  check_dependencies "$(readlink -f "$work/deb/usr/lib/libQuarnFC.so")"
 }
 
 # The library as part of a host's own build: what it needs to start is beside the program.
