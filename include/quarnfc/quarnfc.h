@@ -41,6 +41,7 @@
 #include <quarnfc/object.h>
 #include <quarnfc/object_collection.h>
 #include <quarnfc/overloads.h>
+#include <quarnfc/percent_encoding.h>
 #include <quarnfc/plain.h>
 #include <quarnfc/platform_types.h>
 #include <quarnfc/projected.h>

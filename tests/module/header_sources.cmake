@@ -13,8 +13,8 @@ foreach(folder core json geo net codec io platform)
     list(APPEND stems "${stem}")
   endforeach()
 endforeach()
-# Macros, types and the umbrella: nothing to implement, or by the platform.
-set(without_source export overloads platform_types quarnfc)
+# Macros, types, inline functions and the umbrella: nothing to implement, or by the platform.
+set(without_source export overloads percent_encoding platform_types quarnfc)
 
 foreach(header IN LISTS headers)
   get_filename_component(name "${header}" NAME_WE)

@@ -83,6 +83,7 @@ class MemoryExchange : public quarnfc::internet::Exchange {
     return Error(count == 0 ? answer_.error : 0);
   }
 
+  void LimitWaits(DWORD /*send*/, DWORD /*receive*/) override {}
   void Cancel() override { cancelled_ = true; }
 
  private:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qn/http_url.h"
 
+#include <quarnfc/percent_encoding.h>
 #include <quarnfc/url.h>
 
 #include "qn/errors.h"
@@ -8,40 +9,6 @@
 
 namespace qn {
 namespace {
-
-int HexDigit(char ch) {
-  if (ch >= '0' && ch <= '9') return ch - '0';
-  const char lower = static_cast<char>(ch | 0x20);
-  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
-std::string Decoded(const std::string& text) {
-  std::string decoded;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool escape = text[i] == '%' && i + 2 < text.size() && HexDigit(text[i + 1]) >= 0 &&
-                        HexDigit(text[i + 2]) >= 0;
-    decoded +=
-        escape ? static_cast<char>(HexDigit(text[i + 1]) * 16 + HexDigit(text[i + 2])) : text[i];
-    if (escape) i += 2;
-  }
-  return decoded;
-}
-
-std::string Escaped(const std::string& url) {
-  static const char kDigits[] = "0123456789ABCDEF";
-  std::string escaped;
-  for (const char ch : url) {
-    const auto byte = static_cast<unsigned char>(ch);
-    if (byte > ' ' && byte < 0x7F) {
-      escaped += ch;
-    } else {
-      escaped += '%';
-      escaped += kDigits[byte >> 4];
-      escaped += kDigits[byte & 15];
-    }
-  }
-  return escaped;
-}
 
 std::string TextOf(const CQNString& text) { return static_cast<const char*>(text); }
 
@@ -67,15 +34,15 @@ HttpUrl ParseUrl(const std::string& url) {
   CQNString object;
   CQNString user;
   CQNString password;
-  const std::string whole = Escaped(url.substr(0, url.find('#')));
+  const std::string whole = QNPercentEncoding::EncodeURL(url.substr(0, url.find('#')));
   if (!qnParseURLEx(whole.c_str(), parts.service, server, object, parts.port, user, password,
                     ICU_BROWSER_MODE)) {
     throw Failure("'" + url + "' is not a URL that can be parsed");
   }
   parts.server = TextOf(server);
   parts.object = TextOf(object);
-  parts.user = Decoded(TextOf(user));
-  parts.password = Decoded(TextOf(password));
+  parts.user = QNPercentEncoding::Decode(TextOf(user));
+  parts.password = QNPercentEncoding::Decode(TextOf(password));
   return parts;
 }
 
@@ -98,7 +65,7 @@ std::string ResolveLocation(const HttpUrl& base, std::string_view location) {
 
 std::string RemoteName(const HttpUrl& url) {
   const std::string path = url.object.substr(0, url.object.find('?'));
-  const std::string name = Decoded(path.substr(path.rfind('/') + 1));
+  const std::string name = QNPercentEncoding::Decode(path.substr(path.rfind('/') + 1));
   // A name of the server's must not lead out of the folder.
   if (name == "." || name == ".." || name.find_first_of("/\\:") != std::string::npos) return "";
   return name;

@@ -39,8 +39,6 @@ DWORD CurlExchange::Configure(const OutgoingHead& head) {
   waiting_ = line_.multi.get();
   CURL* easy = line_.easy.get();
   connect_timeout_ = head.connect_timeout;
-  send_timeout_ = head.send_timeout;
-  receive_timeout_ = head.receive_timeout;
   security_flags_ = head.route.security_flags;
   curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
   curl_easy_setopt(easy, CURLOPT_BUFFERSIZE, kReceiveBuffer);

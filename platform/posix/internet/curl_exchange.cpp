@@ -73,6 +73,11 @@ DWORD CurlExchange::RunUntil(DWORD timeout, Ready ready) {
   }
 }
 
+void CurlExchange::LimitWaits(DWORD send, DWORD receive) {
+  send_timeout_ = send;
+  receive_timeout_ = receive;
+}
+
 void CurlExchange::Cancel() {
   cancelled_ = true;
   if (CURLM* multi = waiting_) curl_multi_wakeup(multi);

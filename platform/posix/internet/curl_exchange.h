@@ -26,6 +26,7 @@ class CurlExchange : public Exchange {
   DWORD PushBody(const char* data, std::size_t size) override;
   DWORD ReceiveHead(std::vector<std::string>& lines) override;
   DWORD PullBody(char* buffer, std::size_t capacity, std::size_t& count) override;
+  void LimitWaits(DWORD send, DWORD receive) override;
   void Cancel() override;
 
  private:

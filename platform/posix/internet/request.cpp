@@ -65,8 +65,6 @@ OutgoingHead Request::MakeHead(BodyKind kind, unsigned __int64 length) const {
   head.body = kind;
   head.body_length = length;
   head.connect_timeout = settings.connect_timeout;
-  head.send_timeout = settings.send_timeout;
-  head.receive_timeout = settings.receive_timeout;
   Headers all = MakeHeaders();
   // The transport says how long the body is.
   all.Remove("Content-Length");
@@ -96,9 +94,15 @@ DWORD Request::Open(BodyKind kind, unsigned __int64 length) {
   return error;
 }
 
+// The exchange, ready for the next step, which waits as long as the options say by now.
 std::shared_ptr<Exchange> Request::TakeExchange() {
-  const std::lock_guard lock(mutex_);
-  return exchange_;
+  std::shared_ptr<Exchange> exchange;
+  {
+    const std::lock_guard lock(mutex_);
+    exchange = exchange_;
+  }
+  exchange->LimitWaits(settings.send_timeout, settings.receive_timeout);
+  return exchange;
 }
 
 void Request::Cancel() {

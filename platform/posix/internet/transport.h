@@ -43,11 +43,10 @@ struct OutgoingHead {
   BodyKind body = BodyKind::kNone;
   unsigned __int64 body_length = 0;
   DWORD connect_timeout = 0;  // milliseconds; 0 waits for ever
-  DWORD send_timeout = 0;
-  DWORD receive_timeout = 0;
 };
 
-// One request and its response. The members are called in the order in which they stand; all block.
+// One request and its response. The members are called in the order in which they stand and block,
+// but for the last two, which may come at any time.
 class Exchange {
  public:
   // Ends the exchange, wherever it stands.
@@ -68,6 +67,9 @@ class Exchange {
 
   // Receives the next bytes of the body, at least one; count 0 is its end.
   virtual DWORD PullBody(char* buffer, std::size_t capacity, std::size_t& count) = 0;
+
+  // How long the calls from now on wait for something to happen, in milliseconds; 0 is for ever.
+  virtual void LimitWaits(DWORD send, DWORD receive) = 0;
 
   // Makes the call under way on another thread, and every later one, fail with
   // ERROR_INTERNET_OPERATION_CANCELLED.

@@ -2,6 +2,7 @@
 #include "platform/posix/internet/url.h"
 
 #include <quarnfc/internet_api.h>
+#include <quarnfc/percent_encoding.h>
 
 #include <utility>
 #include <vector>
@@ -10,12 +11,6 @@
 
 namespace quarnfc::internet {
 namespace {
-
-int HexDigit(char ch) {
-  if (ch >= '0' && ch <= '9') return ch - '0';
-  const char lower = static_cast<char>(ch | 0x20);
-  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
 
 bool IsSchemeCharacter(char ch) {
   const char lower = static_cast<char>(ch | 0x20);
@@ -78,29 +73,14 @@ bool SplitUrl(std::string_view url, UrlParts& parts) {
   return true;
 }
 
-std::string Unescape(std::string_view text) {
-  std::string decoded;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool escape = text[i] == '%' && i + 2 < text.size() && HexDigit(text[i + 1]) >= 0 &&
-                        HexDigit(text[i + 2]) >= 0;
-    decoded +=
-        escape ? static_cast<char>(HexDigit(text[i + 1]) * 16 + HexDigit(text[i + 2])) : text[i];
-    if (escape) i += 2;
-  }
-  return decoded;
-}
-
 std::string EscapeObject(std::string_view text) {
-  static const char kDigits[] = "0123456789ABCDEF";
   std::string escaped;
   for (const char ch : text) {
     const auto byte = static_cast<unsigned char>(ch);
     if (byte > ' ' && byte != 0x7F) {
       escaped += ch;
     } else {
-      escaped += '%';
-      escaped += kDigits[byte >> 4];
-      escaped += kDigits[byte & 15];
+      QNPercentEncoding::AppendEscape(escaped, ch);
     }
   }
   return escaped;
@@ -154,8 +134,8 @@ DWORD ParseTarget(const char* url, Target& target) {
     return ERROR_INTERNET_INVALID_URL;
   }
   target = MakeTarget(secure, parts.host, port, WithoutDots(parts.path) + parts.extra);
-  target.user = Unescape(parts.user);
-  target.password = Unescape(parts.password);
+  target.user = QNPercentEncoding::Decode(parts.user);
+  target.password = QNPercentEncoding::Decode(parts.password);
   return 0;
 }
 

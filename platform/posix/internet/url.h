@@ -25,9 +25,6 @@ struct UrlParts {
 // False when the text starts with no scheme.
 bool SplitUrl(std::string_view url, UrlParts& parts);
 
-// Text with %XX decoded. Escapes that are none stay.
-std::string Unescape(std::string_view text);
-
 // Text with every byte escaped that may not stand in the object of a request.
 std::string EscapeObject(std::string_view text);
 

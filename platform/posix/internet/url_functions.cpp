@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The URL functions, under the names the library calls.
+#include <quarnfc/percent_encoding.h>
+
 #include <cstring>
 #include <string>
 
@@ -14,7 +16,6 @@ namespace {
 using quarnfc::internet::Answer;
 using quarnfc::internet::SplitUrl;
 using quarnfc::internet::StoreText;
-using quarnfc::internet::Unescape;
 using quarnfc::internet::UrlParts;
 using quarnfc::internet::WithoutDots;
 
@@ -172,7 +173,7 @@ DWORD Crack(const std::string& url, DWORD flags, URL_COMPONENTSA& parts) {
   const bool needs_host = IsHierarchical(split.scheme);
   if (needs_host && (!split.has_authority || split.host.empty())) return ERROR_INTERNET_INVALID_URL;
   if (parts.lpszExtraInfo == nullptr) split.path += split.extra;
-  if ((flags & (ICU_ESCAPE | ICU_DECODE)) != 0) split.path = Unescape(split.path);
+  if ((flags & (ICU_ESCAPE | ICU_DECODE)) != 0) split.path = QNPercentEncoding::Decode(split.path);
   if (!StoreAll(split, parts)) return ERROR_INSUFFICIENT_BUFFER;
   parts.nScheme = scheme != nullptr ? scheme->number : INTERNET_SCHEME_UNKNOWN;
   parts.nPort = port;
@@ -198,8 +199,8 @@ HRESULT UrlUnescapeA(char* url, char* /*unescaped*/, DWORD* /*length*/, DWORD fl
   const std::string text(url);
   const bool keeps_extra = (flags & URL_DONT_UNESCAPE_EXTRA_INFO) != 0;
   const std::size_t end = keeps_extra ? text.find_first_of("?#") : std::string::npos;
-  const std::string decoded =
-      Unescape(text.substr(0, end)) + (end == std::string::npos ? "" : text.substr(end));
+  const std::string decoded = QNPercentEncoding::Decode(text.substr(0, end)) +
+                              (end == std::string::npos ? "" : text.substr(end));
   std::memcpy(url, decoded.c_str(), decoded.size() + 1);
   return 0;
 }
