@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Strings beside std::string, the C library, absl and fmt.
-#include <absl/strings/match.h>
-#include <absl/strings/str_replace.h>
+// Strings beside std::string, the C library and fmt; absl and fnmatch are in string_peers.cpp.
 #include <fmt/format.h>
-#include <fnmatch.h>
 #include <quarnfc/quarnfc.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -15,6 +13,7 @@
 #include <vector>
 
 #include "row.h"
+#include "string_data.h"
 
 namespace {
 
@@ -22,25 +21,15 @@ using bench::Keep;
 using bench::kOurs;
 using bench::Row;
 
-constexpr std::size_t kLong = 65536;
-
-std::string Letters(std::size_t length) {
-  std::string text;
-  for (std::size_t i = 0; i < length; ++i) text += static_cast<char>('a' + i * 7 % 26);
-  return text;
-}
+using bench::kLong;
+using bench::Letters;
+using bench::Opaque;
 
 // Chinese characters of code page 936 between Latin words.
 std::string Chinese(std::size_t length) {
   std::string text;
   while (text.size() < length) text += "\xD6\xD0\xB9\xFA word \xB2\xE2\xBB\xE6";
   return text;
-}
-
-const char* Opaque(const std::string& text) {
-  const char* bytes = text.c_str();
-  benchmark::DoNotOptimize(bytes);
-  return bytes;
 }
 
 void AddConstruction() {
@@ -67,14 +56,14 @@ void AddComparison() {
       Keep(left.compare(right));
     });
   }
-  std::string lower = Letters(16), upper = lower;
-  std::transform(upper.begin(), upper.end(), upper.begin(), ::toupper);
+  const std::string lower = Letters(16), upper = bench::Upper(lower);
   const CQNString ours(lower.c_str());
   Row("string compare without case", "16 B", kOurs,
       [ours, upper] { Keep(ours.CompareNoCase(Opaque(upper))); });
-  Row("string compare without case", "16 B", "absl", [lower, upper] {
-    Opaque(upper);
-    Keep(absl::EqualsIgnoreCase(lower, upper));
+  Row("string compare without case", "16 B", "tolower by hand", [lower, upper] {
+    const char* right = Opaque(upper);
+    Keep(std::equal(lower.begin(), lower.end(), right,
+                    [](char a, char b) { return std::tolower(a) == std::tolower(b); }));
   });
 }
 
@@ -129,8 +118,12 @@ void AddReplacement() {
     CQNString copy(ours);
     Keep(copy.Replace("hov", "XY"));
   });
-  Row("string replace text in 64 kB", "hov by XY", "absl", [text] {
-    Keep(absl::StrReplaceAll(text, {{"hov", "XY"}}));
+  Row("string replace text in 64 kB", "hov by XY", "std::string", [text] {
+    std::string copy(text);
+    for (std::size_t at = 0; (at = copy.find("hov", at)) != std::string::npos; at += 2) {
+      copy.replace(at, 3, "XY");
+    }
+    Keep(copy);
   });
   Row("string replace character in 64 kB", "a by b", kOurs, [ours] {
     CQNString copy(ours);
@@ -199,11 +192,9 @@ void AddSplitting() {
 }
 
 void AddMatching() {
-  for (const char* pattern : {"*.TXT", "report-??.txt", "*2024*final*", "abc*"}) {
+  for (const char* pattern : bench::kPatterns) {
     Row("string wildcard", pattern, kOurs,
-        [pattern] { Keep(QNStringUtils::StrIsMatching(pattern, "report-2024-final.txt", true)); });
-    Row("string wildcard", pattern, "fnmatch",
-        [pattern] { Keep(fnmatch(pattern, "report-2024-final.txt", 0)); });
+        [pattern] { Keep(QNStringUtils::StrIsMatching(pattern, bench::kFileName, true)); });
   }
 }
 

@@ -1,21 +1,46 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Measures the library beside its peers on this machine and prints one table: work, input, our time,
-# the best peer and its time, the ratio of both and the ratio aimed at. A machine that does nothing
-# else gives steady figures; compare ratios of one run, never times of different machines.
-# Usage: bench.sh [PROGRAM...]     of codec_bench, json_bench, memory_bench, string_bench; else all
+# Measures the library beside its peers on this machine, natively and for Windows under Wine, and
+# prints one table: work, input, the ratio aimed at, and for each target our time, the best peer and
+# the ratio of both (a star where it misses). A machine that does nothing else gives steady figures:
+# compare ratios of one run, never times of different machines. Takes about 15 minutes.
+# Usage: bench.sh [OPTION...] [PROGRAM...]
+#   PROGRAM           codec, geo, growth, io, json, memory or string; else all
+#   --native          leaves Windows out
+#   --markdown        prints the table as Markdown, with the date and the processor
+#   --save FILE       keeps our times; --compare FILE shows changes against such a file
+#   --smoke           runs everything once and natively, for no measurement's sake
 # QUARNFC_BENCH_REPETITIONS (5) sets how often each is measured; the median counts.
+# The plot of growth is written to build/bench/growth.svg.
 set -euo pipefail
 source "$(dirname "$0")/lib.sh"
 
 packages=(libbenchmark-dev rapidjson-dev libboost1.81-dev nlohmann-json3-dev libabsl-dev libfmt-dev
-  libssl-dev libisal-dev)
-programs=("$@")
-[ $# -gt 0 ] || programs=(memory_bench string_bench json_bench codec_bench)
-folder="$project/build/bench"
-results="$folder/results"
+  libssl-dev libisal-dev liblzma-dev libproj-dev libgeographiclib-dev)
+repetitions="${QUARNFC_BENCH_REPETITIONS:-5}"
+min_time=0.1
+windows=yes
+table_options=()
+programs=()
+markdown=no
+while [ $# -gt 0 ]; do
+  case $1 in
+    --native) windows=no ;;
+    --smoke) windows=no min_time=0.001 repetitions=1 ;;
+    --markdown) markdown=yes table_options+=(--markdown) ;;
+    --save | --compare)
+      table_options+=("$1" "$2")
+      shift
+      ;;
+    -*) die "unknown option $1" ;;
+    *) programs+=("$1") ;;
+  esac
+  shift
+done
+[ ${#programs[@]} -gt 0 ] || programs=(codec geo growth io json memory string)
+native="$project/build/bench"
+cross="$project/build/bench-windows"
 
-# Everything at one optimisation level; the competitors take turns in random order.
 install_peers() {
   local package missing=()
   for package in "${packages[@]}"; do
@@ -25,67 +50,81 @@ install_peers() {
     --no-install-recommends "${missing[@]}"
 }
 
+# build FOLDER [CMAKE OPTION...]: everything at one optimisation level.
 build() {
-  logged bench-configure cmake -S "$project" -B "$folder" -G Ninja -DCMAKE_BUILD_TYPE=Release \
-    -DCMAKE_CXX_FLAGS_RELEASE="-O3 -DNDEBUG" -DCMAKE_C_FLAGS_RELEASE="-O3 -DNDEBUG" \
-    -DQUARNFC_LTO=ON -DQUARNFC_BUILD_BENCH=ON -DQUARNFC_BUILD_TESTS=OFF -DQUARNFC_BUILD_TOOLS=OFF \
-    -DQUARNFC_BUILD_SAMPLES=OFF
-  logged bench-build cmake --build "$folder" --target benchmarks
+  local folder=$1
+  shift
+  logged "${folder##*/}-configure" cmake -S "$project" -B "$folder" -G Ninja \
+    -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE="-O3 -DNDEBUG" \
+    -DCMAKE_C_FLAGS_RELEASE="-O3 -DNDEBUG" -DQUARNFC_LTO=ON -DQUARNFC_BUILD_BENCH=ON \
+    -DQUARNFC_BUILD_TESTS=OFF -DQUARNFC_BUILD_TOOLS=OFF -DQUARNFC_BUILD_SAMPLES=OFF "$@"
+  logged "${folder##*/}-build" cmake --build "$folder" --target "${programs[@]/%/_bench}"
 }
 
+# Google Benchmark for Windows, from the source package of what is installed natively.
+build_benchmark_for_windows() {
+  local folder="$cross/google-benchmark" apt
+  [ ! -f "$folder/installed/lib/libbenchmark.a" ] || return 0
+  mkdir -p "$folder"/{lists/partial,cache,parts,source}
+  for file in /etc/apt/sources.list.d/*.sources; do
+    sed 's/^Types: deb$/Types: deb-src/' "$file" >"$folder/parts/${file##*/}"
+  done
+  apt=(apt-get -q -o Dir::Etc::sourcelist=/dev/null -o "Dir::Etc::sourceparts=$folder/parts"
+    -o "Dir::State::lists=$folder/lists" -o "Dir::Cache=$folder/cache")
+  logged benchmark-list "${apt[@]}" update
+  (cd "$folder" && logged benchmark-source "${apt[@]}" source --download-only benchmark)
+  tar -x -f "$folder"/benchmark_*.orig.tar.gz -C "$folder/source" --strip-components=1
+  logged benchmark-configure cmake -S "$folder/source" -B "$folder/build" -G Ninja \
+    -DCMAKE_TOOLCHAIN_FILE="$project/cmake/toolchain-mingw-w64.cmake" -DCMAKE_BUILD_TYPE=Release \
+    -DBENCHMARK_ENABLE_TESTING=OFF -DBENCHMARK_ENABLE_WERROR=OFF -DBENCHMARK_INSTALL_DOCS=OFF \
+    -DCMAKE_INSTALL_PREFIX="$folder/installed"
+  logged benchmark-build cmake --build "$folder/build" --target install
+}
+
+# measure FOLDER NAME COMMAND...: the competitors take turns in random order.
 measure() {
+  local results="$1/results" name=$2
+  shift 2
   mkdir -p "$results"
-  "$folder/bin/$1" --benchmark_repetitions="${QUARNFC_BENCH_REPETITIONS:-5}" \
-    --benchmark_enable_random_interleaving=true --benchmark_report_aggregates_only=true \
-    --benchmark_format=csv >"$results/$1.csv" 2>"$results/$1.log" || {
-    cat "$results/$1.log"
-    die "$1 failed"
+  "$@" --benchmark_repetitions="$repetitions" --benchmark_min_time="$min_time" \
+    --benchmark_enable_random_interleaving=true --benchmark_format=json \
+    >"$results/$name.json" 2>"$results/$name.log" || {
+    cat "$results/$name.log"
+    die "$name failed"
   }
 }
 
-# Reads lines of the programs ("work|input|who..._median",iterations,time,...) into the table.
-table() {
-  awk -v targets="$project/bench/targets.txt" '
-    function nice(ns) {
-      return ns < 1e4 ? sprintf("%.1f ns", ns) : ns < 1e7 ? sprintf("%.1f us", ns / 1e3) \
-                                                          : sprintf("%.1f ms", ns / 1e6)
-    }
-    BEGIN {
-      while ((getline line < targets) > 0)
-        if (split(line, part, "|") == 3) target[part[1] "|" part[2]] = part[3]
-      format = "%-36s %-20s %12s %12s  %-26s %6s %6s\n"
-      printf format, "work", "input", "ours", "best peer", "", "ratio", "target"
-    }
-    /_median"/ {
-      quote = index(substr($0, 2), "\"") + 1
-      name = substr($0, 2, quote - 2)
-      split(substr($0, quote + 2), field, ",")
-      sub(/(\/threads:[0-9]+)?_median$/, "", name)
-      sub(/\/threads:[0-9]+/, "", name)
-      split(name, part, "|")
-      row = part[1] "|" part[2]
-      if (!(row in seen)) { seen[row] = 1; order[++rows] = row }
-      if (part[3] == "QuarnFC") ours[row] = field[2]
-      else if (!(row in best) || field[2] + 0 < best[row] + 0) { best[row] = field[2]; who[row] = part[3] }
-    }
-    END {
-      for (i = 1; i <= rows; i++) {
-        row = order[i]
-        split(row, part, "|")
-        aim = row in target ? target[row] : target[part[1] "|"]
-        ratio = row in best ? sprintf("%.2f", ours[row] / best[row]) : "-"
-        printf format, part[1], part[2], nice(ours[row]), row in best ? nice(best[row]) : "-", \
-          who[row], ratio, aim
-      }
-    }' "$results"/*.csv
+measure_all() {
+  local name
+  rm -rf "$native/results" "$cross/results"
+  for name in "${programs[@]}"; do
+    step "$name" >&2
+    measure "$native" "$name" "$native/bin/${name}_bench"
+    [ "$windows" = no ] ||
+      measure "$cross" "$name" "$project/scripts/run-wine.sh" "$cross/bin/${name}_bench.exe"
+  done
 }
 
-install_peers
-step "Building at one optimisation level"
-build
-rm -f "$results"/*.csv
-for program in "${programs[@]}"; do
-  step "$program"
-  measure "$program"
-done
-table
+print_machine() {
+  printf 'Measured on %s on %s, %s cores, %s.\n\n' "$(date -u +%Y-%m-%d)" \
+    "$(sed -n 's/^model name[^:]*: //p' /proc/cpuinfo | head -n 1)" "$(nproc)" \
+    "$(c++ --version | head -n 1)"
+}
+
+install_peers >&2
+step "Building at one optimisation level" >&2
+build "$native" >&2
+if [ "$windows" = yes ]; then
+  build_benchmark_for_windows >&2
+  build "$cross" -DCMAKE_TOOLCHAIN_FILE="$project/cmake/toolchain-mingw-w64.cmake" \
+    -Dbenchmark_DIR="$cross/google-benchmark/installed/lib/cmake/benchmark" >&2
+fi
+measure_all
+runs=("Linux=$native/results")
+[ "$windows" = no ] || runs+=("Windows (Wine)=$cross/results")
+[ "$markdown" = no ] || print_machine
+python3 "$project/scripts/bench_table.py" "${table_options[@]}" "$project/bench/targets.txt" \
+  "${runs[@]}"
+if [ -f "$native/results/growth.json" ]; then
+  python3 "$project/scripts/plot_growth.py" "$native/results/growth.json" "$native/growth.svg"
+fi

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+// The codecs and digests by OpenSSL, isa-l and liblzma.
+#include <isa-l/crc64.h>
+#include <lzma.h>
+#include <openssl/evp.h>
+#include <openssl/hmac.h>
+
+#include <string>
+
+#include "codec_data.h"
+#include "row.h"
+
+namespace {
+
+using bench::Bytes;
+using bench::Keep;
+using bench::Row;
+
+void AddBase64(const std::string& input, const Bytes& data) {
+  Row("Base64 encode", input, "OpenSSL", [data] {
+    Bytes text(data.size() * 4 / 3 + 8);
+    EVP_EncodeBlock(text.data(), data.data(), static_cast<int>(data.size()));
+    Keep(text);
+  });
+  Row("Base64 decode", input, "OpenSSL", [text = bench::Base64Text(data)] {
+    Bytes bytes(text.size());
+    EVP_DecodeBlock(bytes.data(), reinterpret_cast<const unsigned char*>(text.data()),
+                    static_cast<int>(text.size()));
+    Keep(bytes);
+  });
+}
+
+void AddDigests(const std::string& input, const Bytes& data) {
+  Row("MD5", input, "OpenSSL", [data] {
+    unsigned char digest[16];
+    EVP_Digest(data.data(), data.size(), digest, nullptr, EVP_md5(), nullptr);
+    Keep(digest);
+  });
+  Row("HMAC-SHA256", input, "OpenSSL", [data] {
+    unsigned char digest[32];
+    HMAC(EVP_sha256(), "key", 3, data.data(), data.size(), digest, nullptr);
+    Keep(digest);
+  });
+  // Of another polynomial of the same length and bit order: the work is the same.
+  Row("CRC-64", input, "isa-l", [data] { Keep(crc64_iso_refl(0, data.data(), data.size())); });
+  Row("CRC-64", input, "liblzma", [data] { Keep(lzma_crc64(data.data(), data.size(), 0)); });
+}
+
+[[maybe_unused]] const bool g_added = [] {
+  for (const bench::CodecInput& input : bench::kCodecInputs) {
+    const Bytes data = bench::RandomBytes(input.size);
+    AddBase64(input.name, data);
+    AddDigests(input.name, data);
+  }
+  return true;
+}();
+
+}  // namespace

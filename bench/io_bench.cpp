@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+// CSV files and date-time text beside what a program writes by hand with the standard library.
+#include <quarnfc/csv.h>
+#include <quarnfc/time_utils.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "row.h"
+
+namespace {
+
+using bench::Keep;
+using bench::kOurs;
+using bench::Row;
+
+// A file of the temporary folder for as long as the program runs.
+class TempFile {
+ public:
+  explicit TempFile(const std::string& content)
+      : path_((std::filesystem::temp_directory_path() / "quarnfc_bench.csv").string()) {
+    std::ofstream(path_, std::ios::binary) << content;
+  }
+  ~TempFile() { std::remove(path_.c_str()); }
+  TempFile(const TempFile&) = delete;
+  TempFile& operator=(const TempFile&) = delete;
+
+  const char* Path() const { return path_.c_str(); }
+
+ private:
+  std::string path_;
+};
+
+// Points as surveyors keep them: ten fields of 6 to 20 bytes, one of them quoted.
+std::string Points(std::size_t bytes) {
+  std::string text = "no,name,lon,lat,east,north,height,date,remark,code\n";
+  for (int i = 0; text.size() < bytes; ++i) {
+    const std::string number = std::to_string(100000 + i);
+    text += number + ",\xB5\xE3" + number + ",114." + number + ",30." + number + ",500" + number +
+            ".25,3300" + number + ".125,23.75,2024-01-05,\"stone, old\",GPS-D\n";
+  }
+  return text;
+}
+
+std::size_t ReadWithUs(const char* path) {
+  CQNCSVFileReader reader;
+  if (!reader.Open(path)) std::abort();
+  std::vector<CQNString> row;
+  std::size_t fields = 0;
+  while (reader.NextRow(row)) fields += row.size();
+  return fields;
+}
+
+// Cuts one line into fields; doubled quotes are left as they are.
+void CutByHand(char* at, std::vector<std::string>& row) {
+  row.clear();
+  for (;;) {
+    const bool is_quoted = *at == '"';
+    if (is_quoted) ++at;
+    char* const end = at + std::strcspn(at, is_quoted ? "\"" : ",");
+    row.emplace_back(at, end);
+    at = is_quoted ? end + std::strcspn(end, ",") : end;
+    if (*at == '\0') return;
+    ++at;
+  }
+}
+
+std::size_t ReadByHand(const char* path) {
+  std::FILE* file = std::fopen(path, "rb");
+  if (file == nullptr) std::abort();
+  char line[4096];
+  std::vector<std::string> row;
+  std::size_t fields = 0;
+  while (std::fgets(line, sizeof line, file) != nullptr) {
+    line[std::strcspn(line, "\r\n")] = '\0';
+    CutByHand(line, row);
+    fields += row.size();
+  }
+  std::fclose(file);
+  return fields;
+}
+
+void AddCsv(const std::string& input, std::size_t bytes) {
+  const auto file = std::make_shared<TempFile>(Points(bytes));
+  Row("CSV into rows", input, kOurs, [file] { Keep(ReadWithUs(file->Path())); });
+  Row("CSV into rows", input, "cut by hand", [file] { Keep(ReadByHand(file->Path())); });
+}
+
+std::string FormatByHand(std::time_t time) {
+  std::tm local{};
+  localtime_r(&time, &local);
+  char text[32];
+  std::snprintf(text, sizeof text, "%d-%02d-%02d %02d:%02d:%02d", local.tm_year + 1900,
+                local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec);
+  return text;
+}
+
+std::time_t ParseByHand(const char* text) {
+  std::tm local{};
+  local.tm_isdst = -1;
+  if (std::sscanf(text, "%d-%d-%d %d:%d:%d", &local.tm_year, &local.tm_mon, &local.tm_mday,
+                  &local.tm_hour, &local.tm_min, &local.tm_sec) != 6) {
+    std::abort();
+  }
+  local.tm_year -= 1900;
+  local.tm_mon -= 1;
+  return std::mktime(&local);
+}
+
+void AddTime() {
+  constexpr unsigned int kTime = 1704443400;
+  Row("time format", "seconds", kOurs, [] { Keep(QNTimeUtils::FormatTime(kTime)); });
+  Row("time format", "seconds", "localtime + snprintf", [] { Keep(FormatByHand(kTime)); });
+  static constexpr char kText[] = "2024-01-05 08:30:00";
+  Row("time parse", "19 B", kOurs, [] { Keep(QNTimeUtils::GetTimeFromStr(kText)); });
+  Row("time parse", "19 B", "sscanf + mktime", [] { Keep(ParseByHand(kText)); });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  AddCsv("10 MB", 10'000'000);
+  AddTime();
+  return bench::Run(argc, argv);
+}
