@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "quarnfc/base32.h"
 
-#include "codec/alphabets.h"
-#include "codec/bit_text.h"
+#include "codec/bit_text_fast.h"
 
 using quarnfc::codec::Base32Alphabet;
 using quarnfc::codec::DecodeBits;

@@ -1,30 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "quarnfc/base64.h"
 
-#include "codec/alphabets.h"
-#include "codec/base64_x86.h"
-#include "codec/bit_text.h"
-#include "platform/cpu.h"
-
-namespace quarnfc::codec {
-
-template <>
-struct FastPath<Base64Alphabet, char> {
-  static std::uint64_t Encode(const unsigned char* data, std::uint64_t size, char* text) {
-    return Available() ? EncodeBase64X86(data, size, text) : 0;
-  }
-
-  static std::uint64_t Decode(const char* text, std::uint64_t length, unsigned char* data) {
-    return Available() ? DecodeBase64X86(text, length, data) : 0;
-  }
-
-  static bool Available() {
-    static const bool available = platform::CpuHasSsse3();
-    return available;
-  }
-};
-
-}  // namespace quarnfc::codec
+#include "codec/bit_text_fast.h"
 
 using quarnfc::codec::Base64Alphabet;
 using quarnfc::codec::DecodeBits;

@@ -31,7 +31,7 @@ class BlockBuffer {
       bytes += taken;
       size -= taken;
     }
-    compress(bytes, size / kBlockBytes);
+    if (size >= kBlockBytes) compress(bytes, size / kBlockBytes);
     const std::size_t rest = size % kBlockBytes;
     std::memcpy(pending_, bytes + (size - rest), rest);
   }

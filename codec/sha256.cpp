@@ -4,6 +4,8 @@
 // sha256_x86.cpp. Whole blocks are digested where they lie; nothing is allocated.
 #include "codec/sha256.h"
 
+#include <cstring>
+
 #include "codec/byte_order.h"
 #include "codec/sha256_compress.h"
 #include "platform/cpu.h"
@@ -31,15 +33,17 @@ void Sha256::Update(const void* data, std::size_t size) {
   });
 }
 
+// The last block or two: what is left of the message, the marker, zeros and the number of bits.
 Sha256::Digest Sha256::Finish() {
-  static constexpr unsigned char kPadding[kBlockBytes] = {0x80};
-  constexpr std::size_t kLengthAt = kBlockBytes - 8;
-
-  unsigned char message_bits[8];
-  StoreBig64(buffer_.MessageBytes() * 8, message_bits);
+  constexpr std::size_t kMarkerAndLength = 1 + 8;
+  unsigned char last[2 * kBlockBytes] = {};
   const std::size_t pending = buffer_.PendingSize();
-  Update(kPadding, (pending < kLengthAt ? kLengthAt : kBlockBytes + kLengthAt) - pending);
-  Update(message_bits, sizeof(message_bits));
+  std::memcpy(last, buffer_.Pending(), kBlockBytes);
+  std::memset(last + pending, 0, kBlockBytes - pending);
+  last[pending] = 0x80;
+  const std::size_t blocks = pending + kMarkerAndLength > kBlockBytes ? 2 : 1;
+  StoreBig64(buffer_.MessageBytes() * 8, last + blocks * kBlockBytes - 8);
+  Compress(state_, last, blocks);
 
   Digest digest;
   for (std::size_t i = 0; i < state_.size(); ++i) StoreBig32(state_[i], digest.data() + 4 * i);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/cpu.h"
 
+#include <cstdint>
+
 #if defined(__x86_64__) || defined(_M_X64)
 
 #if defined(_MSC_VER)
@@ -34,21 +36,60 @@ Registers CpuId(int leaf) {
 
 bool HasBit(unsigned int flags, int bit) { return (flags >> bit & 1) != 0; }
 
+// The parts of a thread's registers that the system saves, as XCR0 counts them.
+constexpr std::uint64_t kAvxState = 0x06;     // 128 and 256 bits
+constexpr std::uint64_t kAvx512State = 0xE6;  // those, masks and 512 bits
+
+std::uint64_t ReadXcr0() {
+#if defined(_MSC_VER) && !defined(__clang__)
+  return _xgetbv(0);
+#else
+  std::uint32_t low = 0, high = 0;
+  __asm__("xgetbv" : "=a"(low), "=d"(high) : "c"(0));
+  return low | std::uint64_t{high} << 32;
+#endif
+}
+
+bool SystemSaves(std::uint64_t state) {
+  const bool may_ask = HasBit(CpuId(1).c, 27);  // OSXSAVE
+  return may_ask && (ReadXcr0() & state) == state;
+}
+
 }  // namespace
 
-bool CpuHasSsse3() { return HasBit(CpuId(1).c, 9); }
+bool CpuHasAvx2() { return SystemSaves(kAvxState) && HasBit(CpuId(7).b, 5); }
 
 bool CpuHasSha() {
-  const bool sse41 = HasBit(CpuId(1).c, 19);
-  return CpuHasSsse3() && sse41 && HasBit(CpuId(7).b, 29);
+  const Registers answer = CpuId(1);
+  const bool has_ssse3 = HasBit(answer.c, 9);
+  const bool has_sse41 = HasBit(answer.c, 19);
+  return has_ssse3 && has_sse41 && HasBit(CpuId(7).b, 29);
+}
+
+bool CpuHasClmul() {
+  const Registers answer = CpuId(1);
+  return SystemSaves(kAvxState) && HasBit(answer.c, 28) && HasBit(answer.c, 1);
+}
+
+bool CpuHasWideClmul() {
+  const Registers answer = CpuId(7);
+  const bool has_avx512f = HasBit(answer.b, 16);
+  const bool has_avx512vl = HasBit(answer.b, 31);
+  return SystemSaves(kAvx512State) && CpuHasClmul() && has_avx512f && has_avx512vl &&
+         HasBit(answer.c, 10);
 }
 
 }  // namespace quarnfc::platform
 
 #else
 
-bool quarnfc::platform::CpuHasSsse3() { return false; }
+namespace quarnfc::platform {
 
-bool quarnfc::platform::CpuHasSha() { return false; }
+bool CpuHasAvx2() { return false; }
+bool CpuHasSha() { return false; }
+bool CpuHasClmul() { return false; }
+bool CpuHasWideClmul() { return false; }
+
+}  // namespace quarnfc::platform
 
 #endif

@@ -5,9 +5,12 @@
 
 namespace quarnfc::platform {
 
-// The instructions that codec/base64_x86.cpp and codec/sha256_x86.cpp are compiled for.
-bool CpuHasSsse3();
-bool CpuHasSha();  // the SHA extensions, with SSE4.1
+// The instructions that the files codec/..._x86.cpp are compiled for. Registers beyond 128 bits
+// count only where the system saves them when it switches threads.
+bool CpuHasAvx2();
+bool CpuHasSha();        // the SHA extensions, with SSE4.1
+bool CpuHasClmul();      // PCLMULQDQ, with AVX
+bool CpuHasWideClmul();  // VPCLMULQDQ, with AVX-512 F and VL
 
 }  // namespace quarnfc::platform
 

@@ -9,7 +9,11 @@ namespace {
 #if defined(__x86_64__) && defined(__GNUC__)
 TEST(Cpu, AnswersAsTheCompilersOwnQuestion) {
   __builtin_cpu_init();
-  EXPECT_EQ(__builtin_cpu_supports("ssse3") != 0, CpuHasSsse3());
+  EXPECT_EQ(__builtin_cpu_supports("avx2") != 0, CpuHasAvx2());
+  EXPECT_EQ(__builtin_cpu_supports("pclmul") && __builtin_cpu_supports("avx"), CpuHasClmul());
+  EXPECT_EQ(__builtin_cpu_supports("vpclmulqdq") && __builtin_cpu_supports("avx512f") &&
+                __builtin_cpu_supports("avx512vl"),
+            CpuHasWideClmul());
   // The SHA extensions come with the older ones.
   if (CpuHasSha()) {
     EXPECT_TRUE(__builtin_cpu_supports("sse4.1"));
@@ -17,8 +21,10 @@ TEST(Cpu, AnswersAsTheCompilersOwnQuestion) {
 }
 #else
 TEST(Cpu, HasNothingToOfferWhereNothingIsBuiltForIt) {
-  EXPECT_FALSE(CpuHasSsse3());
+  EXPECT_FALSE(CpuHasAvx2());
   EXPECT_FALSE(CpuHasSha());
+  EXPECT_FALSE(CpuHasClmul());
+  EXPECT_FALSE(CpuHasWideClmul());
 }
 #endif
 
