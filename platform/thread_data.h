@@ -4,10 +4,13 @@
 #ifndef QUARNFC_PLATFORM_THREAD_DATA_H_
 #define QUARNFC_PLATFORM_THREAD_DATA_H_
 
+// In the platform's file:
+//   inline void* ThreadData();        what SetThreadData set on this thread
+//   inline const void* ThreadMark();  an address that no other living thread has, never null
 #if defined(_WIN32)
-#include "platform/windows/thread_data.h"  // inline void* ThreadData()
+#include "platform/windows/thread_data.h"
 #else
-#include "platform/posix/thread_data.h"  // inline void* ThreadData()
+#include "platform/posix/thread_data.h"
 #endif
 
 namespace quarnfc::platform {

@@ -4,16 +4,20 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <mutex>
 #include <new>
 
-#include "platform/lock.h"
+#include "core/memory/spin_lock.h"
 
 namespace {
 
-using quarnfc::platform::Lock;
-using quarnfc::platform::LockGuard;
+using quarnfc::SpinLock;
+using Guard = std::lock_guard<SpinLock>;
 
-Lock& LockIn(unsigned char* storage) { return *std::launder(reinterpret_cast<Lock*>(storage)); }
+// The storage has the size it has always had; the lock is its first byte.
+SpinLock& LockIn(unsigned char* storage) {
+  return *std::launder(reinterpret_cast<SpinLock*>(storage));
+}
 
 constexpr std::size_t kLinkSize = sizeof(void*);
 
@@ -35,29 +39,26 @@ void* Pop(void*& list) {
 CQNFixedAlloc::CQNFixedAlloc(unsigned int blockSize, unsigned int blocksPerChunk)
     : block_size_(std::max(blockSize, static_cast<unsigned int>(kLinkSize))),
       blocks_per_chunk_(std::max(blocksPerChunk, 1u)) {
-  static_assert(sizeof(Lock) == sizeof(lock_));
-  new (lock_) Lock;
+  static_assert(sizeof(SpinLock) <= sizeof(lock_));
+  new (lock_) SpinLock;
 }
 
-CQNFixedAlloc::~CQNFixedAlloc() {
-  FreeAll();
-  LockIn(lock_).~Lock();
-}
+CQNFixedAlloc::~CQNFixedAlloc() { FreeAll(); }
 
 void* CQNFixedAlloc::Alloc() {
-  LockGuard guard(LockIn(lock_));
+  const Guard guard(LockIn(lock_));
   if (free_ == nullptr) PushNewChunk();
   return Pop(free_);
 }
 
 void CQNFixedAlloc::Free(void* block) {
   if (block == nullptr) return;
-  LockGuard guard(LockIn(lock_));
+  const Guard guard(LockIn(lock_));
   Push(free_, block);
 }
 
 void CQNFixedAlloc::FreeAll() {
-  LockGuard guard(LockIn(lock_));
+  const Guard guard(LockIn(lock_));
   while (chunks_ != nullptr) ::operator delete[](Pop(chunks_));
   free_ = nullptr;
 }

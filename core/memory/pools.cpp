@@ -13,7 +13,9 @@ constexpr unsigned int kStringAllowance = 16;
 
 // A pool that goes when the module is unloaded. At the end of the process it stays: threads that
 // are still running, and static objects of hosts, may hold strings.
-class ModulePool {
+//
+// Pools lie in cache lines of their own, the lock of each in the line of its list of free blocks.
+class alignas(64) ModulePool {
  public:
   explicit ModulePool(unsigned int blockSize) : pool_(blockSize, kBlocksPerChunk) {}
   ModulePool(const ModulePool&) = delete;

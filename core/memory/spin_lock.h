@@ -2,6 +2,9 @@
 // A lock for a few instructions of work, ready before any static initialiser runs. A thread that
 // finds it taken spins, then lets others run, then sleeps, so that a holder of lower priority gets
 // its turn.
+//
+// It is recursive, for the thread that faults while it holds the lock: what reports the fault on
+// that thread must not wait for ever.
 #ifndef QUARNFC_CORE_MEMORY_SPIN_LOCK_H_
 #define QUARNFC_CORE_MEMORY_SPIN_LOCK_H_
 
@@ -9,21 +12,39 @@
 #include <chrono>
 #include <thread>
 
+#include "platform/thread_data.h"
+
 namespace quarnfc {
 
 class SpinLock {
  public:
   void lock() noexcept {
-    for (int round = 0; is_taken_.exchange(true, std::memory_order_acquire);) Wait(round);
+    const void* const thread = platform::ThreadMark();
+    const void* holder = nullptr;
+    for (int round = 0; !holder_.compare_exchange_weak(holder, thread, std::memory_order_acquire,
+                                                       std::memory_order_relaxed);
+         holder = nullptr) {
+      if (holder == thread) {
+        ++again_;
+        return;
+      }
+      Wait(round);
+    }
   }
 
-  void unlock() noexcept { is_taken_.store(false, std::memory_order_release); }
+  void unlock() noexcept {
+    if (again_ > 0) {
+      --again_;
+    } else {
+      holder_.store(nullptr, std::memory_order_release);
+    }
+  }
 
  private:
   void Wait(int& round) const noexcept {
     constexpr int kSpins = 200;
     constexpr int kYields = 50;
-    while (is_taken_.load(std::memory_order_relaxed)) {
+    while (holder_.load(std::memory_order_relaxed) != nullptr) {
       if (++round < kSpins) continue;
       if (round < kSpins + kYields) {
         std::this_thread::yield();
@@ -33,7 +54,8 @@ class SpinLock {
     }
   }
 
-  std::atomic<bool> is_taken_ = false;
+  std::atomic<const void*> holder_ = nullptr;
+  int again_ = 0;  // how often the holder took it beyond the first time
 };
 
 }  // namespace quarnfc

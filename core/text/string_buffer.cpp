@@ -95,6 +95,11 @@ char* AllocStringBuffer(int length) {
   return text;
 }
 
+bool IsLikeNew(const char* text, int length) {
+  if (length <= 0) return text == EmptyBuffer();
+  return References(text) == 1 && HeaderOf(text)->capacity == CapacityFor(length);
+}
+
 void ShareStringBuffer(char* text) {
   std::atomic_ref<int>(HeaderOf(text)->references).fetch_add(1, std::memory_order_relaxed);
 }
@@ -102,9 +107,11 @@ void ShareStringBuffer(char* text) {
 void ReleaseStringBuffer(char* text) {
   if (text == EmptyBuffer()) return;
   StringHeader* header = HeaderOf(text);
-  const int before =
-      std::atomic_ref<int>(header->references).fetch_sub(1, std::memory_order_acq_rel);
-  if (before > 1) return;
+  // Nobody else can share a buffer whose only string is being released: its count need not change.
+  const bool was_shared =
+      IsShared(text) &&
+      std::atomic_ref<int>(header->references).fetch_sub(1, std::memory_order_acq_rel) > 1;
+  if (was_shared) return;
   if (CQNFixedAlloc* pool = PoolOf(header->capacity)) {
     pool->Free(header);
   } else {

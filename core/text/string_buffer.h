@@ -41,6 +41,10 @@ char* EmptyBuffer();
 // characters; the shared empty buffer for 0. Throws std::bad_alloc.
 char* AllocStringBuffer(int length);
 
+// Whether the buffer is what AllocStringBuffer gives for this length, but for what is written in
+// it.
+bool IsLikeNew(const char* text, int length);
+
 // Adds a reference to a buffer that is not locked.
 void ShareStringBuffer(char* text);
 

@@ -10,6 +10,8 @@ namespace quarnfc::platform {
 
 inline void* ThreadData() { return t_thread_data; }
 
+inline const void* ThreadMark() { return &t_thread_data; }
+
 }  // namespace quarnfc::platform
 
 #endif  // QUARNFC_PLATFORM_POSIX_THREAD_DATA_H_

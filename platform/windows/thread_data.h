@@ -22,6 +22,8 @@ inline void* ThreadData() {
   return reinterpret_cast<void*>(__readgsqword(kOffset + 8 * g_thread_data_slot));
 }
 
+inline const void* ThreadMark() { return NtCurrentTeb(); }
+
 }  // namespace quarnfc::platform
 
 #endif  // QUARNFC_PLATFORM_WINDOWS_THREAD_DATA_H_
