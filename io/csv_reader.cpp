@@ -8,7 +8,12 @@
 #include "io/messages.h"
 
 bool CQNCSVFileReaderImp::ReadRow(std::vector<CQNString>& row) {
+  if (ReadRowOver(row)) return true;
   row.clear();
+  return false;
+}
+
+bool CQNCSVFileReaderImp::ReadRowOver(std::vector<CQNString>& row) {
   if (!lines.IsOpen()) {
     last_error = quarnfc::io::kCsvNotOpen;
     return false;

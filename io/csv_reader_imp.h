@@ -12,6 +12,7 @@
 
 // What all copies of a reader share.
 struct CQNCSVFileReaderImp {
+  // Reads the next row in place of what row holds; a failure leaves it empty.
   bool ReadRow(std::vector<CQNString>& row);
 
   quarnfc::io::LineSource lines;
@@ -19,6 +20,9 @@ struct CQNCSVFileReaderImp {
   CQNString last_error;
   std::vector<CQNString> header;
   int readers = 1;
+
+ private:
+  bool ReadRowOver(std::vector<CQNString>& row);
 };
 
 #endif  // QUARNFC_IO_CSV_READER_IMP_H_

@@ -11,8 +11,8 @@
 
 namespace quarnfc::io {
 
-// Appends the fields of line to row, which is empty; at least one. Cuts the fields in place. With
-// utf8 their text is converted to the ANSI code page.
+// Puts the fields of line into row, in place of what it holds; at least one. Cuts the fields in
+// place. With utf8 their text is converted to the ANSI code page.
 void SplitCsvLine(Line line, bool utf8, std::vector<CQNString>& row);
 
 }  // namespace quarnfc::io

@@ -12,8 +12,13 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
+#include <optional>
+#include <utility>
 
+#include "core/text/character.h"
+#include "core/text/multibyte.h"
 #include "platform/clock.h"
 
 namespace quarnfc::io {
@@ -23,25 +28,51 @@ constexpr unsigned int kNotATime = 0xFFFFFFFF;
 
 bool IsDigit(char ch) { return ch >= '0' && ch <= '9'; }
 
-// A decimal number, one "-" in front allowed and white space around it, within [minimum, maximum].
-bool ReadNumberWithin(CQNString field, int minimum, int maximum, int& value) {
+// A part of the text.
+struct Field {
+  const char* begin;
+  const char* end;
+
+  int Length() const { return static_cast<int>(end - begin); }
+};
+
+// A decimal number, one "-" in front allowed and white space around it.
+std::optional<long long> ReadAnyNumber(CQNString field) {
   field.Trim();
   const char* const text = field;
   const char* const digits = *text == '-' ? text + 1 : text;
-  if (*digits == '\0' || !std::all_of(digits, text + field.GetLength(), IsDigit)) return false;
-  const long long number = std::strtoll(text, nullptr, 10);  // far beyond any range when too long
-  if (number < minimum || number > maximum) return false;
-  value = static_cast<int>(number);
+  if (*digits == '\0' || !std::all_of(digits, text + field.GetLength(), IsDigit)) {
+    return std::nullopt;
+  }
+  return std::strtoll(text, nullptr, 10);  // far beyond any range when too long
+}
+
+// The same, fast for the digits alone of usual numbers.
+std::optional<long long> ReadNumber(Field field) {
+  constexpr int kMostDigits = 9;
+  const bool is_usual = field.Length() > 0 && field.Length() <= kMostDigits &&
+                        std::all_of(field.begin, field.end, IsDigit);
+  if (!is_usual) return ReadAnyNumber(CQNString(field.begin, field.Length()));
+  long long number = 0;
+  for (const char* p = field.begin; p < field.end; ++p) number = number * 10 + (*p - '0');
+  return number;
+}
+
+bool ReadNumberWithin(Field field, int minimum, int maximum, int& value) {
+  const auto number = ReadNumber(field);
+  if (!number || *number < minimum || *number > maximum) return false;
+  value = static_cast<int>(*number);
   return true;
 }
 
-// Reads the numbers of a date; day_end is where the day ends.
-bool ReadDate(const CQNString& text, int first_dash, int second_dash, int day_end, std::tm& time) {
-  if (!ReadNumberWithin(text.Left(first_dash), 1990, 2500, time.tm_year) ||
-      !ReadNumberWithin(text.Mid(first_dash + 1, second_dash - first_dash - 1), 1, 12,
-                        time.tm_mon) ||
-      !ReadNumberWithin(text.Mid(second_dash + 1, day_end - second_dash - 1), 1, 31,
-                        time.tm_mday)) {
+// The place of a character at or behind from, or null.
+const char* Find(const char* from, char ch) {
+  return reinterpret_cast<const char*>(MbsChr(Bytes(from), static_cast<unsigned char>(ch)));
+}
+
+bool ReadDate(Field year, Field month, Field day, std::tm& time) {
+  if (!ReadNumberWithin(year, 1990, 2500, time.tm_year) ||
+      !ReadNumberWithin(month, 1, 12, time.tm_mon) || !ReadNumberWithin(day, 1, 31, time.tm_mday)) {
     return false;
   }
   time.tm_year -= 1900;
@@ -49,29 +80,53 @@ bool ReadDate(const CQNString& text, int first_dash, int second_dash, int day_en
   return true;
 }
 
-// Reads the numbers of a time of day behind the blank at start. With fewer than two colons there
-// is no time of day and the numbers stay 0.
-bool ReadTimeOfDay(const CQNString& text, int start, std::tm& time) {
-  const int first_colon = text.Find(':', start + 1);
-  if (first_colon < 0) return true;
-  const int second_colon = text.Find(':', first_colon + 1);
-  if (second_colon < 0) return true;
-  return ReadNumberWithin(text.Mid(start + 1, first_colon - start - 1), 0, 23, time.tm_hour) &&
-         ReadNumberWithin(text.Mid(first_colon + 1, second_colon - first_colon - 1), 0, 59,
-                          time.tm_min) &&
-         ReadNumberWithin(text.Mid(second_colon + 1), 0, 59, time.tm_sec);
+// Reads the numbers of a time of day. With fewer than two colons there is none and the numbers stay
+// 0.
+bool ReadTimeOfDay(Field text, std::tm& time) {
+  const char* const first_colon = Find(text.begin, ':');
+  if (first_colon == nullptr) return true;
+  const char* const second_colon = Find(first_colon + 1, ':');
+  if (second_colon == nullptr) return true;
+  return ReadNumberWithin({text.begin, first_colon}, 0, 23, time.tm_hour) &&
+         ReadNumberWithin({first_colon + 1, second_colon}, 0, 59, time.tm_min) &&
+         ReadNumberWithin({second_colon + 1, text.end}, 0, 59, time.tm_sec);
 }
 
 // Reads date-time text into a local broken-down time.
-bool ReadLocalTime(const CQNString& text, std::tm& time) {
-  const int first_dash = text.Find('-');
-  if (first_dash < 0) return false;
-  const int second_dash = text.Find('-', first_dash + 1);
-  if (second_dash < 0) return false;
-  const int blank = text.Find(' ', second_dash + 1);
-  const int day_end = blank < 0 ? text.GetLength() : blank;
-  return ReadDate(text, first_dash, second_dash, day_end, time) &&
-         (blank < 0 || ReadTimeOfDay(text, blank, time));
+bool ReadLocalTime(const char* text, std::tm& time) {
+  const char* const first_dash = Find(text, '-');
+  if (first_dash == nullptr) return false;
+  const char* const second_dash = Find(first_dash + 1, '-');
+  if (second_dash == nullptr) return false;
+  const char* const end = second_dash + std::strlen(second_dash);
+  const char* const blank = Find(second_dash + 1, ' ');
+  const char* const day_end = blank == nullptr ? end : blank;
+  return ReadDate({text, first_dash}, {first_dash + 1, second_dash}, {second_dash + 1, day_end},
+                  time) &&
+         (blank == nullptr || ReadTimeOfDay({blank + 1, end}, time));
+}
+
+// --- writing ------------------------------------------------------------------------------------
+
+char* WriteNumber(char* text, int number, int digits) {
+  for (int i = digits; i-- > 0; number /= 10) text[i] = static_cast<char>('0' + number % 10);
+  return text + digits;
+}
+
+// "YYYY-MM-DD hh:mm:ss": the years of 32-bit times have four digits.
+CQNString LocalTimeText(const std::tm& time) {
+  char text[19];
+  char* end = WriteNumber(text, time.tm_year + 1900, 4);
+  const std::pair<char, int> numbers[] = {{'-', time.tm_mon + 1},
+                                          {'-', time.tm_mday},
+                                          {' ', time.tm_hour},
+                                          {':', time.tm_min},
+                                          {':', time.tm_sec}};
+  for (const auto& [separator, number] : numbers) {
+    *end++ = separator;
+    end = WriteNumber(end, number, 2);
+  }
+  return CQNString(text, static_cast<int>(end - text));
 }
 
 }  // namespace
@@ -82,12 +137,9 @@ namespace QNTimeUtils {
 unsigned int GetCurTime() { return static_cast<unsigned int>(quarnfc::platform::CurrentTime()); }
 
 CQNString FormatTime(unsigned int time) {
-  CQNString text;
   std::tm local{};
-  if (!quarnfc::platform::ToLocalTime(time, local)) return text;
-  text.Format("%d-%02d-%02d %02d:%02d:%02d", local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
-              local.tm_hour, local.tm_min, local.tm_sec);
-  return text;
+  if (!quarnfc::platform::ToLocalTime(time, local)) return CQNString();
+  return quarnfc::io::LocalTimeText(local);
 }
 
 CQNString GetCurFormatTime() { return FormatTime(GetCurTime()); }
@@ -95,7 +147,7 @@ CQNString GetCurFormatTime() { return FormatTime(GetCurTime()); }
 unsigned int GetTimeFromStr(const char* text) {
   std::tm local{};
   local.tm_isdst = -1;  // the platform decides
-  if (!quarnfc::io::ReadLocalTime(text, local)) return quarnfc::io::kNotATime;
+  if (text == nullptr || !quarnfc::io::ReadLocalTime(text, local)) return quarnfc::io::kNotATime;
   return static_cast<unsigned int>(quarnfc::platform::FromLocalTime(local));
 }
 

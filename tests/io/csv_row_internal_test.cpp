@@ -78,4 +78,67 @@ TEST(CsvRow, EveryShortLineSplitsByThePlainRules) {
   }
 }
 
+// --- rows in place of the rows before -----------------------------------------------------------
+
+void SplitOver(std::vector<CQNString>& fields, const std::string& line) {
+  std::vector<char> buffer(line.begin(), line.end());
+  buffer.push_back('\0');
+  quarnfc::io::SplitCsvLine({buffer.data(), line.size()}, false, fields);
+}
+
+std::vector<int> Capacities(const std::vector<CQNString>& fields) {
+  std::vector<int> capacities;
+  for (const CQNString& field : fields) capacities.push_back(field.GetAllocLength());
+  return capacities;
+}
+
+std::string Letters(std::size_t length) { return std::string(length, 'x'); }
+
+TEST(CsvRow, ARowInPlaceOfAnotherIsAsInAnEmptyVector) {
+  const std::string lines[] = {"a,b,c",
+                               "\r",
+                               "a,,c,d,e",
+                               ",,,",
+                               "a,b,c,d,e,f,g",
+                               "\"q\"\"q\",b",
+                               Letters(64) + "," + Letters(65) + ",x",
+                               Letters(128) + "," + Letters(129) + "," + Letters(512),
+                               Letters(513) + "," + Letters(600) + ",",
+                               Letters(600) + "," + Letters(513) + "," + Letters(7)};
+  for (const std::string& before : lines) {
+    for (const std::string& line : lines) {
+      std::vector<CQNString> fields, fresh;
+      SplitOver(fields, before);
+      SplitOver(fields, line);
+      SplitOver(fresh, line);
+      EXPECT_EQ(ToRow(fields), ToRow(fresh)) << line << " over " << before;
+      EXPECT_EQ(Capacities(fields), Capacities(fresh)) << line << " over " << before;
+    }
+  }
+}
+
+TEST(CsvRow, ARowInPlaceOfAnotherLeavesTheFieldsThatAreShared) {
+  std::vector<CQNString> fields;
+  SplitOver(fields, "one,two,three");
+  const std::vector<CQNString> kept = fields;
+  fields[1].LockBuffer();
+  SplitOver(fields, "1,2,3");
+  EXPECT_EQ(ToRow(kept), Row({"one", "two", "three"}));
+  EXPECT_EQ(ToRow(fields), Row({"1", "2", "3"}));
+  const CQNString copy = fields[1];
+  EXPECT_EQ(static_cast<const char*>(copy), static_cast<const char*>(fields[1])) << "not locked";
+}
+
+TEST(CsvRow, LongFieldsWithQuotesSplitByThePlainRules) {
+  unsigned seed = 1;
+  for (int round = 0; round < 3000; ++round) {
+    std::string line;
+    for (int i = 0; i < 60; ++i) {
+      seed = seed * 1103515245 + 12345;
+      line += "abcdefgh\"\", \t,\xB5,\xE3"[seed >> 16 & 15];
+    }
+    ASSERT_EQ(Split(line), PlainSplit(line)) << line;
+  }
+}
+
 }  // namespace
