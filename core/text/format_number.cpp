@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdio>
 #include <new>
+#include <optional>
 #include <string_view>
 
 namespace quarnfc {
@@ -24,7 +25,8 @@ struct NumberPieces {
   }
 };
 
-void AppendPieces(std::string& text, const FormatSpec& spec, NumberPieces pieces, bool may_fill) {
+void AppendPieces(std::pmr::string& text, const FormatSpec& spec, NumberPieces pieces,
+                  bool may_fill) {
   std::size_t padding = std::max(spec.Columns(), pieces.Size()) - pieces.Size();
   if (spec.zero && may_fill && !spec.left) {
     pieces.zeros += padding;
@@ -63,7 +65,7 @@ std::string_view AlternatePrefix(const FormatSpec& spec, unsigned long long valu
 }
 
 // The least digits: a precision of 0 leaves none of the number 0.
-void AppendInteger(std::string& text, const FormatSpec& spec, std::string_view prefix,
+void AppendInteger(std::pmr::string& text, const FormatSpec& spec, std::string_view prefix,
                    unsigned long long value) {
   constexpr std::size_t kDigits = 22;  // 2^64 - 1 in octal
   char digits[kDigits];
@@ -95,7 +97,7 @@ constexpr int kMostDecimals = 1074;
 // Room for 309 digits, the point, the decimals and a sign or exponent.
 constexpr std::size_t kDigitsRoom = 309 + kMostDecimals + 16;
 
-void AppendNotFinite(std::string& text, const FormatSpec& spec, double value) {
+void AppendNotFinite(std::pmr::string& text, const FormatSpec& spec, double value) {
   const bool is_upper = spec.conversion < 'a';
   NumberPieces pieces;
   pieces.prefix = SignOf(spec, std::signbit(value));
@@ -108,8 +110,31 @@ void AppendNotFinite(std::string& text, const FormatSpec& spec, double value) {
   AppendPieces(text, spec, pieces, false);
 }
 
-// Prints the magnitude with the C library, without width and with no more decimals than it has.
+// The conversion as std::to_chars knows it, if it does.
+std::optional<std::chars_format> StandardFormat(const FormatSpec& spec) {
+  if (spec.alternates > 0) return std::nullopt;
+  switch (spec.conversion) {
+    case 'e':
+      return std::chars_format::scientific;
+    case 'f':
+      return std::chars_format::fixed;
+    case 'g':
+      return std::chars_format::general;
+    default:
+      return std::nullopt;
+  }
+}
+
+// Prints the magnitude without width and with no more decimals than it has. What std::to_chars does
+// not print the C library does, which is slower.
 std::string_view PrintMagnitude(char (&room)[kDigitsRoom], const FormatSpec& spec, double value) {
+  constexpr int kDefaultPrecision = 6;
+  if (const auto standard = StandardFormat(spec)) {
+    const int decimals = spec.precision < 0 ? kDefaultPrecision : spec.precision;
+    const auto printed = std::to_chars(room, room + kDigitsRoom, std::fabs(value), *standard,
+                                       std::min(decimals, kMostDecimals));
+    return {room, static_cast<std::size_t>(printed.ptr - room)};
+  }
   const char format[] = {'%', '#', '.', '*', spec.conversion, '\0'};
   const char plain_format[] = {'%', '.', '*', spec.conversion, '\0'};
   const int precision = std::min(spec.precision, kMostDecimals);
@@ -126,16 +151,16 @@ bool KeepsZeros(const FormatSpec& spec) {
 
 }  // namespace
 
-void AppendSigned(std::string& text, const FormatSpec& spec, long long value) {
+void AppendSigned(std::pmr::string& text, const FormatSpec& spec, long long value) {
   const auto bits = static_cast<unsigned long long>(value);
   AppendInteger(text, spec, SignOf(spec, value < 0), value < 0 ? 0 - bits : bits);
 }
 
-void AppendUnsigned(std::string& text, const FormatSpec& spec, unsigned long long value) {
+void AppendUnsigned(std::pmr::string& text, const FormatSpec& spec, unsigned long long value) {
   AppendInteger(text, spec, AlternatePrefix(spec, value), value);
 }
 
-void AppendFloat(std::string& text, const FormatSpec& spec, double value) {
+void AppendFloat(std::pmr::string& text, const FormatSpec& spec, double value) {
   if (!std::isfinite(value)) {
     AppendNotFinite(text, spec, value);
     return;

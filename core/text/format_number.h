@@ -5,6 +5,7 @@
 #ifndef QUARNFC_CORE_TEXT_FORMAT_NUMBER_H_
 #define QUARNFC_CORE_TEXT_FORMAT_NUMBER_H_
 
+#include <memory_resource>
 #include <string>
 
 #include "core/text/format_spec.h"
@@ -13,12 +14,12 @@ namespace quarnfc {
 
 // Appends an integer: conversions d and i (signed), u, o, x and X (unsigned). All throw
 // std::bad_alloc when the width or precision asks for more than there is memory.
-void AppendSigned(std::string& text, const FormatSpec& spec, long long value);
-void AppendUnsigned(std::string& text, const FormatSpec& spec, unsigned long long value);
+void AppendSigned(std::pmr::string& text, const FormatSpec& spec, long long value);
+void AppendUnsigned(std::pmr::string& text, const FormatSpec& spec, unsigned long long value);
 
 // Appends a floating-point number: conversions e, E, f, g and G. Infinities and what is not a
 // number are spelled "inf", "nan" and "-nan(ind)" whatever the C library's own spelling is.
-void AppendFloat(std::string& text, const FormatSpec& spec, double value);
+void AppendFloat(std::pmr::string& text, const FormatSpec& spec, double value);
 
 }  // namespace quarnfc
 

@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
@@ -37,31 +38,40 @@ std::string_view View(const CQNString& text) {
 
 class Formatter {
  public:
-  Formatter(const char* format, va_list args) : format_(format) { va_copy(arguments_.list, args); }
+  Formatter(FormattedText& result, const char* format, va_list args)
+      : result_(result), format_(format) {
+    va_copy(arguments_.list, args);
+  }
   ~Formatter() { va_end(arguments_.list); }
   Formatter(const Formatter&) = delete;
   Formatter& operator=(const Formatter&) = delete;
 
-  FormattedText Run() {
+  void Run() {
     while (*format_ != '\0') {
       if (*format_ != '%') {
-        AppendCharacter(CharWidth(format_));
+        AppendCharacters();
       } else if (format_[1] == '%') {
         ++format_;
-        AppendCharacter(1);
+        Append(1);
       } else {
         AppendItem();
       }
     }
     result_.estimate = static_cast<int>(std::min<long long>(estimate_, INT_MAX));
-    return std::move(result_);
   }
 
  private:
-  void AppendCharacter(int width) {
-    result_.text.append(format_, static_cast<std::size_t>(width));
-    estimate_ += width;
-    format_ += width;
+  // Up to the next "%" that is a character of its own, or the end.
+  void AppendCharacters() {
+    const char* end = format_;
+    while (*end != '\0' && *end != '%') end += CharWidth(end);
+    Append(end - format_);
+  }
+
+  void Append(std::ptrdiff_t length) {
+    result_.text.append(format_, static_cast<std::size_t>(length));
+    estimate_ += length;
+    format_ += length;
   }
 
   void AppendItem();
@@ -89,10 +99,10 @@ class Formatter {
     return static_cast<long long>(spec_.width) + std::max(spec_.precision, 0);
   }
 
+  FormattedText& result_;
   const char* format_;
   Arguments arguments_;
   FormatSpec spec_;
-  FormattedText result_;
   long long estimate_ = 0;
 };
 
@@ -265,8 +275,8 @@ void Formatter::AppendFloat() {
 
 }  // namespace
 
-FormattedText FormatText(const char* format, va_list args) {
-  return Formatter(format == nullptr ? "" : format, args).Run();
+void FormatText(FormattedText& result, const char* format, va_list args) {
+  Formatter(result, format == nullptr ? "" : format, args).Run();
 }
 
 }  // namespace quarnfc

@@ -18,7 +18,8 @@ void CQNString::Format(const char* format, ...) {
 void CQNString::FormatV(const char* format, va_list args) {
   // Formatted aside: the arguments may be this string's own text, and the text may be longer than
   // the estimate.
-  const quarnfc::FormattedText result = quarnfc::FormatText(format, args);
+  quarnfc::FormattedText result;
+  quarnfc::FormatText(result, format, args);
   // The text ends at its first zero byte ("%c" can write one).
   const int length = quarnfc::CheckedLength(std::strlen(result.text.c_str()));
   char* text = GetBuffer(std::max({result.estimate, GetLength(), length}));

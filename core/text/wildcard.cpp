@@ -6,80 +6,119 @@
 // text, the last at its end, and each one between at the first place where it fits behind the one
 // before. Taking the first place never loses a match, since "*" in front of the next segment takes
 // up any distance: so nothing is ever tried again, and the time is at most the product of the two
-// lengths. Both texts are compared as UTF-16, upper-cased when case does not matter; these copies
-// are the only memory, and nothing recurses.
+// lengths. Plain texts, whose bytes are characters in every code page, are compared where they lie;
+// others as UTF-16, upper-cased when case does not matter, in scratch buffers that are the only
+// memory. Nothing recurses.
 #include <quarnfc/string_utils.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <span>
 
+#include "core/text/multibyte.h"
 #include "core/text/transcode.h"
 
 namespace {
 
-// Not a string view: off Windows the C library's wide functions, on which its searches rest, expect
-// 32-bit characters.
-using WideView = std::span<const wchar_t>;
 constexpr std::size_t kNotFound = static_cast<std::size_t>(-1);
 
-void ToUpperCase(std::span<wchar_t> text) {
-  quarnfc::platform::ToUpperCase(text.data(), text.size());
+// Compares texts of units; same(a, b) says whether two units are the same character.
+//
+// Not with string views: off Windows the C library's wide functions, on which their searches rest,
+// expect 32-bit characters.
+template <class Unit, class Same>
+class Matcher {
+ public:
+  using View = std::span<const Unit>;
+
+  Matcher(View text, Same same) : text_(text), same_(same) {}
+
+  bool Matches(View pattern) const {
+    std::size_t star = SegmentLength(pattern);
+    if (star == pattern.size()) return pattern.size() == text_.size() && MatchesAt(0, pattern);
+    // The first segment stands at the start. Each further one is looked for from where the one
+    // before it ended: the first place decides, so the position only ever moves forward.
+    if (!MatchesAt(0, pattern.first(star))) return false;
+    std::size_t position = star;
+    for (;;) {
+      pattern = pattern.subspan(star + 1);
+      star = SegmentLength(pattern);
+      if (star == pattern.size()) break;
+      position = FindSegment(position, pattern.first(star));
+      if (position == kNotFound) return false;
+      position += star;
+    }
+    // The last segment stands at the end, at or behind the position reached.
+    return text_.size() - position >= pattern.size() &&
+           MatchesAt(text_.size() - pattern.size(), pattern);
+  }
+
+ private:
+  // The length of the segment the pattern begins with, up to its first "*" or its end.
+  static std::size_t SegmentLength(View pattern) {
+    return static_cast<std::size_t>(std::find(pattern.begin(), pattern.end(), Unit{'*'}) -
+                                    pattern.begin());
+  }
+
+  // Whether the segment stands in the text at position; "?" stands for any character.
+  bool MatchesAt(std::size_t position, View segment) const {
+    if (text_.size() - position < segment.size()) return false;
+    for (std::size_t i = 0; i < segment.size(); ++i) {
+      if (segment[i] != Unit{'?'} && !same_(segment[i], text_[position + i])) return false;
+    }
+    return true;
+  }
+
+  std::size_t FindSegment(std::size_t position, View segment) const {
+    for (; position + segment.size() <= text_.size(); ++position) {
+      if (MatchesAt(position, segment)) return position;
+    }
+    return kNotFound;
+  }
+
+  View text_;
+  Same same_;
+};
+
+template <class Unit, class Same>
+Matcher(std::span<const Unit>, Same) -> Matcher<Unit, Same>;
+
+// The text without its terminator when it is plain.
+std::optional<std::span<const char>> AsPlain(const char* text) {
+  const char* end = text;
+  for (; *end != '\0'; ++end) {
+    if (!quarnfc::IsPlainByte(*end)) return std::nullopt;
+  }
+  return std::span(text, end);
 }
 
-// Whether the segment stands in text at position; "?" stands for any character.
-bool MatchesAt(WideView text, std::size_t position, WideView segment) {
-  if (text.size() - position < segment.size()) return false;
-  for (std::size_t i = 0; i < segment.size(); ++i) {
-    if (segment[i] != L'?' && segment[i] != text[position + i]) return false;
-  }
-  return true;
+bool MatchesPlain(std::span<const char> pattern, std::span<const char> text, bool case_sensitive) {
+  const auto upper = [](char ch) { return ch >= 'a' && ch <= 'z' ? ch - 'a' + 'A' : ch; };
+  const auto same = [](char a, char b) { return a == b; };
+  const auto same_letter = [upper](char a, char b) { return upper(a) == upper(b); };
+  return case_sensitive ? Matcher(text, same).Matches(pattern)
+                        : Matcher(text, same_letter).Matches(pattern);
 }
 
-std::size_t FindSegment(WideView text, std::size_t position, WideView segment) {
-  for (; position + segment.size() <= text.size(); ++position) {
-    if (MatchesAt(text, position, segment)) return position;
+bool MatchesWide(std::span<wchar_t> pattern, std::span<wchar_t> text, bool case_sensitive) {
+  if (!case_sensitive) {
+    for (const std::span<wchar_t> units : {pattern, text}) {
+      quarnfc::platform::ToUpperCase(units.data(), units.size());
+    }
   }
-  return kNotFound;
-}
-
-// The length of the segment the pattern begins with, up to its first "*" or its end.
-std::size_t SegmentLength(WideView pattern) {
-  return static_cast<std::size_t>(std::find(pattern.begin(), pattern.end(), L'*') -
-                                  pattern.begin());
-}
-
-bool Matches(WideView pattern, WideView text) {
-  std::size_t star = SegmentLength(pattern);
-  if (star == pattern.size()) {
-    return pattern.size() == text.size() && MatchesAt(text, 0, pattern);
-  }
-  // The first segment stands at the start. Each further one is looked for from where the one
-  // before it ended: the first place decides, so the position only ever moves forward.
-  if (!MatchesAt(text, 0, pattern.first(star))) return false;
-  std::size_t position = star;
-  for (;;) {
-    pattern = pattern.subspan(star + 1);
-    star = SegmentLength(pattern);
-    if (star == pattern.size()) break;
-    position = FindSegment(text, position, pattern.first(star));
-    if (position == kNotFound) return false;
-    position += star;
-  }
-  // The last segment stands at the end, at or behind the position reached.
-  return text.size() - position >= pattern.size() &&
-         MatchesAt(text, text.size() - pattern.size(), pattern);
+  const auto same = [](wchar_t a, wchar_t b) { return a == b; };
+  return Matcher(std::span<const wchar_t>(text), same).Matches(pattern);
 }
 
 }  // namespace
 
 bool QNStringUtils::StrIsMatching(const char* pattern, const char* text, bool caseSensitive) {
   if (pattern == nullptr || text == nullptr) return false;
+  const auto plain_pattern = AsPlain(pattern);
+  const auto plain_text = AsPlain(text);
+  if (plain_pattern && plain_text) return MatchesPlain(*plain_pattern, *plain_text, caseSensitive);
   quarnfc::WideScratch wide_pattern(quarnfc::Encoding::kAnsi, pattern);
   quarnfc::WideScratch wide_text(quarnfc::Encoding::kAnsi, text);
-  if (!caseSensitive) {
-    ToUpperCase(wide_pattern.Units());
-    ToUpperCase(wide_text.Units());
-  }
-  return Matches(wide_pattern.Units(), wide_text.Units());
+  return MatchesWide(wide_pattern.Units(), wide_text.Units(), caseSensitive);
 }

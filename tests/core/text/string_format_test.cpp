@@ -5,11 +5,16 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <bit>
+#include <cctype>
 #include <cfloat>
 #include <climits>
 #include <cmath>
 #include <cstdarg>
+#include <cstdint>
 #include <limits>
+#include <random>
 #include <string>
 
 #include "tests/core/text/text.h"
@@ -232,6 +237,29 @@ TEST(StringFormat, GeneralForm) {
       {"%.15g", 123456.789, "123456.789"},
       {"%+g", 1.5, "+1.5"},
   });
+}
+
+// "#" changes nothing about these but takes the C library's way, which the others avoid.
+TEST(StringFormat, NumbersAreAsTheCLibraryPrintsThem) {
+  std::mt19937_64 random(1);
+  const auto format = [](const char* conversion, int precision, double value) {
+    CQNString text;
+    text.Format(conversion, precision, value);
+    std::string lower = static_cast<const char*>(text);
+    std::transform(lower.begin(), lower.end(), lower.begin(), ::tolower);
+    return lower;
+  };
+  for (int i = 0; i < 20000; ++i) {
+    const double any = std::bit_cast<double>(random());
+    const double usual =
+        static_cast<double>(static_cast<std::int64_t>(random() % 2000001) - 1000000) /
+        static_cast<double>(1 << i % 11);
+    const double value = i % 2 == 0 && std::isfinite(any) ? any : usual;
+    const int precision = 1 + i % 20;
+    ASSERT_EQ(format("%.*f", precision, value), format("%#.*f", precision, value)) << value;
+    ASSERT_EQ(format("%.*e", precision, value), format("%#.*e", precision, value)) << value;
+    ASSERT_EQ(format("%+25.*g", precision, value), format("%+25.*G", precision, value)) << value;
+  }
 }
 
 TEST(StringFormat, Infinities) {

@@ -135,6 +135,32 @@ TEST(Wildcard, MatchesByCharactersOfTheCodePage) {
   });
 }
 
+// Plain texts take another way than those with double-byte characters: one such character in front
+// of both must not change the answer.
+TEST(Wildcard, PlainTextsMatchAsTheyDoBehindADoubleByteCharacter) {
+  constexpr char kPattern[] = {'a', 'B', '*', '?'};
+  constexpr char kText[] = {'a', 'A', 'b', '['};
+  const auto text_of = [](const char(&units)[4], int number, int length) {
+    std::string text;
+    for (; length > 0; --length, number /= 4) text += units[number % 4];
+    return text;
+  };
+  for (int length = 0; length <= 4; ++length) {
+    for (int pattern_number = 0; pattern_number < 256; ++pattern_number) {
+      const std::string pattern = text_of(kPattern, pattern_number, 4);
+      for (int text_number = 0; text_number < 1 << 2 * length; ++text_number) {
+        const std::string text = text_of(kText, text_number, length);
+        for (const bool case_sensitive : {false, true}) {
+          ASSERT_EQ(
+              StrIsMatching(pattern.c_str(), text.c_str(), case_sensitive),
+              StrIsMatching((ZHONG + pattern).c_str(), (ZHONG + text).c_str(), case_sensitive))
+              << pattern << " on " << text;
+        }
+      }
+    }
+  }
+}
+
 TEST(Wildcard, NullMatchesNothing) {
   EXPECT_FALSE(StrIsMatching(nullptr, "a", true));
   EXPECT_FALSE(StrIsMatching("*", nullptr, true));
