@@ -114,14 +114,19 @@ class KeyIndex::Table {
 
 int KeyIndex::Find(const Keys& keys, std::string_view key) const {
   if (keys.size() <= kFewKeys) return FindOneByOne(keys, key);
-  Table* table = table_.load(std::memory_order_acquire);
-  if (table == nullptr) {
-    auto made = std::make_unique<Table>(keys);
-    if (table_.compare_exchange_strong(table, made.get(), std::memory_order_acq_rel)) {
-      table = made.release();
-    }
-  }
-  return table->Find(keys, key);
+  const Table* table = table_.load(std::memory_order_acquire);
+  if (table == nullptr) table = TryMakeTable(keys);
+  return table != nullptr ? table->Find(keys, key) : FindOneByOne(keys, key);
+}
+
+// The table that is kept, which another thread may have made meanwhile; null without memory.
+const KeyIndex::Table* KeyIndex::TryMakeTable(const Keys& keys) const try {
+  auto made = std::make_unique<Table>(keys);
+  Table* kept = nullptr;
+  if (!table_.compare_exchange_strong(kept, made.get(), std::memory_order_acq_rel)) return kept;
+  return made.release();
+} catch (const std::bad_alloc&) {
+  return nullptr;
 }
 
 void KeyIndex::Added(const Keys& keys) {

@@ -42,7 +42,8 @@ class KeyIndex {
   KeyIndex& operator=(const KeyIndex&) = delete;
   ~KeyIndex() { Drop(); }
 
-  // The position of the first key equal to this one, or -1.
+  // The position of the first key equal to this one, or -1. Does not throw: without memory for the
+  // table the keys are searched one after the other.
   int Find(const Keys& keys, std::string_view key) const;
 
   // The last of the keys has been added.
@@ -56,6 +57,8 @@ class KeyIndex {
 
  private:
   class Table;
+
+  const Table* TryMakeTable(const Keys& keys) const;
 
   mutable std::atomic<Table*> table_ = nullptr;
 };
