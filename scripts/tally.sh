@@ -39,33 +39,45 @@ report() {
   printf '%d passed, %d failed\n' "$passed" "$failed"
 }
 
+# How many processes share the tests of a program: the longest gets three, so that the others do not
+# wait for it. (Not two: of the levels of a deep test the deeper is every second one.)
+shards_of() { if [ "$1" = quarnfc_tests ]; then echo 3; else echo 1; fi; }
+
 # shellcheck disable=SC2154 # lib.sh sets $logs
-# run_program PRESET PROGRAM FILTER: a test program, its report in $logs/test-PRESET-PROGRAM.xml.
+# run_program PRESET PROGRAM FILTER SHARD: one of the processes of a test program; its report is in
+# $logs/test-PRESET-PROGRAM-SHARD.xml.
 run_program() {
-  local preset=$1 program=bin/$2 run=() log="$logs/test-$1-$2"
+  local preset=$1 program=bin/$2 run=() log="$logs/test-$1-$2-$4"
   [[ $preset != windows* ]] || { run=("$project/scripts/run-wine.sh") program=$program.exe; }
   [ "$2" != quarnfc_net_tests ] || run=("$project/tests/net/run-with-nginx.sh" "${run[@]}")
   rm -f "$log.xml"
   cd "$project/build/$preset" || return
-  "${run[@]}" "$program" --gtest_color=no --gtest_filter="$3" \
+  GTEST_TOTAL_SHARDS=$(shards_of "$2") GTEST_SHARD_INDEX=$4 \
+    "${run[@]}" "$program" --gtest_color=no --gtest_filter="$3" \
     --gtest_output="xml:../logs/${log##*/}.xml" >"$log.log" 2>&1 </dev/null
 }
 
 # run_programs PRESET FILTER PROGRAM...: test programs, all at the same time.
 run_programs() {
-  local preset=$1 filter=$2 program status processes=()
+  local preset=$1 filter=$2 program shard status processes=() results
   shift 2
   for program in "$@"; do
-    (run_program "$preset" "$program" "$filter") &
-    processes+=("$!")
+    for ((shard = 0; shard < $(shards_of "$program"); shard++)); do
+      (run_program "$preset" "$program" "$filter" "$shard") &
+      processes+=("$!")
+    done
   done
   for program in "$@"; do
-    status=0
-    wait "${processes[0]}" || status=$?
-    processes=("${processes[@]:1}")
-    count "$preset $program" \
-      < <("$project/scripts/gtest_results.py" "$logs/test-$preset-$program" "$status" 2>&3)
-  done 3>&1
+    results=
+    for ((shard = 0; shard < $(shards_of "$program"); shard++)); do
+      status=0
+      wait "${processes[0]}" || status=$?
+      processes=("${processes[@]:1}")
+      results+=$("$project/scripts/gtest_results.py" "$logs/test-$preset-$program-$shard" "$status")
+      results+=$'\n'
+    done
+    count "$preset $program" <<<"$results"
+  done
 }
 
 # run_checks PRESET: the checks beside the test programs: samples, host programs, the shape of the

@@ -9,7 +9,7 @@ cd "$project"
 for target in windows linux; do
   configure_preset "$target" -B "build/$target-lto" -DQUARNFC_LTO=ON
   build_preset "$target-lto" quarnfc_tests
-  run_program "$target-lto" quarnfc_tests 'Module*'
+  run_programs "$target-lto" 'Module*' quarnfc_tests
 done
 [ "$failed" -eq 0 ]
 printf 'the modules with link-time optimisation pass the %d tests of their shape\n' "$passed"
