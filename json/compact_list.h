@@ -108,6 +108,7 @@ class CompactList {
   };
 
   static constexpr std::size_t BytesFor(std::size_t capacity) {
+    // NOLINTNEXTLINE(bugprone-sizeof-expression): items may be pointers
     return sizeof(Head) + capacity * sizeof(Item);
   }
 

@@ -110,7 +110,7 @@ CQNHttpFile* CQNInternetSession::OpenURL(const char* url, unsigned __int64 conte
     if (!parsed) type = HandleTypeOf(resource.get());
     if (!IsHttp(type)) {
       // Deliberately left open until the session is closed.
-      resource.release();
+      static_cast<void>(resource.release());
       return nullptr;
     }
     auto* file = new CQNHttpFile(resource.get(), handle_, object, server, "GET", context);

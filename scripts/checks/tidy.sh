@@ -8,16 +8,17 @@ source "$(dirname "$0")/../lib.sh"
 cd "$project"
 
 # configure PRESET: the compile commands of a preset in build/tidy-PRESET, without the precompiled
-# headers and the option that clang does not know.
+# headers and the options that clang does not know.
 configure() {
   configure_preset "$1" -B "build/tidy-$1" -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON -DQUARNFC_BUILD_BENCH=OFF
-  sed -i 's/ -fno-keep-inline-dllexport//' "build/tidy-$1/compile_commands.json"
+  sed -i 's/ -fno-keep-inline-dllexport//; s/ -femit-class-debug-always//' "build/tidy-$1/compile_commands.json"
 }
 
-# sources PRESET: what the project itself compiles in it.
+# sources PRESET: what the project itself compiles in it, but for the hosts that are compiled for the
+# warnings they give.
 sources() {
   sed -n 's/^ *"file": "\(.*\.cpp\)",\{0,1\}$/\1/p' "build/tidy-$1/compile_commands.json" |
-    sed -n "s|^$project/||p" | grep -v '^build/' | LC_ALL=C sort -u
+    sed -n "s|^$project/||p" | grep -vE '^build/|^tests/module/care(ful|less)_host' | LC_ALL=C sort -u
 }
 
 # The system include folders of the cross compiler, apart from those that clang has itself.

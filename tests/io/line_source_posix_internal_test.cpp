@@ -47,7 +47,7 @@ std::vector<std::string> LinesBeforeTheError(LineSource& source) {
   std::vector<std::string> lines;
   Line line;
   LineStatus status;
-  while ((status = source.Next(line)) == LineStatus::kLine) lines.push_back(line.text);
+  while ((status = source.Next(line)) == LineStatus::kLine) lines.emplace_back(line.text);
   EXPECT_EQ(LineStatus::kReadFailed, status);
   EXPECT_EQ(LineStatus::kReadFailed, source.Next(line));
   EXPECT_EQ(kDeviceError, source.ReadError());

@@ -48,6 +48,7 @@ int SaveAndRead(int thread) {
 TEST(JsonFileThreads, DifferentFilesAreSavedAndReadAtOnce) {
   std::vector<int> good(kThreads);
   std::vector<std::thread> threads;
+  threads.reserve(kThreads);
   for (int i = 0; i < kThreads; ++i) {
     threads.emplace_back([&good, i] { good[static_cast<std::size_t>(i)] = SaveAndRead(i); });
   }

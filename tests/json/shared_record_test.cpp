@@ -106,6 +106,7 @@ TEST(SharedRecord, ValuesDestroyedThroughATreeAndAloneLeaveNothingBehind) {
 TEST(SharedTextThreads, ClonesOnSeveralThreadsShareTextSafely) {
   const ValuePtr source = Made("{\"key\":\"text\",\"list\":[\"a\",\"b\",{\"key\":\"text\"}]}");
   std::vector<std::thread> threads;
+  threads.reserve(4);
   for (int i = 0; i < 4; ++i) {
     threads.emplace_back([clone = std::shared_ptr<CMyJsonValue>(source->Clone())] {
       for (int round = 0; round < 500; ++round) {

@@ -21,8 +21,6 @@ using unload_host::JoinFunction;
 using unload_host::kPoolChunk;
 using unload_host::Report;
 
-constexpr std::size_t kSlab = 65536;
-
 std::atomic<long> g_chunks = 0;
 std::atomic<long> g_slabs = 0;
 

@@ -100,7 +100,7 @@ int FakeQueryOption(HINTERNET, DWORD, void* buffer, DWORD* length) {
 }
 
 INTERNET_STATUS_CALLBACK FakeSetStatusCallback(HINTERNET, INTERNET_STATUS_CALLBACK callback) {
-  g_fake.calls.push_back(callback != nullptr ? "install" : "uninstall");
+  g_fake.calls.emplace_back(callback != nullptr ? "install" : "uninstall");
   if (g_fake.refuses_callback) {
     SetLastError(ERROR_INTERNET_INVALID_OPERATION);
     return INTERNET_INVALID_STATUS_CALLBACK;
@@ -143,7 +143,7 @@ int FakeEndRequest(HINTERNET, INTERNET_BUFFERSA*, DWORD flags, unsigned __int64 
 
 int FakeQueryInfo(HINTERNET, DWORD, void* buffer, DWORD* length, DWORD* index) {
   const std::string& header = g_fake.header;
-  g_fake.calls.push_back(index != nullptr ? "query with index" : "query");
+  g_fake.calls.emplace_back(index != nullptr ? "query with index" : "query");
   if (header.empty()) return Answer(ERROR_HTTP_HEADER_NOT_FOUND);
   const DWORD capacity = *length;
   *length = static_cast<DWORD>(header.size());

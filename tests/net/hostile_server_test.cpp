@@ -109,6 +109,7 @@ TEST(HostileServer, SendsMoreThanItPromised) {
 }
 
 TEST(HostileServer, SendsAnswersThatAreNone) {
+  const std::string chunked = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n";
   const std::string answers[] = {"",
                                  "\r\n\r\n",
                                  "garbage",
@@ -120,10 +121,9 @@ TEST(HostileServer, SendsAnswersThatAreNone) {
                                  "HTTP/1.1 200 OK\r\nContent-Length: -1\r\n\r\nx",
                                  "HTTP/1.1 200 OK\r\nContent-Length: 99999999999999999999\r\n\r\nx",
                                  "HTTP/1.1 200 OK\r\nno colon\r\n: no name\r\n\r\nx",
-                                 "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\nzz\r\n",
-                                 "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n5\r\nab",
-                                 "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
-                                 "ffffffffffffffff\r\nab"};
+                                 chunked + "zz\r\n",
+                                 chunked + "5\r\nab",
+                                 chunked + "ffffffffffffffff\r\nab"};
   for (const std::string& answer : answers) {
     const Outcome outcome = FetchAnswer(answer);
     EXPECT_LE(outcome.body.size(), answer.size()) << answer.substr(0, 60);

@@ -187,7 +187,9 @@ TEST(Url, LongerThanTheLocalBufferStillParses) {
   const std::string host(100, 'h');
   for (const size_t length : {1900u, 1976u, 1977u, 2000u, 2050u}) {
     const std::string object = "/" + std::string(length - 1, 'p');
-    const Parsed parsed = Parse(("http://" + host + object).c_str());
+    std::string url = "http://" + host;
+    url += object;
+    const Parsed parsed = Parse(url.c_str());
     EXPECT_EQ(parsed.result, 1) << length;
     EXPECT_EQ(TextOf(parsed.server), host) << length;
     EXPECT_EQ(TextOf(parsed.object), object) << length;

@@ -388,6 +388,7 @@ TEST_F(SecureWebServer, ReceivesABodyInPieces) {
 template <class Work>
 void OnFourThreads(Work work) {
   std::vector<std::thread> threads;
+  threads.reserve(4);
   for (int t = 0; t < 4; ++t) threads.emplace_back(work);
   for (std::thread& thread : threads) thread.join();
 }

@@ -19,7 +19,7 @@ using quarnfc_test::Encode;
 using quarnfc_test::Encoding;
 using quarnfc_test::ExpectDecodes;
 using quarnfc_test::ExpectEncodes;
-using std::string_view_literals::operator""sv;
+using namespace std::string_view_literals;
 
 // The digests were taken from the converters of Windows for code page 936 with its own table, so
 // that a target with another table fails here.

@@ -17,7 +17,7 @@ namespace {
 
 using quarnfc_test::Units;
 using quarnfc_test::UnitsOf;
-using std::string_view_literals::operator""sv;
+using namespace std::string_view_literals;
 
 Units UnitsOfString(BSTR string) { return Units(string, string + SysStringLen(string)); }
 

@@ -19,7 +19,7 @@ using quarnfc_test::Encode;
 using quarnfc_test::Encoding;
 using quarnfc_test::ExpectDecodes;
 using quarnfc_test::ExpectEncodes;
-using std::string_view_literals::operator""sv;
+using namespace std::string_view_literals;
 
 constexpr ConversionCase kBothWays[] = {
     {"ASCII and a zero byte", "a\0\x7F"sv, u"a\0\x7F"sv},

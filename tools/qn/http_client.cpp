@@ -176,8 +176,9 @@ bool HttpExchange::FindRedirect(HttpRequest& request, HttpUrl& url) {
 std::string HttpExchange::StatusLine() const {
   CQNString text;
   file_->QueryInfo(HTTP_QUERY_STATUS_TEXT, text);
-  return std::to_string(status_) +
-         (text.IsEmpty() ? "" : " " + FromLibrary(static_cast<const char*>(text)));
+  std::string line = std::to_string(status_);
+  if (!text.IsEmpty()) line.append(" ").append(FromLibrary(static_cast<const char*>(text)));
+  return line;
 }
 
 std::string HttpExchange::Head() const {

@@ -24,8 +24,9 @@ bool HttpUrl::SameServer(const HttpUrl& other) const {
 
 std::string HttpUrl::Text() const {
   const unsigned short usual = IsSecure() ? 443 : 80;
-  return (IsSecure() ? "https://" : "http://") + server +
-         (port == usual ? "" : ":" + std::to_string(port)) + object;
+  std::string text = (IsSecure() ? "https://" : "http://") + server;
+  if (port != usual) text.append(":").append(std::to_string(port));
+  return text + object;
 }
 
 HttpUrl ParseUrl(const std::string& url) {

@@ -98,7 +98,7 @@ inline JsonLayout LayoutOf(const JsonText& json, const JsonTextNode& container) 
   }
   // A single member shows by its colon whether blanks follow punctuation.
   if (container.Count() == 1 && layout.lead.empty() && layout.colon.back() == ' ') {
-    layout.lead = container.IsObject() ? " " : "";
+    layout.lead.assign(container.IsObject() ? 1U : 0U, ' ');
   }
   return layout;
 }

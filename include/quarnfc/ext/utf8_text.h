@@ -16,6 +16,25 @@
 
 namespace quarnfc::ext {
 
+namespace detail {
+// Whether the second byte makes a character of three or four bytes neither a long form nor a
+// surrogate nor greater than U+10FFFF.
+inline bool IsUtf8Second(unsigned lead, unsigned second) {
+  switch (lead) {
+    case 0xE0:
+      return second >= 0xA0;
+    case 0xED:
+      return second < 0xA0;
+    case 0xF0:
+      return second >= 0x90;
+    case 0xF4:
+      return second < 0x90;
+    default:
+      return true;
+  }
+}
+}  // namespace detail
+
 // The length in bytes, 1 to 4, of the well-formed character at an offset; 0 when there is none.
 inline std::size_t Utf8CharLength(std::string_view text, std::size_t offset) {
   const auto byte = [&](std::size_t i) -> unsigned {
@@ -27,15 +46,9 @@ inline std::size_t Utf8CharLength(std::string_view text, std::size_t offset) {
   if (lead < 0x80) return 1;
   if (lead < 0xC2) return 0;
   if (lead < 0xE0) return follows(1) ? 2 : 0;
-  // The second byte decides over long forms, surrogates and what lies above U+10FFFF.
-  const unsigned second = byte(1);
-  if (lead < 0xF0) {
-    const bool allowed = (lead != 0xE0 || second >= 0xA0) && (lead != 0xED || second < 0xA0);
-    return allowed && follows(1) && follows(2) ? 3 : 0;
-  }
-  if (lead > 0xF4) return 0;
-  const bool allowed = (lead != 0xF0 || second >= 0x90) && (lead != 0xF4 || second < 0x90);
-  return allowed && follows(1) && follows(2) && follows(3) ? 4 : 0;
+  if (lead > 0xF4 || !detail::IsUtf8Second(lead, byte(1)) || !follows(1) || !follows(2)) return 0;
+  if (lead < 0xF0) return 3;
+  return follows(3) ? 4 : 0;
 }
 
 // The offset of the first byte that starts no well-formed character; text.size() when all do.

@@ -29,28 +29,38 @@ bool ChunkReader::TakeSize() {
   return error == std::errc() && (stop == end || *stop == ';' || *stop == ' ');
 }
 
+unsigned int ChunkReader::TakeContent(std::string_view& bytes, const Sink& sink) {
+  const std::string_view content = bytes.substr(0, left_);
+  if (const unsigned int error = sink(content)) return error;
+  left_ -= content.size();
+  bytes.remove_prefix(content.size());
+  if (left_ == 0) state_ = State::kContentEnd;
+  return 0;
+}
+
+// What a whole line says; false for wrong framing.
+bool ChunkReader::EndLine() {
+  if (state_ == State::kSize) {
+    if (!TakeSize()) return false;
+    state_ = left_ == 0 ? State::kTrailer : State::kContent;
+  } else if (state_ == State::kContentEnd) {
+    if (!line_.empty()) return false;
+    state_ = State::kSize;
+  } else if (line_.empty()) {
+    state_ = State::kEnded;
+  }
+  line_.clear();
+  return true;
+}
+
 unsigned int ChunkReader::Take(std::string_view bytes, const Sink& sink) {
   while (!bytes.empty()) {
     if (state_ == State::kEnded || line_.size() > kLongestLine) return ERROR_INVALID_PARAMETER;
     if (state_ == State::kContent) {
-      const std::string_view content = bytes.substr(0, left_);
-      if (const unsigned int error = sink(content)) return error;
-      left_ -= content.size();
-      bytes.remove_prefix(content.size());
-      if (left_ == 0) state_ = State::kContentEnd;
-      continue;
+      if (const unsigned int error = TakeContent(bytes, sink)) return error;
+    } else if (TakeLine(bytes, line_) && !EndLine()) {
+      return ERROR_INVALID_PARAMETER;
     }
-    if (!TakeLine(bytes, line_)) continue;
-    if (state_ == State::kSize) {
-      if (!TakeSize()) return ERROR_INVALID_PARAMETER;
-      state_ = left_ == 0 ? State::kTrailer : State::kContent;
-    } else if (state_ == State::kContentEnd) {
-      if (!line_.empty()) return ERROR_INVALID_PARAMETER;
-      state_ = State::kSize;
-    } else if (line_.empty()) {
-      state_ = State::kEnded;
-    }
-    line_.clear();
   }
   return 0;
 }

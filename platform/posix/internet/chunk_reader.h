@@ -27,6 +27,8 @@ class ChunkReader {
 
   bool TakeLine(std::string_view& bytes, std::string& line);
   bool TakeSize();
+  unsigned int TakeContent(std::string_view& bytes, const Sink& sink);
+  bool EndLine();
 
   State state_ = State::kSize;
   std::string line_;

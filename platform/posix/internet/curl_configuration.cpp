@@ -120,7 +120,7 @@ bool CurlExchange::ConfigureHeaders(const OutgoingHead& head) {
     const bool accept = curl_strnequal(header.c_str(), "Accept:", 7) != 0;
     if (accept) lines[0].clear();
   }
-  if (chunked_) lines.push_back("Transfer-Encoding: chunked");
+  if (chunked_) lines.emplace_back("Transfer-Encoding: chunked");
   for (const std::string& line : lines) {
     if (line.empty()) continue;
     curl_slist* longer = curl_slist_append(headers_.get(), line.c_str());

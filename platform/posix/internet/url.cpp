@@ -100,7 +100,7 @@ std::string WithoutDots(std::string_view path) {
     const bool up = segment == "..";
     if (up && !segments.empty()) segments.pop_back();
     if (!dot && !up) segments.push_back(segment);
-    if (!open && (dot || up)) segments.push_back("");
+    if (!open && (dot || up)) segments.emplace_back();
   }
   std::string clean = rooted ? "/" : "";
   for (std::size_t i = 0; i < segments.size(); ++i) {

@@ -14,7 +14,7 @@
 namespace {
 
 using text_test::Bytes;
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 const char* Chars(const CQNString& text) { return text; }
 

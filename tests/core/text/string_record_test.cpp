@@ -14,7 +14,7 @@ namespace {
 using QNStringUtils::ReadString;
 using QNStringUtils::WriteString;
 using text_test::Bytes;
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 // A binary file of the test, open for reading and writing and removed at the end.
 class BinaryFile {

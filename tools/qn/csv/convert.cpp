@@ -34,7 +34,8 @@ std::string JsonOf(const std::vector<std::string>& header, const CsvTextRow& row
                     ", and '" +
                     key + "' is the name of a column already");
     }
-    json += (i > 0 ? "," : "") + QuoteJson(key) + ":" + QuoteJson(row.fields[i]);
+    if (i > 0) json += ',';
+    json += QuoteJson(key) + ":" + QuoteJson(row.fields[i]);
   }
   return json + "}";
 }

@@ -192,7 +192,7 @@ void ConvertLines(TextStream& input, Output& output, const PointFormat& format,
     std::string piece = input.Next();
     more = !piece.empty();
     // The last line may lack its end.
-    if (!more && !pending.empty()) piece = "\n";
+    if (!more && !pending.empty()) piece.assign(1, '\n');
     pending += piece;
     std::string text;
     std::size_t begin = 0;

@@ -3,6 +3,7 @@
 #include <quarnfc/ext/json_text_edit.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "qn/console.h"
 #include "qn/errors.h"
@@ -57,7 +58,9 @@ std::string ValueFrom(const std::string& text, bool as_string) {
 // The value inside the objects that lead to it.
 std::string InNewObjects(const std::vector<std::string>& keys, std::string value) {
   for (auto key = keys.rbegin(); key != keys.rend(); ++key) {
-    value = "{" + QuoteJson(*key) + ": " + value + "}";
+    std::string object = "{";
+    object += QuoteJson(*key) + ": " + value + "}";
+    value = std::move(object);
   }
   return value;
 }
@@ -77,8 +80,9 @@ JsonEdit Addition(const JsonText& json, const JsonPlaceInTree& place, const std:
   if (place.node.IsObject() && !IsJsonElementStep(step)) {
     return AppendJsonItems(json, place.node, {{step, added}});
   }
-  const bool next = step == "[-]" || step == "[" + std::to_string(place.node.Count()) + "]";
-  if (!place.node.IsArray() || !next) RefuseToAdd(path);
+  std::string next = "[";
+  next.append(std::to_string(place.node.Count())).append("]");
+  if (!place.node.IsArray() || (step != "[-]" && step != next)) RefuseToAdd(path);
   return AppendJsonItems(json, place.node, {{std::nullopt, added}});
 }
 

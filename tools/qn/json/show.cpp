@@ -17,7 +17,6 @@ namespace {
 
 using quarnfc::ext::CountUtf8Chars;
 using quarnfc::ext::JsonTextNode;
-using quarnfc::ext::QuoteJson;
 
 constexpr OptionSpec kCompactOption = {"compact", 'c'};
 constexpr OptionSpec kIndentOption = {"indent", '\0', Takes::kValue};
@@ -86,7 +85,8 @@ int RunKeys(Arguments arguments) {
   std::string list;
   for (const auto& item : value.Items()) {
     if (options.Has("json")) {
-      list += (list.empty() ? "" : ",") + std::string(item.key->Source());
+      if (!list.empty()) list += ',';
+      list += item.key->Source();
     } else {
       PrintLine(item.key->String());
     }

@@ -27,7 +27,12 @@ std::string JsonWalk::Path() const {
   for (std::size_t level = first; level < open_.size(); ++level) {
     const Open& open = open_[level];
     if (!path.empty() && open.key) path += '\\';
-    path += open.key ? open.key->String() : "[" + std::to_string(open.index - 1) + "]";
+    if (open.key) {
+      path += open.key->String();
+    } else {
+      path += '[';
+      path += std::to_string(open.index - 1) + "]";
+    }
   }
   return path;
 }

@@ -120,7 +120,9 @@ std::string ToUtf16(std::string_view text, Charset charset) {
   for (std::size_t i = 0; i < text.size();) {
     const std::size_t length = std::max<std::size_t>(Utf8CharLength(text, i), 1);
     char32_t ch = static_cast<unsigned char>(text[i]) & (length == 1 ? 0x7FU : 0x7FU >> length);
-    for (std::size_t k = 1; k < length; ++k) ch = (ch << 6) | (text[i + k] & 0x3FU);
+    for (std::size_t k = 1; k < length; ++k) {
+      ch = (ch << 6) | (static_cast<unsigned char>(text[i + k]) & 0x3FU);
+    }
     if (ch >= 0x10000) {
       add(0xD800 + ((ch - 0x10000) >> 10));
       add(0xDC00 + ((ch - 0x10000) & 0x3FF));
