@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstring>
+#include <string_view>
 
 namespace quarnfc {
 namespace {
@@ -84,6 +85,8 @@ void ReadSize(FormatSpec& spec, const char*& p) {
       {"h", ArgumentSize::kShort},      {"z", ArgumentSize::kLongLong},
       {"j", ArgumentSize::kLongLong},   {"t", ArgumentSize::kLongLong},
   };
+  constexpr std::string_view kFirstLetters = "FLNIlhzjt";
+  if (kFirstLetters.find(*p) == std::string_view::npos) return;
   while (*p == 'F' || *p == 'L' || *p == 'N') ++p;  // without effect
   for (const Prefix& prefix : kPrefixes) {
     if (Skip(p, prefix.text)) {

@@ -51,8 +51,8 @@ int CapacityFor(int length) {
 // so that appending piece by piece copies each byte a few times only.
 std::size_t BlockSize(int capacity) {
   const std::size_t bytes = sizeof(StringHeader) + static_cast<std::size_t>(capacity) + 1;
-  const std::size_t step = std::bit_floor(bytes) / 4;
-  return (bytes + step - 1) / step * step;
+  const std::size_t step = std::bit_floor(bytes) / 4;  // a power of two
+  return (bytes + step - 1) & ~(step - 1);
 }
 
 // Gives an unshared heap buffer a larger capacity if its block has the room.
