@@ -19,6 +19,15 @@ set(CMAKE_RC_COMPILER "${QUARNFC_LLVM_DIR}/bin/llvm-rc")
 set(CMAKE_C_COMPILER_TARGET x86_64-pc-windows-msvc19.38.0)
 set(CMAKE_CXX_COMPILER_TARGET x86_64-pc-windows-msvc19.38.0)
 
+# Objects are kept for the next build where the compiler cache is installed. With this compiler it
+# keeps none that use precompiled headers.
+find_program(QUARNFC_CCACHE ccache)
+if(QUARNFC_CCACHE)
+  set(CMAKE_C_COMPILER_LAUNCHER "${CMAKE_CURRENT_LIST_DIR}/ccache-clang-cl.sh")
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_CURRENT_LIST_DIR}/ccache-clang-cl.sh")
+  set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
+endif()
+
 # Programs can be linked once runtime/ is built.
 set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
 
