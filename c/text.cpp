@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "c/text.h"
 
+#include <quarnfc/ext/utf8_text.h>
 #include <quarnfc/string_utils.h>
 
 #include <climits>
 #include <cstddef>
 #include <cstring>
+#include <string_view>
 
 #include "c/guarded.h"
 
@@ -84,4 +86,13 @@ char* qncUtf8FromAnsi(const char* ansi, CQNObject** error) {
 
 char* qncAnsiFromUtf8(const char* utf8, CQNObject** error) {
   return quarnfc::c::GuardedNew(error, [=] { return quarnfc::c::AnsiText(utf8).release(); });
+}
+
+int qncIsUtf8(const char* text, size_t size, size_t* offset) {
+  const std::string_view bytes =
+      text == nullptr ? std::string_view() : std::string_view(text, size);
+  const std::size_t invalid = quarnfc::ext::FindInvalidUtf8(bytes);
+  if (invalid == bytes.size()) return 1;
+  if (offset != nullptr) *offset = invalid;
+  return 0;
 }

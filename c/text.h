@@ -4,9 +4,14 @@
 #ifndef QUARNFC_C_TEXT_H_
 #define QUARNFC_C_TEXT_H_
 
+#include <string_view>
+
 #include "core/memory/memory.h"
 
 namespace quarnfc::c {
+
+// A copy of a text in a new buffer of the caller's, with a terminator.
+inline char* NewText(std::string_view text) { return CopyText(text.data(), text.size()); }
 
 // A text of the code page in a new buffer of the caller's, as UTF-8.
 char* NewUtf8(const char* ansi);

@@ -12,8 +12,6 @@ packages=(
   cmake ninja-build g++ g++-mingw-w64-x86-64-posix
   # The HTTP client off Windows.
   libcurl4-openssl-dev libssl-dev
-  # The build with the Microsoft C++ ABI.
-  clang-19 lld-19 llvm-19 libc++-19-dev
   # Running Windows programs.
   wine wine64 locales
   # Tests: their framework, a web server, and independent implementations to compare with.
@@ -27,6 +25,8 @@ if [ "${1:-}" = --checks ]; then
     # What reads the sources; the run-time of the fuzzers; the benchmarks and their peers.
     clang-format clang-tidy shellcheck pmccabe libclang-rt-14-dev
     libbenchmark-dev rapidjson-dev nlohmann-json3-dev
+    # The build with the Microsoft C++ ABI; its sources of libc++ are unpacked.
+    clang-19 lld-19 llvm-19 libc++-19-dev xz-utils
   )
 fi
 

@@ -8,7 +8,7 @@ source "$(dirname "$0")/lib.sh"
 source "$(dirname "$0")/tally.sh"
 
 step "Checking what is installed"
-"$project/scripts/setup.sh"
+"$project/scripts/setup.sh" --checks
 "$project/scripts/fetch-libcxx.sh"
 mkdir -p "$logs"
 test_preset windows-msvc-abi "$@"

@@ -22,6 +22,8 @@ public static class QuarnNative
     [DllImport(Dll)] public static extern IntPtr qncErrorMessage(IntPtr error);
     [DllImport(Dll)] public static extern IntPtr qncUtf8FromAnsi(byte[] ansi, out IntPtr error);
     [DllImport(Dll)] public static extern IntPtr qncAnsiFromUtf8(byte[] utf8, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncIsUtf8(byte[] text, UIntPtr size, out UIntPtr offset);
 
     // --- JSON documents ---
     [DllImport(Dll)] public static extern IntPtr qncJsonParse(byte[] text, out IntPtr error);
@@ -141,6 +143,90 @@ public static class QuarnNative
     [DllImport(Dll)]
     public static extern int qncHmacSha256(byte[] key, UIntPtr keySize, byte[] data, UIntPtr size,
         byte[] digest, out IntPtr error);
+
+    // --- Digests of messages in pieces ---
+    [DllImport(Dll)]
+    public static extern IntPtr qncDigestNew(int kind, byte[] key, UIntPtr keySize,
+        out IntPtr error);
+    [DllImport(Dll)] public static extern void qncDigestFree(IntPtr digest);
+    [DllImport(Dll)]
+    public static extern void qncDigestUpdate(IntPtr digest, byte[] data, UIntPtr size);
+    [DllImport(Dll)] public static extern IntPtr qncDigestFinish(IntPtr digest, out IntPtr error);
+
+    // --- Strict JSON ---
+    [DllImport(Dll)]
+    public static extern IntPtr qncJsonTextParse(byte[] text, UIntPtr size, out UIntPtr offset,
+        out IntPtr error);
+    [DllImport(Dll)] public static extern void qncJsonTextFree(IntPtr document);
+    [DllImport(Dll)]
+    public static extern IntPtr qncJsonTextWrite(IntPtr document, out IntPtr error);
+    [DllImport(Dll)] public static extern int qncJsonTextType(IntPtr document, byte[] pointer);
+    [DllImport(Dll)] public static extern int qncJsonTextCount(IntPtr document, byte[] pointer);
+    [DllImport(Dll)]
+    public static extern IntPtr qncJsonTextSource(IntPtr document, byte[] pointer,
+        out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncJsonTextString(IntPtr document, byte[] pointer, out UIntPtr size,
+        out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncJsonTextNumber(IntPtr document, byte[] pointer, out double number);
+    [DllImport(Dll)]
+    public static extern int qncJsonTextReplace(IntPtr document, byte[] pointer, byte[] json,
+        out IntPtr error);
+
+    // --- CSV with options ---
+    [DllImport(Dll)]
+    public static extern IntPtr qncCsvTextOpen(byte[] path, byte delimiter, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncCsvTextFromMemory(byte[] text, UIntPtr size, byte delimiter,
+        out IntPtr error);
+    [DllImport(Dll)] public static extern void qncCsvTextClose(IntPtr csv);
+    [DllImport(Dll)] public static extern int qncCsvTextNextRow(IntPtr csv, out IntPtr error);
+    [DllImport(Dll)] public static extern UIntPtr qncCsvTextLine(IntPtr csv);
+    [DllImport(Dll)] public static extern int qncCsvTextCount(IntPtr csv);
+    [DllImport(Dll)]
+    public static extern IntPtr qncCsvTextField(IntPtr csv, int index, out UIntPtr size);
+    [DllImport(Dll)]
+    public static extern IntPtr qncCsvTextWriteRow(IntPtr[] fields, UIntPtr count, byte delimiter,
+        out IntPtr error);
+
+    // --- Zones ---
+    [DllImport(Dll)] public static extern int qncGaussZone(double longitude, int width);
+    [DllImport(Dll)] public static extern double qncCentralMeridian(int zone, int width);
+    [DllImport(Dll)] public static extern int qncUtmZone(double longitude, double latitude);
+    [DllImport(Dll)] public static extern double qncPrefixEasting(int zone, double easting);
+    [DllImport(Dll)]
+    public static extern int qncSplitEasting(double prefixed, out int zone, out double easting,
+        out int width);
+
+    // --- Exact transverse Mercator, official systems, datum shifts ---
+    [DllImport(Dll)] public static extern IntPtr qncGeographicFromEpsg(int code, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncTransverseMercatorFromEpsg(int code, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncTransverseMercatorNew(IntPtr geographic, double centralMeridian,
+        double latitudeOfOrigin, double falseEasting, double falseNorthing, double scaleFactor,
+        out IntPtr error);
+    [DllImport(Dll)] public static extern void qncTransverseMercatorFree(IntPtr system);
+    [DllImport(Dll)]
+    public static extern int qncTransverseMercatorParameters(IntPtr system,
+        out double centralMeridian, out double latitudeOfOrigin, out double falseEasting,
+        out double falseNorthing, out double scaleFactor);
+    [DllImport(Dll)]
+    public static extern int qncTransverseMercatorForward(IntPtr system, double[] from, double[] to,
+        UIntPtr count);
+    [DllImport(Dll)]
+    public static extern int qncTransverseMercatorInverse(IntPtr system, double[] from, double[] to,
+        UIntPtr count);
+    [DllImport(Dll)]
+    public static extern int qncTransverseMercatorScale(IntPtr system, double[] from, double[] to,
+        UIntPtr count);
+    [DllImport(Dll)]
+    public static extern int qncShiftDatum(IntPtr fromSystem, IntPtr toSystem, double[] parameters,
+        int convention, double[] from, double[] to, UIntPtr count);
+    [DllImport(Dll)]
+    public static extern int qncShiftDatumBack(IntPtr fromSystem, IntPtr toSystem,
+        double[] parameters, int convention, double[] from, double[] to, UIntPtr count);
 }
 
 // A failure of the library: its code and its message.

@@ -57,8 +57,9 @@ awk '
     below["core/diagnostics"] = below["core/text"] " core/text"
     core = below["core/collections"] " core/collections core/diagnostics"
     below["json"] = below["geo"] = below["net"] = below["codec"] = below["io"] = core
-    # Two faces on all of it: flat functions for C, and headers of additions that hosts compile.
-    below["c"] = below["ext"] = core " json geo net codec io"
+    # Two faces on all of it: headers of additions that hosts compile, and flat functions for C.
+    below["ext"] = core " json geo net codec io"
+    below["c"] = below["ext"] " ext"
     below["runtime"] = ""  # takes the place of a compiler library
   }
   NR == FNR { if (!($1 in header_room)) header_room[$1] = $2; next }

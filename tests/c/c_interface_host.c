@@ -25,7 +25,7 @@ static int Says(char* text, const char* expected) {
 }
 
 static void Versions(void) {
-  CHECK(qncInterfaceVersion() == 1);
+  CHECK(qncInterfaceVersion() == 2);
   CHECK(qnGetVersion() == QUARNFC_VERSION_NUMBER);
 }
 
@@ -84,6 +84,30 @@ static void Codecs(void) {
   CHECK(Says(qncMd5("abc", 3, NULL), "900150983cd24fb0d6963f7d28e17f72"));
 }
 
+/* What came with the second version of the interface. */
+static void Additions(void) {
+  const char* fields[2] = {"a;b", "c"};
+  const double point[2] = {114.0, 0.0};
+  double plane[2] = {0, 0};
+  QncDigest* digest = qncDigestNew(QNC_DIGEST_SHA256, NULL, 0, NULL);
+  QncJsonText* json = qncJsonTextParse("[1.50]", 6, NULL, NULL);
+  QncCsvText* csv = qncCsvTextFromMemory("a;b\n", 4, ';', NULL);
+  QncTransverseMercator* zone = qncTransverseMercatorFromEpsg(4526, NULL);
+  qncDigestUpdate(digest, "abc", 3);
+  CHECK(Says(qncDigestFinish(digest, NULL),
+             "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"));
+  CHECK(Says(qncJsonTextSource(json, "/0", NULL), "1.50"));
+  CHECK(qncCsvTextNextRow(csv, NULL) == 1 && strcmp(qncCsvTextField(csv, 1, NULL), "b") == 0);
+  CHECK(Says(qncCsvTextWriteRow(fields, 2, ';', NULL), "\"a;b\";c"));
+  CHECK(qncGaussZone(114.0, 3) == 38 && qncCentralMeridian(38, 3) == 114.0);
+  CHECK(qncTransverseMercatorForward(zone, point, plane, 1));
+  CHECK(fabs(plane[0] - 38500000) < 1e-6 && fabs(plane[1]) < 1e-6);
+  qncTransverseMercatorFree(zone);
+  qncCsvTextClose(csv);
+  qncJsonTextFree(json);
+  qncDigestFree(digest);
+}
+
 int main(int argc, char** argv) {
   if (argc != 2) {
     printf("usage: c_interface_host CSV_FILE\n");
@@ -95,6 +119,7 @@ int main(int argc, char** argv) {
   Csv(argv[1]);
   Geodesy();
   Codecs();
+  Additions();
   printf("%d failures\n", failures);
   return failures != 0;
 }

@@ -20,7 +20,7 @@ enum {
   QNC_ERROR_ARGUMENT = 87     /* an argument is null, or out of its range */
 };
 
-/* The version of this interface: 1. It grows when functions are added; functions that are there
+/* The version of this interface: 2. It grows when functions are added; functions that are there
  * stay as they are. */
 QN_PLAIN_API int qncInterfaceVersion(void);
 
@@ -31,5 +31,9 @@ QN_PLAIN_API char* qncErrorMessage(const CQNObject* error);
 /* Text of the code page as UTF-8, and the other way round. */
 QN_PLAIN_API char* qncUtf8FromAnsi(const char* ansi, CQNObject** error);
 QN_PLAIN_API char* qncAnsiFromUtf8(const char* utf8, CQNObject** error);
+
+/* Whether size bytes are well-formed UTF-8: 1, or 0 with the offset of the first byte that is not
+ * in *offset, when offset is not null. Null text is no bytes. */
+QN_PLAIN_API int qncIsUtf8(const char* text, size_t size, size_t* offset);
 
 #endif /* QUARNFC_C_BASE_H_ */

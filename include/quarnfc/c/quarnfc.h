@@ -25,7 +25,12 @@
 #include <quarnfc/c/base.h>
 #include <quarnfc/c/codec.h>
 #include <quarnfc/c/csv.h>
+#include <quarnfc/c/csv_text.h>
+#include <quarnfc/c/digest.h>
 #include <quarnfc/c/geodesy.h>
 #include <quarnfc/c/json.h>
+#include <quarnfc/c/json_text.h>
+#include <quarnfc/c/transverse_mercator.h>
+#include <quarnfc/c/zones.h>
 
 #endif /* QUARNFC_C_QUARNFC_H_ */

@@ -1,0 +1,41 @@
+/* SPDX-License-Identifier: MIT */
+/* CSV with options in the flat C interface (quarnfc.h in this folder says how everything works):
+ * any delimiter, line ends inside quotes (RFC 4180), rows of up to 16 MiB, and fields that are
+ * never converted. It stands beside QncCsv, which knows commas, ends a field with its line and
+ * keeps text in the code page.
+ */
+#ifndef QUARNFC_C_CSV_TEXT_H_
+#define QUARNFC_C_CSV_TEXT_H_
+
+#include <quarnfc/c/base.h>
+
+typedef struct QncCsvText QncCsvText;
+
+/* Opens a file whose fields are separated by delimiter, a byte such as ',', ';' or '\t'. It is read
+ * piece by piece. A mark EF BB BF at its start is passed over; there is no header row. */
+QN_PLAIN_API QncCsvText* qncCsvTextOpen(const char* path, char delimiter, CQNObject** error);
+
+/* The same over size bytes in memory, which are copied. */
+QN_PLAIN_API QncCsvText* qncCsvTextFromMemory(const char* text, size_t size, char delimiter,
+                                              CQNObject** error);
+
+QN_PLAIN_API void qncCsvTextClose(QncCsvText* csv);
+
+/* Reads the next row: 1, 0 at the end, -1 when a row cannot be read (a quote that is not closed, a
+ * row that is too long, an error of the file). Stop at the first that is not 1. */
+QN_PLAIN_API int qncCsvTextNextRow(QncCsvText* csv, CQNObject** error);
+
+/* The line, from 1, in which the row last read starts; 0 before there is one. */
+QN_PLAIN_API size_t qncCsvTextLine(const QncCsvText* csv);
+
+/* The number of fields of the row last read, and the one at index: its bytes as they stand in the
+ * file, of *size bytes when size is not null. Null when there is none. Borrowed until the next row.
+ */
+QN_PLAIN_API int qncCsvTextCount(const QncCsvText* csv);
+QN_PLAIN_API const char* qncCsvTextField(const QncCsvText* csv, int index, size_t* size);
+
+/* A row of count texts, without line end, quoted where reading it back needs quotes. */
+QN_PLAIN_API char* qncCsvTextWriteRow(const char* const* fields, size_t count, char delimiter,
+                                      CQNObject** error);
+
+#endif /* QUARNFC_C_CSV_TEXT_H_ */

@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+// Strict JSON and CSV with options through the flat C interface.
+#include <gtest/gtest.h>
+
+#include <quarnfc/c/base.h>
+#include <quarnfc/c/csv_text.h>
+#include <quarnfc/c/json_text.h>
+
+#include <cstring>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "tests/c/results.h"
+#include "tests/support/temp_file.h"
+
+namespace {
+
+using c_results::Error;
+using c_results::Taken;
+
+struct Free {
+  void operator()(QncJsonText* document) const { qncJsonTextFree(document); }
+  void operator()(QncCsvText* csv) const { qncCsvTextClose(csv); }
+};
+using Json = std::unique_ptr<QncJsonText, Free>;
+using Csv = std::unique_ptr<QncCsvText, Free>;
+
+Json Parsed(std::string_view text) {
+  return Json(qncJsonTextParse(text.data(), text.size(), nullptr, nullptr));
+}
+
+Csv Opened(std::string_view text, char delimiter) {
+  return Csv(qncCsvTextFromMemory(text.data(), text.size(), delimiter, nullptr));
+}
+
+// The fields of the row last read with '|' behind each.
+std::string Fields(const Csv& csv) {
+  std::string joined;
+  for (int i = 0; i < qncCsvTextCount(csv.get()); ++i) {
+    size_t size = 0;
+    const char* field = qncCsvTextField(csv.get(), i, &size);
+    joined += std::string(field, size) + "|";
+  }
+  return joined;
+}
+
+}  // namespace
+
+TEST(CInterfaceUtf8, NamesTheFirstByteThatIsNone) {
+  size_t offset = 77;
+  EXPECT_EQ(qncIsUtf8("\xE5\x8C\x97", 3, &offset), 1);
+  EXPECT_EQ(qncIsUtf8(nullptr, 3, &offset), 1);
+  EXPECT_EQ(offset, 77u);
+  EXPECT_EQ(qncIsUtf8("ab\xE5\x8C", 4, &offset), 0);
+  EXPECT_EQ(offset, 2u);
+  EXPECT_EQ(qncIsUtf8("\xFF", 1, nullptr), 0);
+}
+
+TEST(CInterfaceJsonText, ReadsByPointersWithoutConvertingAnything) {
+  const Json json = Parsed("{\"a\":[1.50,\"\\u5317\\u0000x\"],\"b\":{},\"c\":null,\"d\":true}");
+  ASSERT_NE(json, nullptr);
+  EXPECT_EQ(qncJsonTextType(json.get(), ""), QNC_JSON_OBJECT);
+  EXPECT_EQ(qncJsonTextType(json.get(), "/a"), QNC_JSON_ARRAY);
+  EXPECT_EQ(qncJsonTextType(json.get(), "/a/0"), QNC_JSON_NUMBER);
+  EXPECT_EQ(qncJsonTextType(json.get(), "/a/1"), QNC_JSON_TEXT);
+  EXPECT_EQ(qncJsonTextType(json.get(), "/c"), QNC_JSON_NULL);
+  EXPECT_EQ(qncJsonTextType(json.get(), "/d"), QNC_JSON_BOOL);
+  EXPECT_EQ(qncJsonTextType(json.get(), "/e"), -1);
+  EXPECT_EQ(qncJsonTextType(nullptr, ""), -1);
+  EXPECT_EQ(qncJsonTextCount(json.get(), ""), 4);
+  EXPECT_EQ(qncJsonTextCount(json.get(), "/a"), 2);
+  EXPECT_EQ(qncJsonTextCount(json.get(), "/a/0"), 0);
+  EXPECT_EQ(Taken(qncJsonTextSource(json.get(), "/a/0", nullptr)), "1.50");
+  double number = 0;
+  EXPECT_EQ(qncJsonTextNumber(json.get(), "/a/0", &number), 1);
+  EXPECT_EQ(number, 1.5);
+  EXPECT_EQ(qncJsonTextNumber(json.get(), "/c", &number), 0);
+  size_t size = 0;
+  char* text = qncJsonTextString(json.get(), "/a/1", &size, nullptr);
+  EXPECT_EQ(std::string(text, size), std::string("\xE5\x8C\x97\0x", 5));
+  qnFreeMem(text);
+  Error error;
+  EXPECT_EQ(qncJsonTextString(json.get(), "/a/0", &size, error.Out()), nullptr);
+  EXPECT_EQ(qncJsonTextSource(json.get(), "/e", error.Out()), nullptr);
+  EXPECT_EQ(error.Text(), "");
+}
+
+TEST(CInterfaceJsonText, EditChangesTheBytesOfOneValueAlone) {
+  const Json json = Parsed("{ \"big\" : 12345678901234567890 ,\n  \"port\":8080 }");
+  Error error;
+  EXPECT_EQ(qncJsonTextReplace(json.get(), "/port", "9090", error.Out()), 1);
+  EXPECT_EQ(Taken(qncJsonTextWrite(json.get(), nullptr)),
+            "{ \"big\" : 12345678901234567890 ,\n  \"port\":9090 }");
+  EXPECT_EQ(qncJsonTextReplace(json.get(), "/port", "[1,]", error.Out()), 0);
+  EXPECT_EQ(error.Text(), "5: Quarn: line 1, column 4: a value is expected");
+  EXPECT_EQ(qncJsonTextReplace(json.get(), "/none", "1", error.Out()), 0);
+  EXPECT_EQ(error.Text(), "2: Quarn: there is no value at the pointer");
+  EXPECT_EQ(Taken(qncJsonTextSource(json.get(), "/port", nullptr)), "9090");
+}
+
+TEST(CInterfaceJsonText, RefusedTextTellsPlaceAndReason) {
+  Error error;
+  size_t offset = 0;
+  const std::string text = "{\n \"a\": 01}";
+  EXPECT_EQ(qncJsonTextParse(text.data(), text.size(), &offset, error.Out()), nullptr);
+  EXPECT_EQ(offset, text.find('0'));
+  EXPECT_EQ(error.Text(), "5: Quarn: line 2, column 7: this is no number of JSON");
+  EXPECT_EQ(qncJsonTextParse(nullptr, 3, &offset, error.Out()), nullptr);
+  EXPECT_EQ(error.Text(), "87: Quarn: an argument is null");
+}
+
+TEST(CInterfaceCsvText, ReadsAnyDelimiterAndLineEndsInQuotes) {
+  const Csv csv = Opened(
+      "\xEF\xBB\xBF"
+      "a;\"b;\r\nc\"\r\n\r\n1,5;\"say \"\"hi\"\"\"\n",
+      ';');
+  ASSERT_NE(csv, nullptr);
+  EXPECT_EQ(qncCsvTextLine(csv.get()), 0u);
+  EXPECT_EQ(qncCsvTextNextRow(csv.get(), nullptr), 1);
+  EXPECT_EQ(Fields(csv), "a|b;\r\nc|");
+  EXPECT_EQ(qncCsvTextLine(csv.get()), 1u);
+  EXPECT_EQ(qncCsvTextNextRow(csv.get(), nullptr), 1);
+  EXPECT_EQ(Fields(csv), "1,5|say \"hi\"|");
+  EXPECT_EQ(qncCsvTextLine(csv.get()), 4u);
+  EXPECT_EQ(qncCsvTextField(csv.get(), 2, nullptr), nullptr);
+  EXPECT_EQ(qncCsvTextField(csv.get(), -1, nullptr), nullptr);
+  Error error;
+  EXPECT_EQ(qncCsvTextNextRow(csv.get(), error.Out()), 0);
+  EXPECT_EQ(error.Text(), "");
+  EXPECT_EQ(qncCsvTextCount(csv.get()), 0);
+}
+
+TEST(CInterfaceCsvText, FilesLongerThanAPieceKeepEveryRow) {
+  std::string text = "\xEF\xBB\xBF";
+  for (int i = 0; i < 30000; ++i) text += std::to_string(i) + "\tvalue\n";
+  const quarnfc_test::TempFile file(text);
+  const Csv csv(qncCsvTextOpen(file.path(), '\t', nullptr));
+  ASSERT_NE(csv, nullptr);
+  int rows = 0;
+  while (qncCsvTextNextRow(csv.get(), nullptr) == 1) {
+    ASSERT_EQ(Fields(csv), std::to_string(rows) + "|value|");
+    ++rows;
+  }
+  EXPECT_EQ(rows, 30000);
+}
+
+TEST(CInterfaceCsvText, WhatCannotBeReadIsAnError) {
+  Error error;
+  const Csv csv = Opened("a\n\"never closed", ',');
+  EXPECT_EQ(qncCsvTextNextRow(csv.get(), error.Out()), 1);
+  EXPECT_EQ(qncCsvTextNextRow(csv.get(), error.Out()), -1);
+  EXPECT_EQ(error.Text(), "5: Quarn: line 2: a quoted field is not closed");
+  EXPECT_EQ(qncCsvTextOpen("no-such-folder/file.csv", ',', error.Out()), nullptr);
+  EXPECT_EQ(error.Text(), "14: Quarn: the file cannot be opened");
+  for (const char delimiter : {'"', '\n', '\r', ' ', '\0'}) {
+    EXPECT_EQ(qncCsvTextFromMemory("a", 1, delimiter, error.Out()), nullptr);
+    EXPECT_EQ(error.Text(), "87: Quarn: this byte cannot separate fields");
+  }
+}
+
+TEST(CInterfaceCsvText, WrittenRowsAreReadBack) {
+  const char* fields[] = {"a;b", " lead", "", "say \"hi\"", "two\nlines"};
+  const std::string row = Taken(qncCsvTextWriteRow(fields, 5, ';', nullptr));
+  EXPECT_EQ(row, "\"a;b\";\" lead\";;\"say \"\"hi\"\"\";\"two\nlines\"");
+  const Csv csv = Opened(row, ';');
+  EXPECT_EQ(qncCsvTextNextRow(csv.get(), nullptr), 1);
+  EXPECT_EQ(Fields(csv), "a;b| lead||say \"hi\"|two\nlines|");
+  Error error;
+  fields[1] = nullptr;
+  EXPECT_EQ(qncCsvTextWriteRow(fields, 5, ';', error.Out()), nullptr);
+  EXPECT_EQ(error.Text(), "87: Quarn: an argument is null");
+}
