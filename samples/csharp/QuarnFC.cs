@@ -190,6 +190,21 @@ public static class QuarnNative
     public static extern IntPtr qncCsvTextWriteRow(IntPtr[] fields, UIntPtr count, byte delimiter,
         out IntPtr error);
 
+    // --- HTTP in one call ---
+    [DllImport(Dll)]
+    public static extern IntPtr qncHttpSend(byte[] verb, byte[] url, byte[] headers, byte[] body,
+        UIntPtr size, uint deadline, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncHttpGet(byte[] url, uint deadline, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncHttpDownload(byte[] url, byte[] path, uint deadline,
+        out IntPtr error);
+    [DllImport(Dll)] public static extern void qncHttpFree(IntPtr response);
+    [DllImport(Dll)] public static extern int qncHttpStatus(IntPtr response);
+    [DllImport(Dll)] public static extern IntPtr qncHttpBody(IntPtr response, out UIntPtr size);
+    [DllImport(Dll)]
+    public static extern IntPtr qncHttpHeader(IntPtr response, byte[] name, out IntPtr error);
+
     // --- Zones ---
     [DllImport(Dll)] public static extern int qncGaussZone(double longitude, int width);
     [DllImport(Dll)] public static extern double qncCentralMeridian(int zone, int width);

@@ -115,6 +115,14 @@ FUNCTIONS = {
     "qncCsvTextCount": (_INT, [_HANDLE]),
     "qncCsvTextField": (_TEXT, [_HANDLE, _INT, _SIZE_OUT]),
     "qncCsvTextWriteRow": (_BUFFER, [ctypes.POINTER(_TEXT), _SIZE, ctypes.c_char, _ERROR]),
+    "qncHttpSend": (
+        _HANDLE, [_TEXT, _TEXT, _TEXT, _TEXT, _SIZE, ctypes.c_uint, _ERROR]),
+    "qncHttpGet": (_HANDLE, [_TEXT, ctypes.c_uint, _ERROR]),
+    "qncHttpDownload": (_HANDLE, [_TEXT, _TEXT, ctypes.c_uint, _ERROR]),
+    "qncHttpFree": (None, [_HANDLE]),
+    "qncHttpStatus": (_INT, [_HANDLE]),
+    "qncHttpBody": (_BUFFER, [_HANDLE, _SIZE_OUT]),
+    "qncHttpHeader": (_BUFFER, [_HANDLE, _TEXT, _ERROR]),
     "qncGaussZone": (_INT, [_DOUBLE, _INT]),
     "qncCentralMeridian": (_DOUBLE, [_INT, _INT]),
     "qncUtmZone": (_INT, [_DOUBLE, _DOUBLE]),
@@ -122,7 +130,8 @@ FUNCTIONS = {
     "qncSplitEasting": (_INT, [_DOUBLE, _INT_OUT, _DOUBLES, _INT_OUT]),
     "qncGeographicFromEpsg": (_HANDLE, [_INT, _ERROR]),
     "qncTransverseMercatorFromEpsg": (_HANDLE, [_INT, _ERROR]),
-    "qncTransverseMercatorNew": (_HANDLE, [_HANDLE, _DOUBLE, _DOUBLE, _DOUBLE, _DOUBLE, _DOUBLE, _ERROR]),
+    "qncTransverseMercatorNew": (
+        _HANDLE, [_HANDLE, _DOUBLE, _DOUBLE, _DOUBLE, _DOUBLE, _DOUBLE, _ERROR]),
     "qncTransverseMercatorFree": (None, [_HANDLE]),
     "qncTransverseMercatorParameters": (
         _INT, [_HANDLE, _DOUBLES, _DOUBLES, _DOUBLES, _DOUBLES, _DOUBLES]),
@@ -211,3 +220,23 @@ class Library:
 
     def md5(self, data):
         return self.text(self.call("qncMd5", data, len(data)))
+
+    def digest(self, kind, pieces, key=b""):
+        """The digest of a message in pieces, as hexadecimal digits; kind is a QNC_DIGEST_..."""
+        digest = self.call("qncDigestNew", kind, key, len(key))
+        try:
+            for piece in pieces:
+                self._module.qncDigestUpdate(digest, piece, len(piece))
+            return self.text(self.call("qncDigestFinish", digest))
+        finally:
+            self._module.qncDigestFree(digest)
+
+    def get(self, url, deadline=0):
+        """Status and body of a resource; deadline in milliseconds, 0 for none."""
+        response = self.call("qncHttpGet", url.encode("utf-8"), deadline)
+        try:
+            size = ctypes.c_size_t()
+            body = self._module.qncHttpBody(response, ctypes.byref(size))
+            return self._module.qncHttpStatus(response), ctypes.string_at(body, size.value)
+        finally:
+            self._module.qncHttpFree(response)

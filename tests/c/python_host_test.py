@@ -4,10 +4,12 @@
 import csv
 import ctypes
 import hashlib
+import http.server
 import io
 import os
 import subprocess
 import sys
+import threading
 import unittest
 
 LIBRARY_PATH, PROJECT = sys.argv[1:3]
@@ -78,6 +80,54 @@ class Codecs(unittest.TestCase):
         buffer = library.call("qncBase64Decode", b"AAECAw==", ctypes.byref(size))
         self.assertEqual(ctypes.string_at(buffer, size.value), b"\0\1\2\3")
         library.qnFreeMem(buffer)
+
+
+class Additions(unittest.TestCase):
+    def test_digest_of_pieces_is_pythons_own(self):
+        pieces = [bytes(range(256)), b"", b"\0" * 1000]
+        self.assertEqual(library.digest(2, pieces), hashlib.sha256(b"".join(pieces)).hexdigest())
+
+    def test_exact_projection_of_the_districts_comes_back(self):
+        points = [(float(row["longitude"]), float(row["latitude"])) for row in expected_rows()]
+        flat = (ctypes.c_double * (2 * len(points)))(*(x for point in points for x in point))
+        system = library.call("qncTransverseMercatorFromEpsg", 4526)
+        library.qncTransverseMercatorForward(system, flat, flat, len(points))
+        self.assertTrue(all(30e6 < east < 46e6 for east in flat[0::2]))
+        library.qncTransverseMercatorInverse(system, flat, flat, len(points))
+        library.qncTransverseMercatorFree(system)
+        for (lon, lat), lon2, lat2 in zip(points, flat[0::2], flat[1::2]):
+            self.assertAlmostEqual(lon, lon2, places=9)
+            self.assertAlmostEqual(lat, lat2, places=9)
+
+    def test_csv_with_semicolons_is_read_as_pythons_own_reader_does(self):
+        text = 'a;"b;\n""c"""\n1;2\n'
+        csv_text = library.call("qncCsvTextFromMemory", text.encode(), len(text), b";")
+        rows = []
+        while library.call("qncCsvTextNextRow", csv_text) == 1:
+            rows.append([library.qncCsvTextField(csv_text, i, None).decode()
+                         for i in range(library.qncCsvTextCount(csv_text))])
+        library.qncCsvTextClose(csv_text)
+        self.assertEqual(rows, list(csv.reader(io.StringIO(text), delimiter=";")))
+
+    def test_call_to_a_port_without_a_server_raises(self):
+        with self.assertRaises(QuarnError) as raised:
+            library.get("http://127.0.0.1:1/", deadline=5000)
+        self.assertEqual(raised.exception.code, 12029)
+
+    def test_call_brings_status_and_body(self):
+        class Handler(http.server.BaseHTTPRequestHandler):
+            def do_GET(self):
+                self.send_response(404)
+                self.end_headers()
+                self.wfile.write(b"\0no")
+
+            def log_message(self, *_):
+                pass
+
+        with http.server.HTTPServer(("127.0.0.1", 0), Handler) as server:
+            threading.Thread(target=server.handle_request).start()
+            url = f"http://127.0.0.1:{server.server_port}/x"
+            self.assertEqual(library.get(url, deadline=20000), (404, b"\0no"))
 
 
 class Sample(unittest.TestCase):

@@ -28,6 +28,7 @@
 #include <quarnfc/c/csv_text.h>
 #include <quarnfc/c/digest.h>
 #include <quarnfc/c/geodesy.h>
+#include <quarnfc/c/http.h>
 #include <quarnfc/c/json.h>
 #include <quarnfc/c/json_text.h>
 #include <quarnfc/c/transverse_mercator.h>
