@@ -28,9 +28,9 @@ using quarnfc::ext::JsonTextError;
 using quarnfc::ext::JsonTextNode;
 
 Failure RefusedText(const JsonTextError& error) {
-  CQNString message;
-  message.Format("Quarn: line %zu, column %zu: %s", error.line, error.column, error.Message());
-  return Failure(QNC_ERROR_INVALID_DATA, message);
+  const std::string message = "Quarn: line " + std::to_string(error.line) + ", column " +
+                              std::to_string(error.column) + ": " + error.Message();
+  return Failure(QNC_ERROR_INVALID_DATA, message.c_str());
 }
 
 QncJsonText* Parse(std::string_view text, size_t* offset) {
