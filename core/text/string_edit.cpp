@@ -169,7 +169,8 @@ int CQNString::Replace(char oldChar, char newChar) {
 
 int CQNString::Replace(const char* oldText, const char* newText) {
   const int old_length = TextLength(oldText);
-  if (old_length == 0) return 0;
+  // All empty strings are one buffer: a new text may point into this one and a copy would, too.
+  if (old_length == 0 || GetLength() == 0) return 0;
   if (newText == nullptr) newText = "";
   if (PointsInto(*this, oldText)) return Replace(CQNString(oldText, old_length), newText);
   if (PointsInto(*this, newText)) return Replace(oldText, CQNString(newText, TextLength(newText)));

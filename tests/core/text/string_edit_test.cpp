@@ -197,6 +197,14 @@ TEST(StringEdit, ReplaceFindsCharactersAsAWalkDoes) {
   }
 }
 
+TEST(StringEdit, ReplaceInAnEmptyStringTakesAnEmptyStringAsItsNewText) {
+  CQNString text;
+  const CQNString nothing;
+  EXPECT_EQ(text.Replace("a", nothing), 0);
+  EXPECT_EQ(text.Replace("a", text), 0);
+  EXPECT_EQ(text.GetLength(), 0);
+}
+
 TEST(StringEdit, ReplaceByTheSameCharacterDoesNotUnshare) {
   CQNString text("abc");
   CQNString copy(text);
