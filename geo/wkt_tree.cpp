@@ -15,7 +15,10 @@ namespace {
 // The components of a path, trimmed, without empty ones.
 class PathComponents {
  public:
-  explicit PathComponents(const char* path) {
+  PathComponents() = default;
+
+  // By way of the default constructor: what there is of the pieces goes when one cannot be had.
+  explicit PathComponents(const char* path) : PathComponents() {
     QNStringUtils::SplitStr(path, '\\', names_);
     QNStringUtils::AdjustStrArr(names_, true, true);
   }

@@ -79,19 +79,28 @@ std::unique_ptr<CMyJsonValue> ReadObject(const char* text, CQNString& error) {
 
 bool CMyJsonValue::Load(const char* text, CQNString& error) {
   CMyJsonValue old;
-  imp_->array.swap(old.imp_->array);
-  std::swap(imp_->object, old.imp_->object);
-  imp_->type = eEmpty;
-  return LoadContent(text, *imp_, error);
+  const auto exchange = [&] {
+    imp_->array.swap(old.imp_->array);
+    std::swap(imp_->object, old.imp_->object);
+    std::swap(imp_->type, old.imp_->type);
+  };
+  exchange();
+  try {
+    return LoadContent(text, *imp_, error);
+  } catch (...) {
+    exchange();
+    throw;
+  }
 }
 
 bool CMyJsonObj::Load(const char* text) {
   CQNString error;
   const std::unique_ptr<CMyJsonValue> loaded = ReadObject(text, error);
+  quarnfc::json::SharedText message(
+      std::string_view(error, static_cast<std::size_t>(error.GetLength())));
   CMyJsonObj old;
   quarnfc::json::SwapMembers(*imp_, *old.imp_);
   if (loaded != nullptr) quarnfc::json::SwapMembers(*imp_, *loaded->ValueObj()->imp_);
-  imp_->error = quarnfc::json::SharedText(
-      std::string_view(error, static_cast<std::size_t>(error.GetLength())));
+  imp_->error = std::move(message);
   return loaded != nullptr;
 }

@@ -18,6 +18,9 @@ BSTR AllocSystemString(const wchar_t* source, unsigned int length);
 // old string kept, under the conditions above.
 bool ReallocSystemString(BSTR& string, const wchar_t* source, unsigned int length);
 
+// Releases a string; null is ignored.
+void FreeSystemString(BSTR string) noexcept;
+
 }  // namespace quarnfc::platform
 
 #endif  // QUARNFC_PLATFORM_SYSTEM_STRING_H_

@@ -69,9 +69,12 @@ CQNString::CQNString(const char* text, int length) : CQNString() {
 }
 
 CQNString::~CQNString() {
-  ReleaseStringBuffer(Text());
+  if (cell_ == nullptr) return;
+  ReleaseStringBuffer(*cell_);
   quarnfc::FreeNode(cell_, sizeof(char*));
 }
+
+void CQNString::MakeCell() const { cell_ = NewCell(EmptyBuffer()); }
 
 // --- observers ----------------------------------------------------------------------------------
 

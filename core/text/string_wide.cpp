@@ -6,6 +6,7 @@
 #include <climits>
 #include <cstring>
 #include <new>
+#include <optional>
 
 #include "core/memory/memory.h"
 #include "core/text/string_buffer.h"
@@ -52,8 +53,18 @@ void AssignWide(char*& text, const wchar_t* source) {
   quarnfc::SetStringLength(text, count == 0 ? 0 : static_cast<int>(std::strlen(text)));
 }
 
-int WideCount(const char* text, int length) {
-  return ToUtf16(Encoding::kAnsi, text, length, nullptr, 0);
+// The units that text takes; empty when the converter fails, which it does for an empty text, too.
+std::optional<unsigned int> WideCount(const char* text, int length) {
+  const int count = ToUtf16(Encoding::kAnsi, text, length, nullptr, 0);
+  if (count == 0 && length > 0) return std::nullopt;
+  return static_cast<unsigned int>(count);
+}
+
+// Whether the text is now in the system string, which has room for exactly that.
+bool Fill(BSTR system_string, const char* text, int length, unsigned int count) {
+  if (count == 0) return true;
+  const int capacity = static_cast<int>(count);
+  return ToUtf16(Encoding::kAnsi, text, length, system_string, capacity) == capacity;
 }
 
 // The texts are thrown as char*, so they are not constants.
@@ -77,20 +88,22 @@ const CQNString& CQNString::operator=(const wchar_t* text) {
 }
 
 BSTR CQNString::AllocSysString() const {
-  const int count = WideCount(Text(), GetLength());
-  BSTR system_string =
-      quarnfc::platform::AllocSystemString(nullptr, static_cast<unsigned int>(count));
+  const auto count = WideCount(Text(), GetLength());
+  BSTR system_string = count ? quarnfc::platform::AllocSystemString(nullptr, *count) : nullptr;
   if (system_string == nullptr) throw static_cast<char*>(g_alloc_failed);
-  if (count > 0) ToUtf16(Encoding::kAnsi, Text(), GetLength(), system_string, count);
-  return system_string;
+  if (Fill(system_string, Text(), GetLength(), *count)) return system_string;
+  quarnfc::platform::FreeSystemString(system_string);
+  throw static_cast<char*>(g_alloc_failed);
 }
 
+// A converter that fails behind its own count, which none is known to do, leaves *target of the new
+// length but with any text.
 BSTR CQNString::SetSysString(BSTR* target) const {
-  const int count = WideCount(Text(), GetLength());
-  if (target == nullptr ||
-      !quarnfc::platform::ReallocSystemString(*target, nullptr, static_cast<unsigned int>(count))) {
+  const auto count = WideCount(Text(), GetLength());
+  if (target == nullptr || !count ||
+      !quarnfc::platform::ReallocSystemString(*target, nullptr, *count) ||
+      !Fill(*target, Text(), GetLength(), *count)) {
     throw static_cast<char*>(g_realloc_failed);
   }
-  if (count > 0) ToUtf16(Encoding::kAnsi, Text(), GetLength(), *target, count);
   return *target;
 }

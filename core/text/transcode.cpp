@@ -11,7 +11,8 @@ namespace {
 
 using platform::kTerminated;
 
-// The units of a conversion, which is never empty: the terminator is one of them.
+// The units of a conversion, which is never empty: the terminator is one of them. The converter may
+// fail with either call: what it then leaves in a buffer is no text.
 int Checked(int count) {
   if (count < 1) throw std::bad_alloc();
   return count;
@@ -35,10 +36,14 @@ WideScratch::WideScratch(Encoding from, const char* text)
       pool_(PoolFor(count_)),
       units_(pool_ != nullptr ? static_cast<wchar_t*>(pool_->Alloc())
                               : AllocWideChars(static_cast<std::size_t>(count_))) {
-  platform::ToUtf16(from, text, kTerminated, units_, count_);
+  if (platform::ToUtf16(from, text, kTerminated, units_, count_) > 0) return;
+  Release();
+  throw std::bad_alloc();
 }
 
-WideScratch::~WideScratch() {
+WideScratch::~WideScratch() { Release(); }
+
+void WideScratch::Release() {
   if (pool_ != nullptr) {
     pool_->Free(units_);
   } else {
@@ -50,7 +55,7 @@ OwnedWideText ToWide(Encoding from, const char* text) {
   if (text == nullptr) return nullptr;
   const int count = WideCount(from, text);
   OwnedWideText wide(AllocWideChars(static_cast<std::size_t>(count)));
-  platform::ToUtf16(from, text, kTerminated, wide.get(), count);
+  Checked(platform::ToUtf16(from, text, kTerminated, wide.get(), count));
   return wide;
 }
 
@@ -58,7 +63,7 @@ OwnedText FromWide(Encoding to, const wchar_t* text) {
   if (text == nullptr) return nullptr;
   const int count = Checked(platform::FromUtf16(to, text, kTerminated, nullptr, 0));
   OwnedText bytes(AllocChars(static_cast<std::size_t>(count)));
-  platform::FromUtf16(to, text, kTerminated, bytes.get(), count);
+  Checked(platform::FromUtf16(to, text, kTerminated, bytes.get(), count));
   return bytes;
 }
 

@@ -35,6 +35,8 @@ class WideScratch {
   std::span<wchar_t> Units() { return {units_, static_cast<std::size_t>(count_ - 1)}; }
 
  private:
+  void Release();
+
   int count_;  // with the terminator
   CQNFixedAlloc* pool_;
   wchar_t* units_;

@@ -9,7 +9,8 @@
 // Memory stays constant whatever the size of the file: lines are cut in one buffer of the size of
 // the file, and of 409,600 bytes at most, which is also the longest line that can be read.
 //
-// Errors: a false result and a message (GetLastError); std::bad_alloc when memory is exhausted.
+// Errors: a false result and a message (GetLastError); std::bad_alloc when memory is exhausted:
+// a row that it cut off is passed over, GoToFirstRow starts again.
 // Threads: one thread at a time uses a reader and its copies.
 //
 // Implemented in io: csv_reader.cpp, csv_row.cpp (fields) and line_source.cpp (lines).

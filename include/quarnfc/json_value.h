@@ -11,8 +11,9 @@
 //
 // Threads: a value and everything below it are used by one thread at a time.
 //
-// Errors: refusals are false results. Everything that allocates may throw std::bad_alloc. Nesting
-// may be as deep as memory allows: no member uses stack in proportion to it.
+// Errors: refusals are false results. Everything that allocates may throw std::bad_alloc; the value
+// is then as it was, but for elements that were spliced in before. Nesting may be as deep as memory
+// allows: no member uses stack in proportion to it.
 //
 // Misuse to avoid: handing over a value or object twice, or one that a tree already owns (it would
 // be destroyed twice; hand over a Clone instead); handing a value to itself or to something below

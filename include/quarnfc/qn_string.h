@@ -78,7 +78,6 @@ class QN_API CQNString {
   // Conversion of exactly length UTF-16 units; empty when length is below 1 or text is null.
   CQNString(const wchar_t* text, int length);
 
-  // Releases the buffer; the last string that shares it frees it. Pointers into it end here.
   // A copy of the bytes of a std::string or std::string_view, embedded zeros included. Explicit, so
   // that no call of a host becomes ambiguous. std::bad_alloc from 2 GiB.
   template <class View, quarnfc::overloads::IfView<View> = 0>
@@ -86,10 +85,12 @@ class QN_API CQNString {
       : CQNString(std::string_view(text).data(),
                   quarnfc::overloads::CheckedLength(std::string_view(text).size())) {}
 
-  // Takes the buffer of other, also a locked one; other is empty afterwards. Does not throw: when
-  // not even the few bytes of an empty string can be had the program ends.
-  CQNString(CQNString&& other) noexcept : CQNString() { std::swap(cell_, other.cell_); }
+  // Takes the buffer of other, also a locked one; other is empty afterwards. Allocates nothing, so
+  // that arrays of strings grow without a copy; the few bytes that every string has are allocated
+  // when other is used again.
+  CQNString(CQNString&& other) noexcept : cell_(std::exchange(other.cell_, nullptr)) {}
 
+  // Releases the buffer; the last string that shares it frees it. Pointers into it end here.
   ~CQNString();
 
   // --- observers ----------------------------------------------------------------------------
@@ -133,9 +134,6 @@ class QN_API CQNString {
   // so assigning it copies and this string keeps its buffer.
   const CQNString& operator=(const CQNString& other);
 
-  // Copies a zero-terminated text, which may be part of this string; null gives the empty text. A
-  // buffer that is not shared and large enough is used again, so the capacity stays.
-
   // The same, without throwing: when memory is exhausted the two strings change places instead.
   CQNString& operator=(CQNString&& other) noexcept {
     try {
@@ -146,6 +144,8 @@ class QN_API CQNString {
     return *this;
   }
 
+  // Copies a zero-terminated text, which may be part of this string; null gives the empty text. A
+  // buffer that is not shared and large enough is used again, so the capacity stays.
   const CQNString& operator=(const char* text);
 
   // Makes ch the whole text. The zero character gives a text of one zero byte.
@@ -431,11 +431,15 @@ class QN_API CQNString {
   void FormatV(const char* format, va_list args);
 
  private:
-  char*& Text() const { return *cell_; }
+  char*& Text() const {
+    if (cell_ == nullptr) MakeCell();
+    return *cell_;
+  }
+  void MakeCell() const;
 
-  // The cell that holds the pointer to the characters. Keeping it apart keeps the object one
-  // pointer wide whatever the buffer does.
-  char** cell_;
+  // The cell that holds the pointer to the characters; null behind a move. Keeping it apart keeps
+  // the object one pointer wide whatever the buffer does.
+  mutable char** cell_;
 };
 
 // Comparison operators, by Compare, in the forms string-string, string-text and text-string.

@@ -63,6 +63,8 @@ bool ReallocSystemString(BSTR& string, const wchar_t* source, unsigned int lengt
   return true;
 }
 
+void FreeSystemString(BSTR string) noexcept { SysFreeString(string); }
+
 }  // namespace quarnfc::platform
 
 unsigned int SysStringLen(BSTR string) {

@@ -15,4 +15,6 @@ bool ReallocSystemString(BSTR& string, const wchar_t* source, unsigned int lengt
   return SysReAllocStringLen(&string, source, length) != 0;
 }
 
+void FreeSystemString(BSTR string) noexcept { SysFreeString(string); }
+
 }  // namespace quarnfc::platform

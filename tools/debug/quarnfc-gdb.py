@@ -58,6 +58,8 @@ def zero_terminated(pointer):
 
 def string_text(value):
     """The text of a CQNString: its length stands in the two words before the characters."""
+    if int(value["cell_"]) == 0:  # moved from
+        return '""'
     characters = int(value["cell_"].dereference())
     length = int.from_bytes(read(characters - 8, 4), "little", signed=True)
     if not 0 <= length < 1 << 31:
