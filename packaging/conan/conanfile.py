@@ -3,7 +3,7 @@
 import os
 
 from conan import ConanFile
-from conan.tools.cmake import CMake, CMakeToolchain, cmake_layout
+from conan.tools.cmake import CMake, CMakeDeps, CMakeToolchain, cmake_layout
 from conan.tools.files import copy
 
 required_conan_version = ">=2.0"
@@ -21,10 +21,17 @@ class QuarnFCRecipe(ConanFile):
         root = os.path.join(self.recipe_folder, "..", "..")
         copy(self, "*", root, self.export_sources_folder, excludes=("build/*", ".git/*"))
 
+    def requirements(self):
+        # Off Windows the HTTP client stands on these.
+        if self.settings.os != "Windows":
+            self.requires("libcurl/[>=7.88 <9]", options={"with_ssl": "openssl"})
+            self.requires("openssl/[>=3 <4]")
+
     def layout(self):
         cmake_layout(self)
 
     def generate(self):
+        CMakeDeps(self).generate()
         toolchain = CMakeToolchain(self)
         for part in ("TESTS", "TOOLS", "SAMPLES"):
             toolchain.cache_variables["QUARNFC_BUILD_" + part] = "OFF"

@@ -13,6 +13,11 @@ function basename(path) {
 
 function end_example() {
   if (in_example) print "}\n" > out
+  if (statement != "") {
+    print basename(header) ": an example ends within a statement: " statement > "/dev/stderr"
+    statement = ""
+    failed = 1
+  }
   in_example = 0
 }
 

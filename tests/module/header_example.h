@@ -16,6 +16,11 @@
 #include <oleauto.h>
 #endif
 
+#include <quarnfc/ext/json_access.h>
+#include <quarnfc/ext/owners.h>
+#include <quarnfc/ext/ranges.h>
+#include <quarnfc/ext/system_string.h>
+
 namespace header_example {
 
 // Whether an expression has the value that the example states. Texts are compared, not pointers.

@@ -11,6 +11,11 @@ list(REMOVE_ITEM headers ${export_header})
 # Names of the platform, which the examples of the HTTP client use.
 list(FILTER headers EXCLUDE REGEX "/internet_api\\.h$")
 
+# The additions whose examples say what comes out.
+foreach(name json_access owners ranges system_string)
+  list(APPEND headers "${PROJECT_SOURCE_DIR}/include/quarnfc/ext/${name}.h")
+endforeach()
+
 # These need a server, or leave something behind beside the library.
 set(compiled_headers ${headers})
 set(compiled_only crash_dump internet internet_exception internet_file)

@@ -17,8 +17,7 @@
 //   error.Code();                                                             // == 2u
 //   error.Message().empty();                                                  // == false
 //   const OwnedBuffer<char> joined(qnUnionPath("C:\\maps", "a.json"));
-//   joined.get();                                                             // ==
-//   "C:\\maps\\a.json"
+//   joined.get();    // == "C:\\maps\\a.json"
 #ifndef QUARNFC_EXT_OWNERS_H_
 #define QUARNFC_EXT_OWNERS_H_
 
