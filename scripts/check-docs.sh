@@ -3,7 +3,8 @@
 # Checks the documentation: links lead to files, Chinese pages have the contents and the code of
 # their English ones, pages of families start with code, and every public function is named on a
 # page. Prints how many there are.
-# Usage: check-docs.sh [REFERENCE]    the folder of Doxygen's XML; without it functions are not counted
+# Usage: check-docs.sh [REFERENCE]      the folder of Doxygen's XML; without it functions are not counted
+#        check-docs.sh --links FOLDER   only the links, of the pages in another folder
 set -euo pipefail
 source "$(dirname "$0")/lib.sh"
 
@@ -16,7 +17,11 @@ complain() {
   failed=1
 }
 
-mapfile -t pages < <(git ls-files --cached --others --exclude-standard '*.md')
+if [ "${1:-}" = --links ]; then
+  mapfile -t pages < <(find "$2" -name '*.md')
+else
+  mapfile -t pages < <(git ls-files --cached --others --exclude-standard '*.md')
+fi
 
 # The targets of the links of a page, without code and without addresses of the web.
 links_of() {
@@ -112,6 +117,7 @@ check_functions() {
 }
 
 check_links
+[ "${1:-}" != --links ] || exit "$failed"
 check_translations
 check_families
 [ $# -eq 0 ] || check_functions "$1"

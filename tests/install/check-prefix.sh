@@ -42,6 +42,15 @@ check_pkg_config() {
   run "$target" "$work/by_hand/host"
 }
 
+# Links of the documentation lead to files that are installed, too.
+check_documentation() {
+  local folder
+  folder=$(dirname "$(find "$prefix" -name README.zh-CN.md)")
+  quiet "$source/scripts/check-docs.sh" --links "$folder"
+  echo "ok: links of the documentation"
+}
+
 forgets_paths -I "$prefix"
+check_documentation
 check_cmake
 check_pkg_config
