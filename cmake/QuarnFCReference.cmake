@@ -18,6 +18,7 @@ add_custom_command(
   COMMAND "${QUARNFC_DOXYGEN}" "${PROJECT_BINARY_DIR}/Doxyfile"
   DEPENDS ${headers} "${PROJECT_BINARY_DIR}/Doxyfile"
           "${PROJECT_SOURCE_DIR}/docs/doxygen-comments.awk"
+          "${PROJECT_SOURCE_DIR}/docs/reference.dox"
   COMMENT "Writing the reference"
   VERBATIM)
 set(all)
