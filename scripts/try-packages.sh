@@ -15,9 +15,12 @@ compgen -G "$packages/libquarnfc1_*.deb" >/dev/null || die "scripts/package.sh c
 root=$(realpath -m "$1")
 case $root/ in "$project"/*) die "$root lies in the tree" ;; esac
 
-# inside COMMAND...: in the other system, which knows nothing of the environment here.
+# inside COMMAND...: in the other system, which knows nothing of the environment here. Wine looks into
+# /proc; it is mounted for the command alone.
 inside() {
-  chroot "$root" /usr/bin/env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LC_ALL=C.UTF-8 \
+  # shellcheck disable=SC2016  # the inner shell expands them
+  unshare --mount sh -c 'mount -t proc proc "$0/proc" && exec chroot "$0" "$@"' "$root" \
+    /usr/bin/env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LC_ALL=C.UTF-8 \
     DEBIAN_FRONTEND=noninteractive WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= "$@"
 }
 
@@ -63,6 +66,7 @@ try_windows() {
   folder=$(cd "$root/zip" && echo quarnfc-*)
   # A stranger copies the tool-chain file, as the documentation says.
   cp "$project/cmake/toolchain-mingw-w64.cmake" "$root/hosts"
+  logged try-wineboot inside wineboot --init
   build_and_run windows wine -- -DCMAKE_TOOLCHAIN_FILE=/hosts/toolchain-mingw-w64.cmake \
     "-DQuarnFC_DIR=/zip/$folder/lib/cmake/QuarnFC"
 }
