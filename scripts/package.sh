@@ -16,6 +16,10 @@ if [ -z "${SOURCE_DATE_EPOCH:-}" ]; then
 fi
 export SOURCE_DATE_EPOCH
 export LC_ALL=C TZ=UTC
+# Settings of the compiler cache that leave relative paths, or those of another folder, in debug
+# information.
+export CCACHE_BASEDIR='' CCACHE_HASHDIR=1
+unset CCACHE_NOHASHDIR
 umask 022
 
 # make_packages windows|linux: the files that cpack makes are put in $packages.
