@@ -171,7 +171,8 @@ void GeoSystem::TakeWkt(const std::string& path) {
     ellipsoid_ = system.ellipsoid;
     parameters_ = system.parameters;
     unit_ = system.unit;
-    if (!system.projected) kind_ = Kind::kLonLat;
+    if (system.kind == ext::SystemKind::kGeographic) kind_ = Kind::kLonLat;
+    if (system.kind == ext::SystemKind::kWebMercator) kind_ = Kind::kWebMercator;
   } catch (const Failure& failure) {
     throw Failure(DisplayText(path) + ": " + failure.what());
   }
