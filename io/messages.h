@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
-// Messages of the CSV reader: code page 936 bytes, written so that every compiler stores the same,
+// Messages of files and of the CSV reader: the latter code page 936 bytes, written so that every compiler stores the same,
 // each with its text and meaning.
 #ifndef QUARNFC_IO_MESSAGES_H_
 #define QUARNFC_IO_MESSAGES_H_
 
 namespace quarnfc::io {
+
+// The path; the system's error.
+constexpr char kCannotSave[] = "Quarn: Can't save %s, error: 0x%X";
 
 // "打开 %s 失败，错误码: %d": opening %s failed, error code: %d. The path; the last error.
 constexpr char kCsvOpenFailed[] =

@@ -33,6 +33,14 @@ int ToUtf16(Encoding from, const char* source, int length, wchar_t* destination,
 // question mark (kAnsi), half a surrogate pair U+FFFD (kUtf8).
 int FromUtf16(Encoding to, const wchar_t* source, int length, char* destination, int capacity);
 
+// The offset of the first byte that begins no character of the ANSI code page; length when every
+// byte belongs to one. length is at most INT_MAX.
+std::size_t FindInvalidAnsi(const char* source, std::size_t length);
+
+// The index of the first unit whose character the ANSI code page lacks, a best fit counting as
+// lacking; length when it has all. length is at most INT_MAX.
+std::size_t FindLostInAnsi(const wchar_t* source, std::size_t length);
+
 // Convert zero-terminated text between the ANSI and the OEM code page in place; the length stays.
 void ConvertAnsiToOem(char* text);
 void ConvertOemToAnsi(char* text);

@@ -27,6 +27,7 @@
 #include <quarnfc/error.h>
 #include <quarnfc/error_json.h>
 #include <quarnfc/export.h>
+#include <quarnfc/file_utils.h>
 #include <quarnfc/fixed_alloc.h>
 #include <quarnfc/geographic.h>
 #include <quarnfc/hmac_sha256.h>
@@ -49,6 +50,7 @@
 #include <quarnfc/string_arrays.h>
 #include <quarnfc/string_collection.h>
 #include <quarnfc/string_utils.h>
+#include <quarnfc/text_encoding.h>
 #include <quarnfc/time_utils.h>
 #include <quarnfc/url.h>
 #include <quarnfc/version.h>

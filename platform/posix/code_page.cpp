@@ -60,6 +60,25 @@ int FromUtf16(Encoding to, const wchar_t* source, int length, char* destination,
   });
 }
 
+std::size_t FindInvalidAnsi(const char* source, std::size_t length) {
+  const CodePage936& page = CodePage936::Instance();
+  const auto byte = [=](std::size_t i) { return static_cast<unsigned char>(source[i]); };
+  for (std::size_t i = 0; i < length; ++i) {
+    if (!CodePage936::IsLead(byte(i))) continue;
+    if (i + 1 == length || !page.Has(byte(i), byte(i + 1))) return i;
+    ++i;
+  }
+  return length;
+}
+
+std::size_t FindLostInAnsi(const wchar_t* source, std::size_t length) {
+  const CodePage936& page = CodePage936::Instance();
+  const wchar_t* const end = source + length;
+  const wchar_t* const lost = std::find_if(
+      source, end, [&](wchar_t unit) { return !page.Has(static_cast<char16_t>(unit)); });
+  return static_cast<std::size_t>(lost - source);
+}
+
 // ANSI and OEM are the same code page here.
 void ConvertAnsiToOem(char*) {}
 

@@ -25,6 +25,12 @@ class CodePage936 {
     return double_[PairIndex(lead, trail)] != kDefaultUnit;
   }
 
+  // Whether the code page has the character itself, not only one that fits best.
+  bool Has(char16_t unit) const {
+    const unsigned int code = code_[unit];
+    return unit == (code > 0xFF ? double_[PairIndex(code >> 8, code & 0xFF)] : single_[code]);
+  }
+
   // Converts to UTF-16; false when the output is full. A pair without a character is one question
   // mark; so is a lead byte at the end or in front of a zero byte.
   template <typename Output>

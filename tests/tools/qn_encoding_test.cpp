@@ -30,11 +30,11 @@ const Sample kSamples[] = {
     {std::string("\xFE\xFF\0a\x4E\x2D\xD8\x3D\xDE\x00", 10), {Charset::kUtf16Be, true}},
     {std::string("a\0\x2D\x4E\x3D\xD8\x00\xDE", 8), {Charset::kUtf16Le, false}},
     {std::string("\0a\x4E\x2D\xD8\x3D\xDE\x00", 8), {Charset::kUtf16Be, false}},
-    {"a\xD6\xD0", {Charset::kCodePage, false}},
+    {"a\xD6\xD0", {Charset::kAnsi, false}},
 };
 
 std::string TextOf(const Sample& sample) {
-  const bool whole = sample.encoding.charset != Charset::kCodePage;
+  const bool whole = sample.encoding.charset != Charset::kAnsi;
   return std::string("a\xE4\xB8\xAD") + (whole ? "\xF0\x9F\x98\x80" : "");
 }
 
@@ -78,7 +78,7 @@ TEST(QnEncoding, BytesThatAreNoTextAreRefusedUnlessAsked) {
     const char* message;
     const char* lossy;
   } cases[] = {
-      {"ab\xFF\xFF z", std::nullopt, "x: byte 2 is no text in code page, and the file is no UTF-8",
+      {"ab\xFE z", std::nullopt, "x: byte 2 is no text in code page, and the file is no UTF-8",
        nullptr},
       {"\xEF\xBB\xBF"
        "a\xD6z",
@@ -108,14 +108,14 @@ TEST(QnEncoding, BytesThatAreNoTextAreRefusedUnlessAsked) {
 }
 
 TEST(QnEncoding, CharactersThatTheCodePageLacksAreRefusedUnlessAsked) {
-  const Encoding code_page = {Charset::kCodePage, false};
+  const Encoding code_page = {Charset::kAnsi, false};
   EXPECT_THROW(qn::EncodeText("a\xF0\x9F\x98\x80", code_page, false), qn::Failure);
   EXPECT_EQ(qn::EncodeText("a\xF0\x9F\x98\x80\xE4\xB8\xAD", code_page, true), "a?\xD6\xD0");
 }
 
 TEST(QnEncoding, EncodingsHaveNames) {
   EXPECT_EQ(qn::EncodingFromName("utf-8-mark"), (Encoding{Charset::kUtf8, true}));
-  EXPECT_EQ(qn::EncodingFromName("code-page"), (Encoding{Charset::kCodePage, false}));
+  EXPECT_EQ(qn::EncodingFromName("code-page"), (Encoding{Charset::kAnsi, false}));
   EXPECT_THROW(qn::EncodingFromName("latin"), qn::UsageError);
   EXPECT_THROW(qn::EncodingFromName(""), qn::UsageError);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qn/console.h"
 
+#include <quarnfc/ext/text_conversion.h>
 #include <quarnfc/ext/utf8_text.h>
 
 #include <cstdio>
@@ -49,7 +50,7 @@ void PrintNote(std::string_view message) {
 bool FlushOutput() { return std::fflush(stdout) == 0 && std::ferror(stdout) == 0; }
 
 std::string LibraryText(std::string_view argument) {
-  std::optional<std::string> text = os::ToCodePage(argument);
+  std::optional<std::string> text = quarnfc::ext::StrictAnsiFromUtf8(argument);
   if (!text) {
     throw UsageError("'" + DisplayText(argument) + "' holds characters that the code page lacks");
   }
@@ -57,14 +58,8 @@ std::string LibraryText(std::string_view argument) {
 }
 
 std::string FromLibrary(std::string_view text) {
-  if (std::optional<std::string> whole = os::FromCodePage(text)) return *std::move(whole);
-  std::string shown;
-  while (!text.empty()) {
-    const std::size_t length = os::IsLeadByte(text[0]) && text.size() > 1 ? 2 : 1;
-    shown += os::FromCodePage(text.substr(0, length)).value_or("?");
-    text.remove_prefix(length);
-  }
-  return shown;
+  // The library reads every byte, and puts "?" where there is no character.
+  return quarnfc::ext::Utf8FromAnsi(text);
 }
 
 std::string PathForLibrary(const std::string& path) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qn/os.h"
 
-#include <quarnfc/ext/utf8_text.h>
+#include <quarnfc/ext/text_conversion.h>
 
 #if defined(_WIN32)
 #ifndef NOMINMAX
@@ -16,7 +16,6 @@
 #include <sys/stat.h>
 #else
 #include <fcntl.h>
-#include <iconv.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -39,39 +38,18 @@ namespace {
 
 HANDLE HandleOf(FILE* stream) { return reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream))); }
 
-// Converts with a function that is called twice, the first time for the length.
-template <class Text, class Convert>
-std::optional<Text> Converted(Convert convert) {
-  const int length = convert(nullptr, 0);
-  if (length <= 0) return std::nullopt;
-  Text text(static_cast<std::size_t>(length), typename Text::value_type());
-  return convert(text.data(), length) == length ? std::optional(std::move(text)) : std::nullopt;
+// qn's own text, which is UTF-8, for the system.
+std::wstring Widen(std::string_view text) {
+  const std::u16string utf16 = quarnfc::ext::Utf16FromUtf8(text);
+  return {utf16.begin(), utf16.end()};
 }
 
-std::optional<std::wstring> Widen(unsigned code_page, std::string_view text, unsigned flags) {
-  if (text.empty()) return std::wstring();
-  return Converted<std::wstring>([&](wchar_t* wide, int count) {
-    return MultiByteToWideChar(code_page, flags, text.data(), static_cast<int>(text.size()), wide,
-                               count);
-  });
-}
-
-std::wstring WidePath(const std::string& path) { return Widen(CP_UTF8, path, 0).value_or(L""); }
-
-std::string Utf8FromWide(std::wstring_view wide) {
-  std::string text;
-  for (std::size_t i = 0; i < wide.size(); ++i) {
-    char32_t ch = wide[i];
-    const bool paired = ch >= 0xD800 && ch < 0xDC00 && i + 1 < wide.size() &&
-                        wide[i + 1] >= 0xDC00 && wide[i + 1] < 0xE000;
-    if (paired) ch = 0x10000 + ((ch - 0xD800) << 10) + (wide[++i] - 0xDC00u);
-    quarnfc::ext::AppendUtf8(text, ch);
-  }
-  return text;
+std::string Utf8FromWide(const wchar_t* text) {
+  return quarnfc::ext::Utf8FromUtf16(quarnfc::ext::Utf16View(text));
 }
 
 void WriteToConsole(FILE* stream, std::string_view text) {
-  const std::wstring wide = Widen(CP_UTF8, text, 0).value_or(L"");
+  const std::wstring wide = Widen(text);
   std::fflush(stream);
   DWORD written = 0;
   WriteConsoleW(HandleOf(stream), wide.data(), static_cast<DWORD>(wide.size()), &written, nullptr);
@@ -114,73 +92,50 @@ bool WriteText(FILE* stream, std::string_view text, bool lossy) {
     WriteToConsole(stream, text);
     return true;
   }
-  std::optional<std::string> bytes = ToCodePage(text);
+  std::optional<std::string> bytes = quarnfc::ext::StrictAnsiFromUtf8(text);
   if (!bytes) {
     if (!lossy) return false;
-    const std::wstring wide = Widen(CP_UTF8, text, 0).value_or(L"");
-    bytes = Converted<std::string>([&](char* to, int count) {
-      return WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()), to, count,
-                                 nullptr, nullptr);
-    });
+    bytes = quarnfc::ext::AnsiFromUtf8(text);
   }
-  if (bytes) std::fwrite(bytes->data(), 1, bytes->size(), stream);
+  std::fwrite(bytes->data(), 1, bytes->size(), stream);
   return true;
 }
 
-bool IsLeadByte(char byte) { return IsDBCSLeadByte(static_cast<BYTE>(byte)) != 0; }
-
-std::optional<std::string> FromCodePage(std::string_view bytes) {
-  const std::optional<std::wstring> wide = Widen(CP_ACP, bytes, MB_ERR_INVALID_CHARS);
-  return wide ? std::optional(Utf8FromWide(*wide)) : std::nullopt;
+std::optional<std::string> LibraryPath(const std::string& path) {
+  return quarnfc::ext::StrictAnsiFromUtf8(path);
 }
-
-std::optional<std::string> ToCodePage(std::string_view text) {
-  if (text.empty()) return std::string();
-  const std::optional<std::wstring> wide = Widen(CP_UTF8, text, MB_ERR_INVALID_CHARS);
-  if (!wide) return std::nullopt;
-  // For the code page UTF-8 the strict form of the function does not exist, and nothing is lost.
-  if (GetACP() == CP_UTF8) return std::string(text);
-  BOOL lost = FALSE;
-  std::optional<std::string> bytes = Converted<std::string>([&](char* to, int count) {
-    return WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide->data(),
-                               static_cast<int>(wide->size()), to, count, nullptr, &lost);
-  });
-  return lost ? std::nullopt : bytes;
-}
-
-std::optional<std::string> LibraryPath(const std::string& path) { return ToCodePage(path); }
 
 FILE* OpenFile(const std::string& path, const char* mode) {
-  return _wfopen(WidePath(path).c_str(), Widen(CP_UTF8, mode, 0).value_or(L"rb").c_str());
+  return _wfopen(Widen(path).c_str(), Widen(mode).c_str());
 }
 
 unsigned long long FileSize(const std::string& path) {
   WIN32_FILE_ATTRIBUTE_DATA data;
-  if (!GetFileAttributesExW(WidePath(path).c_str(), GetFileExInfoStandard, &data)) return 0;
+  if (!GetFileAttributesExW(Widen(path).c_str(), GetFileExInfoStandard, &data)) return 0;
   return (static_cast<unsigned long long>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
 }
 
 bool IsSpecialFile(const std::string& path) {
-  const DWORD attributes = GetFileAttributesW(WidePath(path).c_str());
+  const DWORD attributes = GetFileAttributesW(Widen(path).c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DEVICE) != 0;
 }
 
 std::string ResolveLinks(const std::string& path) { return path; }
 
 FILE* CreateFileLike(const std::string& path, const std::string& /*like*/) {
-  const int file = _wopen(WidePath(path).c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY,
-                          _S_IREAD | _S_IWRITE);
+  const int file =
+      _wopen(Widen(path).c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
   return file < 0 ? nullptr : _fdopen(file, "wb");
 }
 
 bool RenameOver(const std::string& from, const std::string& to) {
-  return MoveFileExW(WidePath(from).c_str(), WidePath(to).c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+  return MoveFileExW(Widen(from).c_str(), Widen(to).c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
 }
 
-void RemoveFile(const std::string& path) { _wremove(WidePath(path).c_str()); }
+void RemoveFile(const std::string& path) { _wremove(Widen(path).c_str()); }
 
 void RemoveOnInterrupt(const std::string& path) {
-  const std::wstring wide = WidePath(path);
+  const std::wstring wide = Widen(path);
   if (wide.size() >= std::size(interrupt_path)) return;
   interrupt_path[wide.copy(interrupt_path, wide.size())] = L'\0';
   static const BOOL installed = SetConsoleCtrlHandler(RemoveInterrupted, TRUE);
@@ -199,22 +154,6 @@ long long SecondsOf(std::tm time) { return _mktime64(&time); }
 #else
 
 namespace {
-
-std::optional<std::string> Converted(const char* to, const char* from, std::string_view text) {
-  const iconv_t converter = iconv_open(to, from);
-  if (converter == reinterpret_cast<iconv_t>(-1)) return std::nullopt;
-  // No character of either grows to more than three times its bytes.
-  std::string result(text.size() * 3 + 1, '\0');
-  char* in = const_cast<char*>(text.data());
-  char* out = result.data();
-  std::size_t in_left = text.size();
-  std::size_t out_left = result.size();
-  const bool whole = iconv(converter, &in, &in_left, &out, &out_left) == 0 && in_left == 0;
-  iconv_close(converter);
-  if (!whole) return std::nullopt;
-  result.resize(result.size() - out_left);
-  return result;
-}
 
 char interrupt_path[4096];
 
@@ -244,19 +183,6 @@ bool IsTerminal(FILE* stream) { return isatty(fileno(stream)) != 0; }
 bool WriteText(FILE* stream, std::string_view text, bool /*lossy*/) {
   std::fwrite(text.data(), 1, text.size(), stream);
   return true;
-}
-
-bool IsLeadByte(char byte) {
-  const auto value = static_cast<unsigned char>(byte);
-  return value >= 0x81 && value <= 0xFE;
-}
-
-std::optional<std::string> FromCodePage(std::string_view bytes) {
-  return Converted("UTF-8", "CP936", bytes);
-}
-
-std::optional<std::string> ToCodePage(std::string_view text) {
-  return Converted("CP936", "UTF-8", text);
 }
 
 std::optional<std::string> LibraryPath(const std::string& path) { return path; }

@@ -5,7 +5,6 @@
 #ifndef QN_OS_H_
 #define QN_OS_H_
 
-#include <cstddef>
 #include <cstdio>
 #include <ctime>
 #include <optional>
@@ -27,15 +26,6 @@ bool IsTerminal(FILE* stream);
 // Writes text as the stream's reader expects it; see console.h. False, and nothing written, when
 // the text holds a character that the stream cannot carry and lossy is false.
 bool WriteText(FILE* stream, std::string_view text, bool lossy);
-
-// --- the code page ------------------------------------------------------------------------------
-
-// Whether a byte is the first of two.
-bool IsLeadByte(char byte);
-
-// From and to UTF-8. Nothing when a character has no counterpart.
-std::optional<std::string> FromCodePage(std::string_view bytes);
-std::optional<std::string> ToCodePage(std::string_view text);
 
 // --- files --------------------------------------------------------------------------------------
 

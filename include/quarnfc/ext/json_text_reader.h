@@ -44,6 +44,13 @@ enum class JsonFault {
   kDepth,           // more containers in one another than the limit allows
   kSize,            // more than 4,294,967,294 bytes
   kUnfinishedText,  // the text ends inside a string
+
+  // Of json_load.h, where the text goes into the document model:
+  kAnsi,          // bytes that are no text in the ANSI code page
+  kCodePage,      // a character that the ANSI code page lacks
+  kZero,          // a zero character, which no string of the model holds
+  kDuplicateKey,  // a key that its object holds already
+  kNumberRange,   // a number that no double comes near
 };
 
 // The fault in English, without the place; a constant of the program, in ASCII.
@@ -79,6 +86,16 @@ inline const char* MessageOf(JsonFault fault) {
       return "the text is too long";
     case JsonFault::kUnfinishedText:
       return "the string is not closed";
+    case JsonFault::kAnsi:
+      return "this is no text in the code page";
+    case JsonFault::kCodePage:
+      return "the code page lacks this character";
+    case JsonFault::kZero:
+      return "a zero character cannot be held";
+    case JsonFault::kDuplicateKey:
+      return "the key occurs twice in its object";
+    case JsonFault::kNumberRange:
+      return "the number is out of range";
   }
   return "";
 }

@@ -51,6 +51,16 @@ inline std::size_t Utf8CharLength(std::string_view text, std::size_t offset) {
   return follows(3) ? 4 : 0;
 }
 
+// The code point of the well-formed character at an offset; U+FFFD when there is none.
+inline char32_t Utf8CharAt(std::string_view text, std::size_t offset) {
+  const std::size_t length = Utf8CharLength(text, offset);
+  if (length == 0) return 0xFFFD;
+  const auto lead = static_cast<unsigned char>(text[offset]);
+  char32_t ch = length == 1 ? lead : lead & (0x7FU >> length);
+  for (std::size_t i = 1; i < length; ++i) ch = (ch << 6) | (text[offset + i] & 0x3FU);
+  return ch;
+}
+
 // The offset of the first byte that starts no well-formed character; text.size() when all do.
 inline std::size_t FindInvalidUtf8(std::string_view text) {
   std::size_t offset = 0;

@@ -112,7 +112,7 @@ int RunToJson(Arguments arguments) {
   options.ExpectPositional(0, 1);
   CsvInput input(options);
   ExpectDifferentNames(input.Header());
-  const Encoding encoding = {options.Has("ansi") ? Charset::kCodePage : Charset::kUtf8, false};
+  const Encoding encoding = {options.Has("ansi") ? Charset::kAnsi : Charset::kUtf8, false};
   Output output(options.Value("output", "-"));
   output.Write("[");
   CsvTextRow row;

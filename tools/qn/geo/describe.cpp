@@ -103,7 +103,7 @@ int RunInfo(Arguments arguments) {
   options.ExpectPositional(1, 1);
   const std::string& path = options.Positional()[0];
   const std::string wkt = DecodeDocument(ReadInput(path), DisplayText(path)).text;
-  const std::string ansi = EncodeText(wkt, {Charset::kCodePage, false}, true);
+  const std::string ansi = EncodeText(wkt, {Charset::kAnsi, false}, true);
   Geo geo;
   if (const auto message = ReadWktAsLibrary(geo, ansi)) throw Failure(FromLibrary(*message));
   Pro projected;

@@ -116,7 +116,7 @@ std::string LibraryTextOf(const std::string& bytes) {
   const Encoding encoding = DetectEncoding(bytes);
   if (!encoding.mark) return bytes.substr(0, bytes.find('\0'));
   const Document document = DecodeDocument(bytes, "", encoding, true);
-  return EncodeText(document.text, {Charset::kCodePage, false}, true);
+  return EncodeText(document.text, {Charset::kAnsi, false}, true);
 }
 
 std::string DescribeFault(const std::string& text, const LenientFault& fault) {

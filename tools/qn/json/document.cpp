@@ -41,7 +41,7 @@ Encoding JsonDocument::EncodingFor(const SaveOptions& options) const {
   if (told || IsAscii(json_.Text())) return encoding_;
   // The library's readers take text without mark for text in the code page.
   PrintNote(name_ + " was plain ASCII and is written in the code page now; --encoding chooses");
-  return {Charset::kCodePage, false};
+  return {Charset::kAnsi, false};
 }
 
 void JsonDocument::Save(const SaveOptions& options) const {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The one place where bytes of documents become text and text becomes bytes. Inside qn text is
+// Where bytes of documents become text and text becomes bytes, by the library. Inside qn text is
 // UTF-8; documents are UTF-8 with or without mark, UTF-16 with or without, or in the code page.
 //
 // Nothing is lost silently: what is no text in its encoding is refused, and so is a character that
@@ -7,21 +7,19 @@
 #ifndef QN_TEXT_ENCODING_H_
 #define QN_TEXT_ENCODING_H_
 
-#include <cstddef>
+#include <quarnfc/ext/encoded_text.h>
+
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace qn {
 
-enum class Charset { kUtf8, kUtf16Le, kUtf16Be, kCodePage };
-
-struct Encoding {
-  Charset charset = Charset::kUtf8;
-  bool mark = false;
-
-  bool operator==(const Encoding&) const = default;
-};
+using quarnfc::ext::Charset;
+using quarnfc::ext::DetectEncoding;
+using quarnfc::ext::IsAscii;
+using Encoding = quarnfc::ext::TextEncoding;
 
 // "UTF-8 with mark", "code page" ... for people.
 std::string NameOf(const Encoding& encoding);
@@ -30,48 +28,28 @@ std::string NameOf(const Encoding& encoding);
 // UsageError.
 Encoding EncodingFromName(std::string_view name);
 
-// The encoding of text by its mark or, without one, by what it holds: zero bytes in every other
-// place of its start mean UTF-16; what is well-formed UTF-8 is UTF-8; anything else is in the code
-// page.
-Encoding DetectEncoding(std::string_view bytes);
-
-// Whether the text is the same in UTF-8 and in the code page.
-bool IsAscii(std::string_view text);
-
 // Turns bytes into text piece by piece. The encoding is found with the first byte that tells it.
 class TextDecoder {
  public:
   // name is that of the document, for messages. A given encoding is taken as it is; a mark is then
   // skipped all the same.
   explicit TextDecoder(std::string name, std::optional<Encoding> encoding = std::nullopt,
-                       bool lossy = false);
+                       bool lossy = false)
+      : name_(std::move(name)), decoder_(encoding, lossy) {}
 
   // The text of the next bytes; what is cut at their end waits for the next. Throws Failure when
   // the bytes are no text; with lossy they become U+FFFD.
   std::string Decode(std::string_view bytes, bool last);
 
   // UTF-8 as long as nothing else is known.
-  Encoding Found() const { return encoding_.value_or(Encoding()); }
+  Encoding Found() const { return decoder_.Found(); }
 
   // Whether all text so far is ASCII, so that UTF-8 and the code page cannot be told apart.
-  bool OnlyAscii() const { return only_ascii_; }
+  bool OnlyAscii() const { return decoder_.OnlyAscii(); }
 
  private:
-  void Start();
-  void Settle(bool last);
-  std::size_t WholeLength(bool last) const;
-  std::string Take(std::size_t length);
-  std::string DecodePiece(std::string_view bytes) const;
-  std::string Replace(std::string_view bytes) const;
-
   std::string name_;
-  std::optional<Encoding> encoding_;
-  bool lossy_;
-  bool started_ = false;
-  bool settled_ = false;
-  bool only_ascii_ = true;
-  std::string pending_;
-  unsigned long long done_ = 0;  // bytes
+  quarnfc::ext::TextDecoder decoder_;
 };
 
 // A whole document.
