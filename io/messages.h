@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Messages of files and of the CSV reader: the latter code page 936 bytes, written so that every compiler stores the same,
-// each with its text and meaning.
+// Messages of files and of the CSV reader. Those of the reader are code page 936 bytes, written so
+// that every compiler stores the same, each with its text and meaning.
 #ifndef QUARNFC_IO_MESSAGES_H_
 #define QUARNFC_IO_MESSAGES_H_
 

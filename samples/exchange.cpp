@@ -14,7 +14,20 @@
 #include <iterator>
 #include <string>
 
-using namespace quarnfc::ext;
+using quarnfc::ext::EastNorth;
+using quarnfc::ext::Elements;
+using quarnfc::ext::ErrorHandle;
+using quarnfc::ext::JsonDocument;
+using quarnfc::ext::JsonFault;
+using quarnfc::ext::JsonTextError;
+using quarnfc::ext::LoadJsonUtf8;
+using quarnfc::ext::ReadWktSystem;
+using quarnfc::ext::SaveJson;
+using quarnfc::ext::TextDecoder;
+using quarnfc::ext::TransverseMercator;
+using quarnfc::ext::ValueOr;
+using quarnfc::ext::WktReport;
+using quarnfc::ext::WriteJson;
 
 namespace {
 

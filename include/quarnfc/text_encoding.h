@@ -3,8 +3,8 @@
 // conversion would lose. A zero byte or unit is a character as any other, and no terminator is read
 // or written.
 //
-// <quarnfc/ext/text_conversion.h> has the same in one call, with standard strings. The converters of
-// string_utils.h take zero-terminated text and have a convention of their own.
+// <quarnfc/ext/text_conversion.h> has the same in one call, with standard strings. The converters
+// of string_utils.h take zero-terminated text and have a convention of their own.
 //
 // Errors: std::bad_alloc for a text, or a result, of more than 2,147,483,647 bytes or units.
 // Threads: every function may be called from any thread; what it is given is the caller's.

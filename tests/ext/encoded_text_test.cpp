@@ -9,8 +9,16 @@
 
 namespace {
 
-using namespace quarnfc::ext;
-using namespace std::string_literals;
+using quarnfc::ext::ByteOrderMark;
+using quarnfc::ext::Charset;
+using quarnfc::ext::DetectEncoding;
+using quarnfc::ext::EncodeText;
+using quarnfc::ext::EncodeTextLossy;
+using quarnfc::ext::IsAscii;
+using quarnfc::ext::TextDecoder;
+using quarnfc::ext::TextEncoding;
+using quarnfc::ext::TextLoss;
+using std::string_literals::operator""s;
 
 struct Sample {
   std::string bytes;

@@ -12,8 +12,13 @@
 
 namespace {
 
-using namespace quarnfc::ext;
-using namespace std::string_literals;
+using quarnfc::ext::JsonDocument;
+using quarnfc::ext::JsonFault;
+using quarnfc::ext::JsonTextError;
+using quarnfc::ext::LoadJsonAnsi;
+using quarnfc::ext::LoadJsonUtf8;
+using quarnfc::ext::WriteJson;
+using std::string_literals::operator""s;
 
 std::string Written(const std::unique_ptr<CMyJsonValue>& value) {
   return value == nullptr ? "refused" : WriteJson(*value).value_or("not written");

@@ -12,7 +12,8 @@
 
 namespace {
 
-using namespace quarnfc::ext;
+using quarnfc::ext::Attempt;
+using quarnfc::ext::ProblemKind;
 
 TEST(Outcome, AResultIsHandedOn) {
   const auto number = Attempt([] { return 7; });

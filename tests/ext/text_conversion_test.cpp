@@ -10,8 +10,22 @@
 
 namespace {
 
-using namespace quarnfc::ext;
-using namespace std::string_literals;
+using quarnfc::ext::AnsiFromUtf16;
+using quarnfc::ext::AnsiFromUtf8;
+using quarnfc::ext::StrictAnsiFromUtf16;
+using quarnfc::ext::StrictAnsiFromUtf8;
+using quarnfc::ext::StrictUtf16FromAnsi;
+using quarnfc::ext::StrictUtf16FromUtf8;
+using quarnfc::ext::StrictUtf8FromAnsi;
+using quarnfc::ext::StrictUtf8FromUtf16;
+using quarnfc::ext::TextLoss;
+using quarnfc::ext::Utf16FromAnsi;
+using quarnfc::ext::Utf16FromUtf8;
+using quarnfc::ext::Utf16View;
+using quarnfc::ext::Utf8FromAnsi;
+using quarnfc::ext::Utf8FromUtf16;
+using quarnfc::ext::WideChars;
+using std::string_literals::operator""s;
 
 struct Text {
   std::string ansi;

@@ -15,7 +15,11 @@
 
 namespace {
 
-using namespace quarnfc::ext;
+using quarnfc::ext::FindOfficialSystem;
+using quarnfc::ext::ReadWktSystem;
+using quarnfc::ext::SystemKind;
+using quarnfc::ext::TransverseMercatorParameters;
+using quarnfc::ext::WktReport;
 
 void ExpectSame(const TransverseMercatorParameters& a, const TransverseMercatorParameters& b) {
   EXPECT_EQ(a.central_meridian, b.central_meridian);

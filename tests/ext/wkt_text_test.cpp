@@ -8,7 +8,8 @@
 
 namespace {
 
-using namespace quarnfc::ext;
+using quarnfc::ext::ParseWkt;
+using quarnfc::ext::WktNode;
 
 TEST(WktText, BothNotationsOfBracketsGiveTheTree) {
   for (const char* text : {"A[\"x\",B[1,word],2]", "A(\"x\", B ( 1 , word ) ,\n 2 ) \r\n"}) {
