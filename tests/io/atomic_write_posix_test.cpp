@@ -13,12 +13,12 @@
 #include <cstdlib>
 #include <string>
 
-#include "tests/io/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 
-using io_test::TempFolder;
 using quarnfc::ext::ErrorHandle;
+using quarnfc_test::TempFolder;
 
 constexpr uid_t kNobody = 65534;
 

@@ -11,12 +11,12 @@
 #include <thread>
 #include <vector>
 
-#include "tests/io/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 
-using io_test::TempFolder;
 using quarnfc::ext::ErrorHandle;
+using quarnfc_test::TempFolder;
 
 bool WriteTo(const std::string& path, const std::string& bytes, unsigned __int64* error = nullptr) {
   return QNFileUtils::WriteFileAtomicA(path.c_str(), bytes.data(), bytes.size(), error);

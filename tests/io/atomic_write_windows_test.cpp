@@ -9,12 +9,12 @@
 
 #include <string>
 
-#include "tests/io/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 
-using io_test::TempFolder;
 using quarnfc::ext::ErrorHandle;
+using quarnfc_test::TempFolder;
 
 TEST(AtomicWrite, AFileThatAnotherHoldsOpenStays) {
   const TempFolder folder;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A folder in the temporary folder that lives, with what is in it, as long as the object.
-#ifndef QUARNFC_TESTS_IO_TEMP_FOLDER_H_
-#define QUARNFC_TESTS_IO_TEMP_FOLDER_H_
+#ifndef QUARNFC_TESTS_SUPPORT_TEMP_FOLDER_H_
+#define QUARNFC_TESTS_SUPPORT_TEMP_FOLDER_H_
 
 #include <gtest/gtest.h>
 
@@ -10,9 +10,9 @@
 #include <iterator>
 #include <string>
 
-#include "tests/io/temp_file.h"
+#include "tests/support/temp_file.h"
 
-namespace io_test {
+namespace quarnfc_test {
 
 class TempFolder {
  public:
@@ -48,6 +48,6 @@ class TempFolder {
   std::filesystem::path path_;
 };
 
-}  // namespace io_test
+}  // namespace quarnfc_test
 
-#endif  // QUARNFC_TESTS_IO_TEMP_FOLDER_H_
+#endif  // QUARNFC_TESTS_SUPPORT_TEMP_FOLDER_H_
