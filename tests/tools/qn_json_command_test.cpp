@@ -132,7 +132,7 @@ TEST(QnJsonCheck, ResultsForProgramsAreLinesOfJson) {
 }
 
 TEST(QnJsonCheck, BytesThatAreNoTextAreRefused) {
-  const TempFile file("[\"\xD6\xD0 \xFF\xFF\"]");
+  const TempFile file("[\"\xD6\xD0 \xFE \"]");
   const FullOutcome run = RunJson({"check", file.path()});
   EXPECT_EQ(run.code, qn::kFailure);
   EXPECT_TRUE(Holds(run.errors, "byte 5 is no text in code page, and the file is no UTF-8"))
