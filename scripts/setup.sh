@@ -16,7 +16,7 @@ packages=(
   wine wine64 locales
   # Tests: their framework, a web server, and independent implementations to compare with.
   # (clang prints the layouts of classes under the Microsoft C++ ABI.)
-  googletest clang-14 nginx-light openssl libgeographiclib-dev libproj-dev python3
+  googletest clang-14 nginx-light openssl libgeographiclib-dev libproj-dev python3 groff
   # Packages, and the tests of what is installed.
   doxygen dpkg-dev gdb pkg-config unzip
 )

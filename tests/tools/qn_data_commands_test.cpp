@@ -190,6 +190,44 @@ TEST(QnHash, PrintsDigestAndName) {
             "  " + name + "\n");
 }
 
+TEST(QnHash, StandardDigestsHaveTheFormOfTheStandardTools) {
+  // RFC 1321 and FIPS 180-4 for "abc"; the library's own MD5 packs bytes of 80 and above its way.
+  const TempFile file("abc");
+  const std::string name = file.path();
+  EXPECT_EQ(RunQn({"hash", "md5sum", file.path()}),
+            (Outcome{0, "900150983cd24fb0d6963f7d28e17f72  " + name + "\n"}));
+  EXPECT_EQ(RunQn({"hash", "sha256sum", file.path()}),
+            (Outcome{0, "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad  " +
+                            name + "\n"}));
+  const TempFile high("\xFF");
+  EXPECT_EQ(RunQn({"hash", "md5sum", high.path()}).output.substr(0, 32),
+            "00594fd4f42ba43fc1ca0427a0576295");
+  EXPECT_NE(RunQn({"hash", "md5", high.path()}).output.find("qn-md5 ("), std::string::npos);
+}
+
+TEST(QnHash, PiecesMakeTheDigestOfTheWhole) {
+  // Larger than what is read at once, and not a multiple of it.
+  const TempFile file(std::string(3 * 1024 * 1024 + 7, 'x'));
+  EXPECT_EQ(RunQn({"hash", "sha256sum", file.path()}).output.substr(0, 64),
+            "2d4e7639119cfc09b3615864bd82ef299c4d26e3524a23a31fc37185216617f1");
+  EXPECT_NE(RunQn({"hash", "crc64", file.path()}).output.find(") = D9EAF30AD43650AA"),
+            std::string::npos);
+}
+
+TEST(QnHash, ListsOfTheStandardToolsAreRead) {
+  const TempFile file("abc");
+  const std::string name = file.path();
+  std::string doubled;
+  for (const char ch : name) doubled += ch == '\\' ? "\\\\" : std::string(1, ch);
+  const std::string digest = "900150983CD24FB0D6963F7D28E17F72";
+  const TempFile list(digest + "  " + name + "\n" + digest + " *" + name + "\n\\" + digest + "  " +
+                      doubled + "\n");
+  const std::string ok = name + ": OK\n";
+  EXPECT_EQ(RunQn({"hash", "md5sum", "-c", list.path()}), (Outcome{0, ok + ok + ok}));
+  const TempFile broken(digest + name + "\n" + digest + " \n");
+  EXPECT_EQ(RunQn({"hash", "md5sum", "-c", broken.path()}).code, qn::kFailure);
+}
+
 TEST(QnHash, GoesOnAfterAMissingFile) {
   const TempFile file("123456789");
   const std::string missing = TempFile::NewPath();
@@ -203,6 +241,8 @@ TEST(QnHash, FilesAreComparedWithAList) {
   const TempFile file("123456789");
   const std::string name = file.path();
   for (const std::vector<std::string>& command : {std::vector<std::string>{"hash", "md5"},
+                                                  {"hash", "md5sum"},
+                                                  {"hash", "sha256sum"},
                                                   {"hash", "crc64"},
                                                   {"hash", "hmac-sha256", "-k", "key"}}) {
     std::vector<std::string> make = command;

@@ -8,6 +8,7 @@
 #include "qn/console.h"
 #include "qn/errors.h"
 #include "qn/exit_code.h"
+#include "qn/reference.h"
 
 namespace qn {
 namespace {
@@ -15,6 +16,7 @@ namespace {
 constexpr std::string_view kUsage =
     "usage: qn COMMAND [SUBCOMMAND] [OPTION...] [ARGUMENT...]\n"
     "       qn help [COMMAND [SUBCOMMAND]]\n"
+    "       qn help --man | --bash-completion\n"
     "       qn --version\n"
     "\n"
     "Exit codes: 0 success, 1 the operation failed or the data says no, 2 usage error.\n";
@@ -115,12 +117,15 @@ int DispatchIn(std::span<const Command> commands, const std::string& path, std::
 }  // namespace
 
 int Dispatch(std::span<const Command> commands, std::span<const std::string> arguments) {
-  if (!arguments.empty() && arguments[0] == "help") {
-    std::vector<std::string> asked(arguments.begin() + 1, arguments.end());
-    asked.emplace_back("--help");
-    return DispatchIn(commands, "qn", kUsage, asked);
+  if (arguments.empty() || arguments[0] != "help") {
+    return DispatchIn(commands, "qn", kUsage, arguments);
   }
-  return DispatchIn(commands, "qn", kUsage, arguments);
+  const std::string_view form = arguments.size() == 2 ? arguments[1] : std::string_view();
+  if (form == "--man") return Help(ManualPage(commands, kUsage), {});
+  if (form == "--bash-completion") return Help(BashCompletion(commands), {});
+  std::vector<std::string> asked(arguments.begin() + 1, arguments.end());
+  asked.emplace_back("--help");
+  return DispatchIn(commands, "qn", kUsage, asked);
 }
 
 }  // namespace qn

@@ -12,6 +12,7 @@ using Arguments = std::span<const std::string>;
 
 int RunCities(Arguments arguments);
 int RunConvert(Arguments arguments);
+int RunEstimate(Arguments arguments);
 int RunInfo(Arguments arguments);
 int RunWkt(Arguments arguments);
 

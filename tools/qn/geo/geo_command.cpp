@@ -65,6 +65,25 @@ constexpr std::string_view kConvertUsage =
     "\n"
     "Example: qn geo convert --from lonlat --to 4547 112.938814,28.228209\n";
 
+constexpr std::string_view kEstimateUsage =
+    "usage: qn geo estimate [--order en|ne] [--json] FILE\n"
+    "       qn geo estimate [--from DATUM --to DATUM] [--rotation NAME] [--json] FILE\n"
+    "\n"
+    "Estimates the parameters between two systems from points that are known in both, by least\n"
+    "squares, and shows the residuals. FILE (- is standard input) has a line for each point:\n"
+    "  [NAME] X Y X' Y'        in two planes: four parameters, from two points or more\n"
+    "  [NAME] X Y Z X' Y' Z'   in space, Earth-fixed metres: seven, from three points or more\n"
+    "Blanks, tabs, commas or semicolons stand between; # starts a remark.\n"
+    "\n"
+    "      --order en|ne     of the plane coordinates: east first (en) or north\n"
+    "      --from DATUM, --to DATUM\n"
+    "                        points in space are longitude, latitude and height on these datums:\n"
+    "                        beijing54, xian80, cgcs2000, wgs84\n"
+    "      --rotation NAME   coordinate-frame (otherwise taken) or position-vector: what "
+    "rotations\n"
+    "                        turn\n"
+    "      --json            write a JSON object\n";
+
 constexpr std::string_view kWktUsage =
     "usage: qn geo wkt [--as-library] SYSTEM\n"
     "\n"
@@ -89,6 +108,7 @@ constexpr std::string_view kCitiesUsage =
 
 constexpr Command kCommands[] = {
     {"convert", "Convert points between systems", kConvertUsage, geo::RunConvert},
+    {"estimate", "Estimate parameters from common points", kEstimateUsage, geo::RunEstimate},
     {"wkt", "Write the WKT of a system", kWktUsage, geo::RunWkt},
     {"info", "Show what the library reads from WKT", kInfoUsage, geo::RunInfo},
     {"cities", "Project places into their 3-degree zones and back", kCitiesUsage, geo::RunCities},
