@@ -57,7 +57,8 @@ inline char32_t Utf8CharAt(std::string_view text, std::size_t offset) {
   if (length == 0) return 0xFFFD;
   const auto lead = static_cast<unsigned char>(text[offset]);
   char32_t ch = length == 1 ? lead : lead & (0x7FU >> length);
-  for (std::size_t i = 1; i < length; ++i) ch = (ch << 6) | (text[offset + i] & 0x3FU);
+  for (std::size_t i = 1; i < length; ++i)
+    ch = (ch << 6) | (static_cast<unsigned char>(text[offset + i]) & 0x3FU);
   return ch;
 }
 
