@@ -86,7 +86,7 @@ check_families() {
 
 # The public functions, as CLASS::NAME or NAME, of Doxygen's XML.
 public_functions() {
-  awk '/<compoundname>/ { gsub(/.*<compoundname>|<\/compoundname>.*/, ""); scope = $0 ~ /\.h$/ ? "" : $0 "::" }
+  awk '/<compoundname>/ { gsub(/.*<compoundname>|<\/compoundname>.*|&lt;.*&gt;/, ""); scope = $0 ~ /\.h$/ ? "" : $0 "::" }
        /<memberdef / { wanted = /kind="function"/ && /prot="public"/ }
        wanted && /^ *<name>/ { gsub(/ *<\/?name>/, ""); print scope $0; wanted = 0 }' "$1"/*.xml |
     grep -v -e operator -e '~' | awk -F'::' 'NF == 1 || $NF != $(NF - 1)' | sort -u
