@@ -12,6 +12,8 @@ packages=(
   cmake ninja-build g++ g++-mingw-w64-x86-64-posix
   # The HTTP client off Windows.
   libcurl4-openssl-dev libssl-dev
+  # Compressed bodies in qn http, on both targets.
+  zlib1g-dev libz-mingw-w64-dev
   # Running Windows programs.
   wine wine64 locales
   # Tests: their framework, a web server, and independent implementations to compare with.

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <mutex>
@@ -59,12 +60,16 @@ TEST(QnHttpUsage, WrongCommandLinesAreUsageErrors) {
   EXPECT_EQ(RunQn({"http", "get", "--timeout", "0", "http://h/"}).code, 2);
   EXPECT_EQ(RunQn({"http", "get", "-O", "-o", "x", "http://h/f"}).code, 2);
   EXPECT_EQ(RunQn({"http", "get", "-C", "http://h/f"}).code, 2);
+  EXPECT_EQ(RunQn({"http", "get", "-C", "--compressed", "-o", "x", "http://h/f"}).code, 2);
   EXPECT_EQ(RunQn({"http", "get", "-O", "http://h/"}).code, 1);
   EXPECT_EQ(RunQn({"http", "get", "ftp://h/"}).code, 1);
   EXPECT_EQ(RunQn({"http", "get", "no url"}).code, 1);
 }
 
 class QnHttp : public testing::Test {
+ public:
+  static constexpr const char* kTarget = "qn_http_test.out";
+
  protected:
   void SetUp() override {
     const char* port = std::getenv("QUARNFC_HTTP_PORT");
@@ -77,7 +82,6 @@ class QnHttp : public testing::Test {
   }
   ~QnHttp() override { std::remove(kTarget); }
 
-  static constexpr const char* kTarget = "qn_http_test.out";
   std::string server_;
   std::string secure_server_;
 };
@@ -246,6 +250,118 @@ TEST(QnHttpClient, IncludesTheHead) {
   EXPECT_EQ(output.substr(output.size() - 4), "body");
 }
 
+TEST(QnHttpClient, ShowsBothHeadsOnStandardErrorButNoCredentials) {
+  AnsweringServer server({HttpResponse("body", "X-Own: 1\r\n")});
+  const auto outcome = RunQn({"http", "get", "-v", "-u", "user:secret", server.Url("/a")});
+  EXPECT_EQ(outcome, (Outcome{0, "body"}));
+  EXPECT_NE(outcome.errors.find("> GET /a HTTP/1.1\n"), std::string::npos);
+  EXPECT_NE(outcome.errors.find("> (credentials)\n"), std::string::npos);
+  EXPECT_NE(outcome.errors.find("< HTTP/1.1 200 OK\n"), std::string::npos);
+  EXPECT_NE(outcome.errors.find("< X-Own: 1\n"), std::string::npos);
+  EXPECT_EQ(outcome.errors.find("dXNlcjpzZWNyZXQ"), std::string::npos);
+}
+
+TEST(QnHttpClient, GoesThroughAProxy) {
+  AnsweringServer proxy({HttpResponse("from the proxy")});
+  const std::string address = proxy.Url("").substr(7);
+  EXPECT_EQ(RunQn({"http", "get", "-x", address, "http://h.invalid/a"}),
+            (Outcome{0, "from the proxy"}));
+  EXPECT_TRUE(proxy.Got(0, "GET http://h.invalid/a HTTP/1.1\r\n"));
+}
+
+TEST(QnHttpClient, TriesAgainWhenTheConnectionFails) {
+  std::atomic<int> connections{0};
+  ScriptedServer server([&connections](ServerConnection& connection) {
+    connection.ReadRequest();
+    if (++connections > 1) {
+      connection.Send(HttpResponse("at last"));
+    } else {
+      connection.ReadSome(1);  // silent until the client gives up
+    }
+  });
+  EXPECT_EQ(RunQn({"http", "get", "-t", "1", "--retry", "3", server.Url("/")}),
+            (Outcome{0, "at last"}));
+}
+
+TEST(QnHttpClient, FollowsRedirectsWithAndWithoutAskingForIt) {
+  for (const char* option : {"-L", "--location", "-v"}) {
+    AnsweringServer server(
+        {HttpResponse("", "Location: /next\r\n", "302 Found"), HttpResponse("end")});
+    EXPECT_EQ(RunQn({"http", "get", option, server.Url("/")}), (Outcome{0, "end"})) << option;
+  }
+}
+
+TEST(QnHttpClient, NamesTheFileAfterTheUrl) {
+  AnsweringServer server({HttpResponse("named")});
+  EXPECT_EQ(RunQn({"http", "get", "-O", server.Url("/a/qn_http%5Ftest.name?q")}), (Outcome{0, ""}));
+  EXPECT_EQ(qn::ReadInput("qn_http_test.name"), "named");
+  std::remove("qn_http_test.name");
+}
+
+TEST(QnHttpClient, KeepsCookiesInAFile) {
+  const std::string jar = testing::TempDir() + "jar.txt";
+  AnsweringServer server({HttpResponse("",
+                                       "Set-Cookie: a=1; Path=/\r\nSet-Cookie: b=2; Path=/\r\n"
+                                       "Location: /next\r\n",
+                                       "302 Found"),
+                          HttpResponse("end")});
+  EXPECT_EQ(RunQn({"http", "get", "-c", jar, server.Url("/")}), (Outcome{0, "end"}));
+  EXPECT_FALSE(server.Got(0, "Cookie:"));
+  EXPECT_TRUE(server.Got(1, "\r\nCookie: a=1; b=2\r\n"));
+  EXPECT_EQ(RunQn({"http", "head", "-b", jar, server.Url("/")}).code, 0);
+  EXPECT_TRUE(server.Got(2, "\r\nCookie: a=1; b=2\r\n"));
+  EXPECT_EQ(RunQn({"http", "get", "-b", "own=3", server.Url("/")}), (Outcome{0, "end"}));
+  EXPECT_TRUE(server.Got(3, "\r\nCookie: own=3\r\n"));
+  std::remove(jar.c_str());
+}
+
+TEST(QnHttpClient, KeepsTheCookiesOfAFailedRequest) {
+  const std::string jar = testing::TempDir() + "jar.txt";
+  AnsweringServer server({HttpResponse("", "Set-Cookie: a=1; Path=/\r\n", "403 Forbidden")});
+  EXPECT_EQ(RunQn({"http", "get", "-c", jar, server.Url("/")}).code, 1);
+  EXPECT_NE(qn::ReadInput(jar).find("\ta\t1\n"), std::string::npos);
+  std::remove(jar.c_str());
+}
+
+TEST(QnHttpClient, UnpacksACompressedBodyWhenAsked) {
+  const std::string packed(
+      "\x1F\x8B\x08\x00\x00\x00\x00\x00\x02\x03\x2B\xCE\x4D\xCC\xC9\x51\x48\xCE\xCF\x2B\x49\xCD"
+      "\x2B\x01\x00\x19\x69\xBE\xC4\x0D\x00\x00\x00",
+      33);
+  AnsweringServer server({HttpResponse(packed, "Content-Encoding: gzip\r\n")});
+  const auto outcome = RunQn({"http", "get", "--compressed", server.Url("/")});
+  if (outcome.errors.find("no zlib") != std::string::npos) GTEST_SKIP() << "built without zlib";
+  EXPECT_EQ(outcome, (Outcome{0, "small content"}));
+  EXPECT_TRUE(server.Got(0, "\r\nAccept-Encoding: gzip, deflate\r\n"));
+  EXPECT_EQ(RunQn({"http", "get", "-o", QnHttp::kTarget, server.Url("/")}).code, 0);
+  EXPECT_EQ(qn::ReadInput(QnHttp::kTarget), packed);
+  EXPECT_FALSE(server.Got(1, "Accept-Encoding"));
+  std::remove(QnHttp::kTarget);
+}
+
+// Everything over TLS, too.
+TEST_F(QnHttp, SpeaksTlsWithEveryOption) {
+  const std::string jar = testing::TempDir() + "jar.txt";
+  EXPECT_EQ(RunQn({"http", "get", "-k", "-c", jar, secure_server_ + "/set-cookie"}),
+            (Outcome{0, "set"}));
+  EXPECT_EQ(RunQn({"http", "get", "-k", "-b", jar, secure_server_ + "/cookie"}),
+            (Outcome{0, "flavour=vanilla"}));
+  std::remove(jar.c_str());
+  EXPECT_EQ(RunQn({"http", "get", "-k", "-H", "X-Test: 1", secure_server_ + "/echo-header"}),
+            (Outcome{0, "1"}));
+  EXPECT_EQ(RunQn({"http", "get", "-k", "-X", "DELETE", secure_server_ + "/verb"}),
+            (Outcome{0, "DELETE"}));
+  EXPECT_EQ(RunQn({"http", "get", "-k", "-u", "user:secret", secure_server_ + "/private-file"}),
+            (Outcome{0, "small content"}));
+  EXPECT_EQ(RunQn({"http", "put", "-k", "-d", "tls", secure_server_ + "/upload/tls.txt"}).code, 0);
+  EXPECT_EQ(RunQn({"http", "get", "-k", secure_server_ + "/upload/tls.txt"}), (Outcome{0, "tls"}));
+  const auto packed =
+      RunQn({"http", "get", "-k", "-v", "--compressed", secure_server_ + "/compressed"});
+  if (packed.errors.find("no zlib") != std::string::npos) return;
+  EXPECT_EQ(packed.output, RunQn({"http", "get", "-k", secure_server_ + "/lines.txt"}).output);
+  EXPECT_NE(packed.errors.find("Content-Encoding: gzip"), std::string::npos);
+}
+
 TEST_F(QnHttp, ContinuesAFileThatBrokeOff) {
   {
     qn::OutputFile file(kTarget);
@@ -254,8 +370,8 @@ TEST_F(QnHttp, ContinuesAFileThatBrokeOff) {
   }
   EXPECT_EQ(RunQn({"http", "get", "-C", "-o", kTarget, server_ + "/small.txt"}), (Outcome{0, ""}));
   EXPECT_EQ(qn::ReadInput(kTarget), "small content");
-  // Nothing is missing now.
-  EXPECT_EQ(RunQn({"http", "get", "-C", "-o", kTarget, server_ + "/small.txt"}).code, 0);
+  // Nothing is missing now. (So curl spells it.)
+  EXPECT_EQ(RunQn({"http", "get", "-C", "-", "-o", kTarget, server_ + "/small.txt"}).code, 0);
   EXPECT_EQ(qn::ReadInput(kTarget), "small content");
 }
 

@@ -81,6 +81,12 @@ http {
     location = /set-cookie { add_header Set-Cookie "flavour=vanilla; path=/"; return 200 set; }
     location = /cookie { return 200 \$http_cookie; }
     location = /chunked { ssi on; ssi_types *; default_type text/html; alias $root/www/lines.txt; }
+    location = /compressed {
+      gzip on;
+      gzip_types *;
+      gzip_min_length 1;
+      alias $root/www/lines.txt;
+    }
     location = /scheme { return 200 \$scheme; }
     location = /connection { return 200 "\$connection \$connection_requests"; }
     location /private { auth_basic secret; auth_basic_user_file $root/passwords; return 200 in; }

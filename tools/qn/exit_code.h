@@ -6,9 +6,10 @@
 namespace qn {
 
 enum ExitCode : int {
-  kSuccess = 0,     // the operation was carried out; a check found nothing wrong
-  kFailure = 1,     // the operation failed, or the data says no
-  kUsageError = 2,  // the command line is wrong; nothing was done
+  kSuccess = 0,        // the operation was carried out; a check found nothing wrong
+  kFailure = 1,        // the operation failed, or the data says no
+  kUsageError = 2,     // the command line is wrong; nothing was done
+  kInterrupted = 130,  // the user pressed Ctrl-C; no half-written file is left
 };
 
 }  // namespace qn

@@ -2,7 +2,9 @@
 #include "qn/http_client.h"
 
 #include <quarnfc/base64.h>
+#include <quarnfc/ext/http_response.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -10,6 +12,7 @@
 #include "qn/errors.h"
 #include "qn/http_api.h"
 #include "qn/http_error.h"
+#include "qn/http_inflater.h"
 #include "qn/input_stream.h"
 #include "qn/library_buffer.h"
 #include "qn/transfer_progress.h"
@@ -40,11 +43,22 @@ void SetTimeouts(CQNHttpFile& file, DWORD seconds) {
   }
 }
 
+std::string Lower(std::string text) {
+  for (char& ch : text) ch = static_cast<char>(ch >= 'A' && ch <= 'Z' ? ch | 0x20 : ch);
+  return text;
+}
+
+std::string NameOf(const std::string& header) { return Lower(header.substr(0, header.find(':'))); }
+
 // Whether a header belongs to the server it was meant for alone.
 bool IsPrivate(const std::string& header) {
-  std::string name = header.substr(0, header.find(':'));
-  for (char& ch : name) ch = static_cast<char>(ch >= 'A' && ch <= 'Z' ? ch | 0x20 : ch);
+  const std::string name = NameOf(header);
   return name == "authorization" || name == "cookie" || name == "proxy-authorization";
+}
+
+bool HoldsName(const std::vector<std::string>& headers, const std::string& name) {
+  return std::any_of(headers.begin(), headers.end(),
+                     [&name](const std::string& header) { return NameOf(header) == name; });
 }
 
 std::string BasicCredentials(const std::string& user_and_password) {
@@ -69,6 +83,7 @@ void ShowHead(const std::string& mark, const std::string& head) {
 HttpExchange::HttpExchange(const HttpRequest& first)
     : session_("qn", 1, first.proxy.empty() ? 0 : INTERNET_OPEN_TYPE_PROXY,
                first.proxy.empty() ? nullptr : first.proxy.c_str()),
+      compressed_(first.compressed),
       label_(first.url) {
   HttpRequest request = first;
   const HttpUrl own = ParseUrl(request.url);
@@ -86,7 +101,8 @@ HttpExchange::HttpExchange(const HttpRequest& first)
 void HttpExchange::Send(const HttpRequest& request, const HttpUrl& url, bool trusted) {
   const DWORD flags = INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE |
                       INTERNET_FLAG_NO_AUTO_REDIRECT | INTERNET_FLAG_KEEP_CONNECTION |
-                      (url.IsSecure() ? INTERNET_FLAG_SECURE : 0);
+                      (url.IsSecure() ? INTERNET_FLAG_SECURE : 0) |
+                      (request.cookies != nullptr ? INTERNET_FLAG_NO_COOKIES : 0);
   Guarded(label_, [&] {
     file_.reset();
     connection_.reset(session_.GetHttpConnection(url.server.c_str(), url.port));
@@ -97,25 +113,41 @@ void HttpExchange::Send(const HttpRequest& request, const HttpUrl& url, bool tru
   });
   file_->QueryInfoStatusCode(status_);
   if (request.verbose) ShowHead("< ", Head());
+  if (request.cookies != nullptr) TakeCookies(*request.cookies, url);
 }
 
-void HttpExchange::Prepare(const HttpRequest& request, const HttpUrl& url, bool trusted) {
+void HttpExchange::TakeCookies(HttpCookieJar& cookies, const HttpUrl& url) const {
+  for (const auto& [name, value] : quarnfc::ext::HttpHeadersOf(Head())) {
+    if (Lower(name) == "set-cookie") cookies.Take(url, value);
+  }
+}
+
+void HttpExchange::AddHeaders(const HttpRequest& request, const HttpUrl& url, bool trusted) {
   std::vector<std::string> headers = request.headers;
   const std::string user = !request.user.empty() ? request.user
                            : url.user.empty()    ? ""
                                                  : url.user + ":" + url.password;
   if (!user.empty()) headers.push_back(BasicCredentials(user));
+  if (!trusted) std::erase_if(headers, IsPrivate);
   if (request.resume_from != 0) {
     headers.push_back("Range: bytes=" + std::to_string(request.resume_from) + "-");
   }
-  if (request.verbose) ShowHead("> ", request.verb + " " + url.object + " HTTP/1.1");
+  if (request.compressed && !HoldsName(headers, "accept-encoding")) {
+    headers.emplace_back(HttpInflater::AcceptEncoding());
+  }
+  const std::string cookies = request.cookies != nullptr ? request.cookies->HeaderFor(url) : "";
+  if (!cookies.empty() && !HoldsName(headers, "cookie")) headers.push_back("Cookie: " + cookies);
   for (const std::string& header : headers) {
-    if (!trusted && IsPrivate(header)) continue;
     if (!file_->AddRequestHeaders(header.c_str(), HTTP_ADDREQ_FLAG_ADD)) {
       throw Failure("'" + header + "' is not a header");
     }
     if (request.verbose) ShowHead("> ", IsPrivate(header) ? "(credentials)" : header);
   }
+}
+
+void HttpExchange::Prepare(const HttpRequest& request, const HttpUrl& url, bool trusted) {
+  if (request.verbose) ShowHead("> ", request.verb + " " + url.object + " HTTP/1.1");
+  AddHeaders(request, url, trusted);
   if (request.timeout_seconds != 0) SetTimeouts(*file_, request.timeout_seconds);
   if (request.insecure) {
     file_->SetOption(INTERNET_OPTION_SECURITY_FLAGS, SECURITY_FLAG_IGNORE_UNKNOWN_CA |
@@ -187,7 +219,15 @@ std::string HttpExchange::Head() const {
   return static_cast<const char*>(text);
 }
 
+// How the body is compressed; "" when it is not, or is to stay so.
+std::string HttpExchange::Coding() const {
+  CQNString text;
+  if (!compressed_ || !file_->QueryInfo(HTTP_QUERY_CONTENT_ENCODING, text)) return "";
+  return Lower(static_cast<const char*>(text));
+}
+
 void HttpExchange::ReceiveBody(const std::function<void(std::string_view)>& sink) {
+  HttpInflater inflater(Coding());
   const unsigned long long announced = AnnouncedLength(*file_);
   TransferProgress progress(ShortName(label_), announced);
   std::string block(kBlock, '\0');
@@ -196,13 +236,14 @@ void HttpExchange::ReceiveBody(const std::function<void(std::string_view)>& sink
     const unsigned int count = Guarded(label_, [&] { return file_->Read(block.data(), kBlock); });
     if (count == 0) break;
     received += count;
-    sink({block.data(), count});
+    inflater.Write({block.data(), count}, sink);
     progress.Update(received);
   }
   if (received < announced) {
     throw Failure(label_ + ": " + std::to_string(received) + " of " + std::to_string(announced) +
                   " bytes received");
   }
+  inflater.Finish();
 }
 
 }  // namespace qn

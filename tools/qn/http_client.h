@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "qn/http_cookie_jar.h"
 #include "qn/http_url.h"
 
 namespace qn {
@@ -29,6 +30,8 @@ struct HttpRequest {
   long long redirects = 20;            // how many are followed
   DWORD timeout_seconds = 0;           // 0: the platform's time-outs
   bool insecure = false;               // accept any certificate
+  bool compressed = false;             // ask for a compressed body, and unpack it
+  HttpCookieJar* cookies = nullptr;    // borrowed; null leaves cookies to the platform
   bool verbose = false;                // show both heads on standard error
 };
 
@@ -47,12 +50,15 @@ class HttpExchange {
   std::string Head() const;
 
   // Hands the body to sink, piece by piece, showing progress. Throws Failure when the body is
-  // shorter than announced.
+  // shorter than announced, or compressed and broken.
   void ReceiveBody(const std::function<void(std::string_view)>& sink);
 
  private:
   void Send(const HttpRequest& request, const HttpUrl& url, bool trusted);
   void Prepare(const HttpRequest& request, const HttpUrl& url, bool trusted);
+  void AddHeaders(const HttpRequest& request, const HttpUrl& url, bool trusted);
+  void TakeCookies(HttpCookieJar& cookies, const HttpUrl& url) const;
+  std::string Coding() const;
   void SendBody(const HttpRequest& request);
   void SendFile(const std::string& path);
   bool FindRedirect(HttpRequest& request, HttpUrl& url);
@@ -61,6 +67,7 @@ class HttpExchange {
   std::unique_ptr<CQNHttpConnection> connection_;
   std::unique_ptr<CQNHttpFile> file_;
   DWORD status_ = 0;
+  bool compressed_;
   std::string label_;
 };
 

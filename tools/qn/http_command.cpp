@@ -11,6 +11,7 @@
 #include "qn/errors.h"
 #include "qn/exit_code.h"
 #include "qn/http_client.h"
+#include "qn/http_cookie_jar.h"
 #include "qn/http_error.h"
 #include "qn/input_file.h"
 #include "qn/options.h"
@@ -34,6 +35,10 @@ constexpr OptionSpec kMaxRedirects = {"max-redirects", '\0', Takes::kValue};
 constexpr OptionSpec kRetry = {"retry", '\0', Takes::kValue};
 constexpr OptionSpec kErrorBody = {"error-body"};
 constexpr OptionSpec kRequest = {"request", 'X', Takes::kValue};
+constexpr OptionSpec kLocation = {"location", 'L'};
+constexpr OptionSpec kCompressed = {"compressed"};
+constexpr OptionSpec kCookie = {"cookie", 'b', Takes::kValue};
+constexpr OptionSpec kCookieJar = {"cookie-jar", 'c', Takes::kValue};
 constexpr OptionSpec kData = {"data", 'd', Takes::kValue};
 
 constexpr const char* kFormData = "application/x-www-form-urlencoded";
@@ -52,8 +57,44 @@ HttpRequest RequestFrom(const std::string& verb, const Options& options) {
   request.redirects = options.Number("max-redirects", 20, 0, 1000);
   request.insecure = options.Has("insecure");
   request.verbose = options.Has("verbose");
+  request.compressed = options.Has("compressed");
   return request;
 }
+
+// The cookies of --cookie, which go on to --cookie-jar whatever becomes of the request.
+class CookieFiles {
+ public:
+  CookieFiles(const Options& options, HttpRequest& request) : target_(options.Value("cookie-jar")) {
+    const std::string source = options.Value("cookie");
+    // As in curl: a file, or the cookies themselves.
+    if (source.find('=') != std::string::npos) {
+      request.headers.push_back("Cookie: " + LibraryText(source));
+    } else if (!source.empty()) {
+      jar_.Load(source);
+    }
+    if (options.Has("cookie") || options.Has("cookie-jar")) request.cookies = &jar_;
+  }
+
+  template <class Action>
+  int Keep(Action action) {
+    try {
+      const int code = action();
+      Save();
+      return code;
+    } catch (const Failure&) {
+      Save();
+      throw;
+    }
+  }
+
+ private:
+  void Save() const {
+    if (!target_.empty()) jar_.Save(target_);
+  }
+
+  std::string target_;
+  HttpCookieJar jar_;
+};
 
 // The file that is written; "-" is standard output.
 std::string TargetFrom(const HttpRequest& request, const Options& options) {
@@ -85,9 +126,10 @@ int Receive(const HttpRequest& request, const Options& options, const std::strin
 
 // Sends the request and writes the body of the response, unless the server says no. Attempts that
 // may succeed later are repeated when asked for, after 1, 2, 4 ... seconds.
-int Transfer(HttpRequest request, const Options& options) {
+int TransferWithRetries(HttpRequest request, const Options& options) {
   const std::string target = TargetFrom(request, options);
   if (options.Has("continue")) {
+    if (options.Has("compressed")) throw UsageError("give either --continue or --compressed");
     if (target == "-") throw UsageError("--continue needs a file: --output or --remote-name");
     request.resume_from = os::FileSize(target);
   }
@@ -103,21 +145,41 @@ int Transfer(HttpRequest request, const Options& options) {
   }
 }
 
+int Transfer(HttpRequest request, const Options& options) {
+  CookieFiles cookies(options, request);
+  return cookies.Keep([&] { return TransferWithRetries(request, options); });
+}
+
+// "-C -" is how curl spells --continue.
+std::vector<std::string> WithoutDash(std::span<const std::string> arguments) {
+  std::vector<std::string> kept;
+  for (const std::string& argument : arguments) {
+    const bool behind = !kept.empty() && (kept.back() == "-C" || kept.back() == "--continue");
+    if (argument != "-" || !behind) kept.push_back(argument);
+  }
+  return kept;
+}
+
 int RunGet(std::span<const std::string> arguments) {
-  const Options options(
-      arguments, {kOutput, kRemoteName, kContinue, kInclude, kVerbose, kHeader, kUser, kProxy,
-                  kTimeout, kInsecure, kMaxRedirects, kRetry, kErrorBody, kRequest});
+  const std::vector<std::string> own = WithoutDash(arguments);
+  const Options options(own, {kOutput, kRemoteName, kContinue, kInclude, kVerbose, kHeader, kUser,
+                              kProxy, kTimeout, kInsecure, kMaxRedirects, kRetry, kErrorBody,
+                              kRequest, kLocation, kCompressed, kCookie, kCookieJar});
   options.ExpectPositional(1, 1);
   return Transfer(RequestFrom("GET", options), options);
 }
 
 int RunHead(std::span<const std::string> arguments) {
-  const Options options(arguments,
-                        {kVerbose, kHeader, kUser, kProxy, kTimeout, kInsecure, kMaxRedirects});
+  const Options options(arguments, {kVerbose, kHeader, kUser, kProxy, kTimeout, kInsecure,
+                                    kMaxRedirects, kLocation, kCompressed, kCookie, kCookieJar});
   options.ExpectPositional(1, 1);
-  const HttpExchange exchange(RequestFrom("HEAD", options));
-  Print(exchange.Head());
-  return exchange.Status() >= 400 ? kFailure : kSuccess;
+  HttpRequest request = RequestFrom("HEAD", options);
+  CookieFiles cookies(options, request);
+  return cookies.Keep([&request] {
+    const HttpExchange exchange(request);
+    Print(exchange.Head());
+    return exchange.Status() >= 400 ? kFailure : kSuccess;
+  });
 }
 
 void AddContentType(HttpRequest& request, const char* type) {
@@ -150,7 +212,8 @@ void TakeBody(HttpRequest& request, const Options& options) {
 
 int SendBody(const char* verb, std::span<const std::string> arguments) {
   const Options options(arguments, {kOutput, kInclude, kVerbose, kHeader, kUser, kProxy, kTimeout,
-                                    kInsecure, kMaxRedirects, kRetry, kErrorBody, kRequest, kData});
+                                    kInsecure, kMaxRedirects, kRetry, kErrorBody, kRequest, kData,
+                                    kLocation, kCompressed, kCookie, kCookieJar});
   options.ExpectPositional(1, 2);
   HttpRequest request = RequestFrom(verb, options);
   TakeBody(request, options);
@@ -210,7 +273,7 @@ constexpr Command kHttpCommands[] = {
      "\n"
      "  -o, --output FILE       write the body to FILE instead of standard output\n"
      "  -O, --remote-name       write it to a file named like the last part of URL\n"
-     "  -C, --continue          fetch only what is missing of that file\n"
+     "  -C, --continue          fetch only what is missing of that file; \"-C -\" is the same\n"
      "  -i, --include           write the head of the response in front of the body\n"
      "  -v, --verbose           show both heads on standard error\n"
      "  -X, --request VERB      send VERB instead\n"
@@ -218,7 +281,11 @@ constexpr Command kHttpCommands[] = {
      "  -u, --user USER:PASSWORD\n"
      "                          send these credentials (Basic)\n"
      "  -x, --proxy HOST:PORT   go through this proxy instead of the system's\n"
+     "  -L, --location          follow redirects, which is done anyway\n"
      "      --max-redirects N   follow N redirects at most (20); 0 follows none\n"
+     "      --compressed        ask for gzip or deflate, and unpack the body\n"
+     "  -b, --cookie FILE       send the cookies of FILE (Netscape's format), or \"NAME=VALUE\"\n"
+     "  -c, --cookie-jar FILE   write those cookies, and what servers set, to FILE\n"
      "      --retry N           try again up to N times when the connection fails\n"
      "      --error-body        write the body of an error status, too (the exit code stays 1)\n"
      "  -t, --timeout SECONDS   wait so long for the connection and for data\n"
@@ -229,7 +296,8 @@ constexpr Command kHttpCommands[] = {
      "\n"
      "Prints status and headers. The exit code is 1 for an error status.\n"
      "\n"
-     "  -v, -H HEADER, -u USER:PASSWORD, -x HOST:PORT, --max-redirects N, -t SECONDS, -k\n"
+     "  -v, -H HEADER, -u USER:PASSWORD, -x HOST:PORT, -L, --max-redirects N, --compressed,\n"
+     "  -b FILE, -c FILE, -t SECONDS, -k\n"
      "                          as for get\n",
      RunHead},
     {"post", "Send a body with POST",
@@ -241,7 +309,8 @@ constexpr Command kHttpCommands[] = {
      "application/octet-stream for FILE unless a header says otherwise.\n"
      "\n"
      "  -d, --data TEXT         the body to send\n"
-     "  -o, -i, -v, -X, -H, -u, -x, --max-redirects, --retry, --error-body, -t, -k\n"
+     "  -o, -i, -v, -X, -H, -u, -x, -L, --max-redirects, --compressed, -b, -c, --retry,\n"
+     "  --error-body, -t, -k\n"
      "                          as for get\n",
      RunPost},
     {"put", "Send a body with PUT",

@@ -3,6 +3,8 @@
 
 #include <quarnfc/ext/text_conversion.h>
 
+#include "qn/exit_code.h"
+
 #if defined(_WIN32)
 #ifndef NOMINMAX
 #define NOMINMAX
@@ -57,12 +59,13 @@ void WriteToConsole(FILE* stream, std::string_view text) {
 
 wchar_t interrupt_path[32768];
 
-BOOL WINAPI RemoveInterrupted(DWORD /*event*/) {
+BOOL WINAPI EndInterrupted(DWORD event) {
   if (interrupt_path[0] != L'\0') {
     // The file is open, and can be renamed and deleted only after it has been closed.
     _fcloseall();
     DeleteFileW(interrupt_path);
   }
+  if (event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT) ExitProcess(kInterrupted);
   return FALSE;
 }
 
@@ -71,6 +74,7 @@ BOOL WINAPI RemoveInterrupted(DWORD /*event*/) {
 void PrepareStreams() {
   _setmode(_fileno(stdin), _O_BINARY);
   _setmode(_fileno(stdout), _O_BINARY);
+  SetConsoleCtrlHandler(EndInterrupted, TRUE);
 }
 
 std::vector<std::string> Arguments(int /*argc*/, char** /*argv*/) {
@@ -138,8 +142,6 @@ void RemoveOnInterrupt(const std::string& path) {
   const std::wstring wide = Widen(path);
   if (wide.size() >= std::size(interrupt_path)) return;
   interrupt_path[wide.copy(interrupt_path, wide.size())] = L'\0';
-  static const BOOL installed = SetConsoleCtrlHandler(RemoveInterrupted, TRUE);
-  static_cast<void>(installed);
 }
 
 unsigned long ProcessId() { return GetCurrentProcessId(); }
@@ -159,6 +161,7 @@ char interrupt_path[4096];
 
 void RemoveInterrupted(int signal) {
   if (interrupt_path[0] != '\0') unlink(interrupt_path);
+  // The parent learns of the signal; shells call SIGINT 130.
   std::signal(signal, SIG_DFL);
   raise(signal);
 }

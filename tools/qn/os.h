@@ -14,7 +14,8 @@
 
 namespace qn::os {
 
-// Standard input and output carry bytes: no line-end translation.
+// Standard input and output carry bytes: no line-end translation. From now on an interrupt (Ctrl-C)
+// ends the program with kInterrupted, off Windows by the signal, which shells report so.
 void PrepareStreams();
 
 // The command line without the program's name. On Windows it comes as wide text, so that no

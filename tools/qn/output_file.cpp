@@ -17,8 +17,10 @@ OutputFile::OutputFile(const std::string& path) : target_(path) {
   } else {
     target_ = os::ResolveLinks(path);
     name_ = target_ + "." + std::to_string(os::ProcessId()) + ".tmp";
+    // Said first, so that no moment is left in which an interrupt leaves the file.
+    os::RemoveOnInterrupt(name_);
     file_ = os::CreateFileLike(name_, target_);
-    if (file_ != nullptr) os::RemoveOnInterrupt(name_);
+    if (file_ == nullptr) os::RemoveOnInterrupt("");
   }
   if (file_ == nullptr) Fail("cannot create ");
 }
