@@ -19,4 +19,4 @@ void Download(const char* url) {
 
 }  // namespace
 
-void (*const kDownload)(const char*) = Download;
+[[maybe_unused]] void (*const kDownload)(const char*) = Download;
