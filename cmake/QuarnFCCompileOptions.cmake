@@ -36,6 +36,11 @@ function(quarnfc_compile_options target)
                         $<$<BOOL:${QUARNFC_WERROR}>:-Werror>
                         # Sessions and their like have no virtual destructor, by their stated layout.
                         $<$<COMPILE_LANGUAGE:CXX>:-Wno-delete-non-virtual-dtor>)
+    if(MINGW AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+      # The thread's environment block is read at small offsets of a segment, which GCC takes for
+      # addresses in the first page, where nothing lies.
+      target_compile_options(${target} PRIVATE --param=min-pagesize=0)
+    endif()
     if(NOT WIN32)
       # The library's wide text is UTF-16 on every target.
       target_compile_options(${target} PRIVATE -fshort-wchar)
