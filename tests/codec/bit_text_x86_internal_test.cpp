@@ -54,59 +54,60 @@ class BitTextX86 : public testing::Test {
 TYPED_TEST_SUITE(BitTextX86, Forms);
 
 TYPED_TEST(BitTextX86, EncodesTheGroupsOfEveryLengthLikeThePlainPath) {
-  using Test = BitTextX86<TypeParam>;
-  constexpr auto kUntouched = static_cast<typename Test::Char>('#');
+  using Fixture = BitTextX86<TypeParam>;
+  constexpr auto kUntouched = static_cast<typename Fixture::Char>('#');
   for (unsigned size = 0; size <= 400; ++size) {
     const Bytes data = codec_test::RandomBytes(size, size);
-    typename Test::Text text(EncodedCapacity<typename Test::Alphabet>(size), kUntouched);
-    const std::uint64_t groups = Test::Fast::Encode(data.data(), size, text.data());
-    ASSERT_LE(groups * Test::kGroupBytes, size);
-    ASSERT_GT(groups * Test::kGroupBytes + Test::kLargestRest, size) << "left to the plain path";
-    const auto end = text.begin() + static_cast<std::ptrdiff_t>(groups * Test::kGroupChars);
-    const auto plain = Test::PlainText(data);
+    typename Fixture::Text text(EncodedCapacity<typename Fixture::Alphabet>(size), kUntouched);
+    const std::uint64_t groups = Fixture::Fast::Encode(data.data(), size, text.data());
+    ASSERT_LE(groups * Fixture::kGroupBytes, size);
+    ASSERT_GT(groups * Fixture::kGroupBytes + Fixture::kLargestRest, size)
+        << "left to the plain path";
+    const auto end = text.begin() + static_cast<std::ptrdiff_t>(groups * Fixture::kGroupChars);
+    const auto plain = Fixture::PlainText(data);
     EXPECT_TRUE(std::equal(text.begin(), end, plain.begin())) << size;
     EXPECT_EQ(std::count(end, text.end(), kUntouched), text.end() - end) << "wrote beyond";
   }
 }
 
 TYPED_TEST(BitTextX86, DecodesTheGroupsOfEveryLengthLikeThePlainPath) {
-  using Test = BitTextX86<TypeParam>;
+  using Fixture = BitTextX86<TypeParam>;
   for (unsigned size = 0; size <= 400; ++size) {
     const Bytes data = codec_test::RandomBytes(size, size);
     // On a page boundary, so that no step is left out for a page's end.
-    typename Test::Text plain = Test::PlainText(data);
-    alignas(4096) typename Test::Char text[2048];
+    typename Fixture::Text plain = Fixture::PlainText(data);
+    alignas(4096) typename Fixture::Char text[2048];
     std::copy(plain.begin(), plain.end(), text);
-    Bytes decoded(DecodedCapacity<typename Test::Alphabet>(plain.size()));
-    const std::uint64_t groups = Test::Fast::Decode(text, plain.size(), decoded.data());
-    ASSERT_LE(groups * Test::kGroupChars, plain.size());
-    ASSERT_GT(groups * Test::kGroupChars + Test::kLargestTextRest, plain.size());
-    EXPECT_TRUE(std::equal(data.begin(),
-                           data.begin() + static_cast<std::ptrdiff_t>(groups * Test::kGroupBytes),
-                           decoded.begin()))
+    Bytes decoded(DecodedCapacity<typename Fixture::Alphabet>(plain.size()));
+    const std::uint64_t groups = Fixture::Fast::Decode(text, plain.size(), decoded.data());
+    ASSERT_LE(groups * Fixture::kGroupChars, plain.size());
+    ASSERT_GT(groups * Fixture::kGroupChars + Fixture::kLargestTextRest, plain.size());
+    EXPECT_TRUE(std::equal(
+        data.begin(), data.begin() + static_cast<std::ptrdiff_t>(groups * Fixture::kGroupBytes),
+        decoded.begin()))
         << size;
   }
 }
 
 TYPED_TEST(BitTextX86, EveryUnitAtEveryPlaceStopsOrDecodesLikeThePlainPath) {
-  using Test = BitTextX86<TypeParam>;
-  using Char = typename Test::Char;
+  using Fixture = BitTextX86<TypeParam>;
+  using Unit = typename Fixture::Char;
   constexpr std::size_t kLength = 40;
-  constexpr int kUnits = sizeof(Char) == 1 ? 0x100 : 0x10000;
+  constexpr int kUnits = sizeof(Unit) == 1 ? 0x100 : 0x10000;
   for (int unit = 0; unit < kUnits; ++unit) {
     // Every place for the units that matter, a single one for the many above.
     for (std::size_t at = 0; at < (unit < 0x200 ? 32u : 1u); ++at) {
-      alignas(128) Char text[kLength];
-      std::fill(text, text + kLength, static_cast<Char>('q'));
-      text[at] = static_cast<Char>(unit);
-      Bytes decoded(DecodedCapacity<typename Test::Alphabet>(kLength));
-      const std::uint64_t groups = Test::Fast::Decode(text, kLength, decoded.data());
-      const unsigned char value = ValueOf<typename Test::Alphabet>(static_cast<Char>(unit));
+      alignas(128) Unit text[kLength];
+      std::fill(text, text + kLength, static_cast<Unit>('q'));
+      text[at] = static_cast<Unit>(unit);
+      Bytes decoded(DecodedCapacity<typename Fixture::Alphabet>(kLength));
+      const std::uint64_t groups = Fixture::Fast::Decode(text, kLength, decoded.data());
+      const unsigned char value = ValueOf<typename Fixture::Alphabet>(static_cast<Unit>(unit));
       ASSERT_EQ(groups == 0, value == kForeign) << unit << ' ' << at;
-      Bytes plain(Test::kGroupBytes);
+      Bytes plain(Fixture::kGroupBytes);
       for (std::size_t i = 0; i < groups; ++i) {
-        DecodeGroup<typename Test::Alphabet>(text + Test::kGroupChars * i, plain.data());
-        ASSERT_TRUE(std::equal(plain.begin(), plain.end(), &decoded[Test::kGroupBytes * i]))
+        DecodeGroup<typename Fixture::Alphabet>(text + Fixture::kGroupChars * i, plain.data());
+        ASSERT_TRUE(std::equal(plain.begin(), plain.end(), &decoded[Fixture::kGroupBytes * i]))
             << unit << ' ' << at;
       }
     }

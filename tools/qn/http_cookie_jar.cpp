@@ -110,7 +110,7 @@ bool HttpCookieJar::Cookie::BelongsTo(const HttpUrl& url) const {
 
 // domain, whether those below get it, path, secure, expires, name, value
 std::string HttpCookieJar::Cookie::Line() const {
-  const auto truth = [](bool value) { return value ? "\tTRUE\t" : "\tFALSE\t"; };
+  const auto truth = [](bool is) { return is ? "\tTRUE\t" : "\tFALSE\t"; };
   return std::string(http_only ? kHttpOnly : "") + (subdomains ? "." : "") + domain +
          truth(subdomains) + path + truth(secure) + std::to_string(expires) + "\t" + name + "\t" +
          value + "\n";
