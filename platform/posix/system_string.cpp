@@ -68,7 +68,9 @@ void FreeSystemString(BSTR string) noexcept { SysFreeString(string); }
 }  // namespace quarnfc::platform
 
 unsigned int SysStringLen(BSTR string) {
-  return string == nullptr ? 0 : quarnfc::platform::HeaderOf(string)->byte_count / sizeof(wchar_t);
+  if (string == nullptr) return 0;
+  const std::size_t units = quarnfc::platform::HeaderOf(string)->byte_count / sizeof(wchar_t);
+  return static_cast<unsigned>(units);
 }
 
 void SysFreeString(BSTR string) {
