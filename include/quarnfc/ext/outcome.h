@@ -96,8 +96,6 @@ inline Problem CurrentProblem() {
     throw;
   } catch (CQNInternetException* exception) {
     return FromInternet(exception);
-  } catch (char* text) {
-    return {ProblemKind::kMemory, 0, 0, text};
   } catch (const char* text) {
     return {ProblemKind::kMemory, 0, 0, text};
   } catch (const std::bad_alloc& exception) {
