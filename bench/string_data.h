@@ -22,10 +22,11 @@ inline std::string Upper(std::string text) {
   return text;
 }
 
-// The text as the compiler cannot see through.
+// The text as the compiler cannot see through. Not by benchmark::DoNotOptimize: GCC for Windows
+// leaves out the pointer's store in front of an operand that may be a register or in memory.
 inline const char* Opaque(const std::string& text) {
   const char* bytes = text.c_str();
-  benchmark::DoNotOptimize(bytes);
+  asm volatile("" : "+r"(bytes) : : "memory");
   return bytes;
 }
 
