@@ -7,10 +7,14 @@
 #include <vector>
 
 #include "c/guarded.h"
+#include "c/path.h"
 #include "c/text.h"
 
-// A reader with its header and the row last read.
+// A reader with its file, its header and the row last read.
 struct QncCsv {
+  explicit QncCsv(const char* utf8_path) : path(utf8_path) {}
+
+  quarnfc::c::Path path;
   CQNCSVFileReader reader;
   std::vector<CQNString> header;
   std::vector<CQNString> row;
@@ -18,7 +22,6 @@ struct QncCsv {
 
 namespace {
 
-using quarnfc::c::AnsiText;
 using quarnfc::c::Failure;
 using quarnfc::c::Given;
 using quarnfc::c::Guarded;
@@ -37,13 +40,12 @@ char* NewUtf8At(const std::vector<CQNString>& strings, int index) {
 }
 
 Failure ReaderFailure(const QncCsv& csv, int code) {
-  return Failure(code, csv.reader.GetLastError());
+  return Failure(code, csv.path.InMessage(csv.reader.GetLastError()).c_str());
 }
 
 QncCsv* Open(const char* path) {
-  const quarnfc::OwnedText ansi_path = AnsiText(path);
-  auto csv = std::make_unique<QncCsv>();
-  if (!csv->reader.Open(ansi_path.get())) throw ReaderFailure(*csv, QNC_ERROR_FILE);
+  auto csv = std::make_unique<QncCsv>(path);
+  if (!csv->reader.Open(csv->path.get())) throw ReaderFailure(*csv, QNC_ERROR_FILE);
   csv->reader.GetFields(csv->header);
   return csv.release();
 }

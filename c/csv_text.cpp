@@ -10,18 +10,19 @@
 #include <vector>
 
 #include "c/guarded.h"
+#include "c/path.h"
 #include "c/text.h"
 #include "core/text/utf8_mark.h"
 #include "platform/file.h"
 
 namespace {
 
-using quarnfc::c::AnsiText;
 using quarnfc::c::Failure;
 using quarnfc::c::Given;
 using quarnfc::c::Guarded;
 using quarnfc::c::GuardedNew;
 using quarnfc::c::NewText;
+using quarnfc::c::Path;
 using quarnfc::ext::CsvTextReader;
 using quarnfc::ext::CsvTextRow;
 using quarnfc::platform::File;
@@ -101,7 +102,7 @@ int NextRow(QncCsvText& csv) {
 
 QncCsvText* qncCsvTextOpen(const char* path, char delimiter, CQNObject** error) {
   return GuardedNew(error, [=] {
-    return new QncCsvText(FileSource(AnsiText(path).get()), CheckedDelimiter(delimiter));
+    return new QncCsvText(FileSource(Path(path).get()), CheckedDelimiter(delimiter));
   });
 }
 

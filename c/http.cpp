@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "c/guarded.h"
+#include "c/path.h"
 #include "c/text.h"
 
 struct QncHttpResponse {
@@ -18,11 +19,11 @@ struct QncHttpResponse {
 
 namespace {
 
-using quarnfc::c::AnsiText;
 using quarnfc::c::Failure;
 using quarnfc::c::Given;
 using quarnfc::c::GuardedNew;
 using quarnfc::c::NewText;
+using quarnfc::c::Path;
 using quarnfc::ext::HttpCallOptions;
 using quarnfc::ext::HttpFailure;
 using quarnfc::ext::HttpHeader;
@@ -80,7 +81,7 @@ QncHttpResponse* qncHttpDownload(const char* url, const char* path, unsigned int
                                  CQNObject** error) {
   return GuardedNew(error, [=] {
     return NewResponse(
-        quarnfc::ext::HttpDownload(Given(url), AnsiText(path).get(), OptionsOf(deadline)));
+        quarnfc::ext::HttpDownload(Given(url), Path(path).get(), OptionsOf(deadline)));
   });
 }
 

@@ -6,6 +6,7 @@
 
 #include "c/guarded.h"
 #include "c/json_handle.h"
+#include "c/path.h"
 #include "c/text.h"
 
 namespace {
@@ -16,6 +17,7 @@ using quarnfc::c::Given;
 using quarnfc::c::Guarded;
 using quarnfc::c::GuardedNew;
 using quarnfc::c::HandleOf;
+using quarnfc::c::Path;
 using quarnfc::c::TakeFailure;
 using quarnfc::c::ValueOf;
 
@@ -27,19 +29,23 @@ QncJson* Parse(const char* ansi) {
                                                          : static_cast<const char*>(reason));
 }
 
-QncJson* ReadFile(const char* path) {
-  const quarnfc::OwnedText ansi_path = AnsiText(path);
+// The error that a file function has left as a number, which names the path.
+Failure FileFailure(unsigned __int64 error, const Path& path) {
+  const Failure failure = TakeFailure(error);
+  return Failure(failure.code(), path.InMessage(failure.message()).c_str());
+}
+
+QncJson* ReadFile(const Path& path) {
   auto value = std::make_unique<CMyJsonValue>();
   unsigned __int64 reason = 0;
-  if (!QNJsonUtils::ReadJsonFileEx(ansi_path.get(), *value, &reason)) throw TakeFailure(reason);
+  if (!QNJsonUtils::ReadJsonFileEx(path.get(), *value, &reason)) throw FileFailure(reason, path);
   return HandleOf(value.release());
 }
 
-int SaveFile(const QncJson* value, const char* path, bool utf8) {
-  const quarnfc::OwnedText ansi_path = AnsiText(path);
+int SaveFile(const QncJson* value, const Path& path, bool utf8) {
   unsigned __int64 reason = 0;
-  if (QNJsonUtils::SaveJsonFileEx(ansi_path.get(), *ValueOf(Given(value)), utf8, &reason)) return 1;
-  throw TakeFailure(reason);
+  if (QNJsonUtils::SaveJsonFileEx(path.get(), *ValueOf(Given(value)), utf8, &reason)) return 1;
+  throw FileFailure(reason, path);
 }
 
 }  // namespace
@@ -53,11 +59,11 @@ QncJson* qncJsonParseA(const char* text, CQNObject** error) {
 }
 
 QncJson* qncJsonReadFile(const char* path, CQNObject** error) {
-  return GuardedNew(error, [=] { return ReadFile(path); });
+  return GuardedNew(error, [=] { return ReadFile(Path(path)); });
 }
 
 int qncJsonSaveFile(const QncJson* value, const char* path, int utf8, CQNObject** error) {
-  return Guarded(error, 0, [=] { return SaveFile(value, path, utf8 != 0); });
+  return Guarded(error, 0, [=] { return SaveFile(value, Path(path), utf8 != 0); });
 }
 
 QncJson* qncJsonNewObject(CQNObject** error) {

@@ -17,6 +17,10 @@ enum class Encoding {
   kUtf8,
 };
 
+// The encoding of text in the paths that the host's file functions take: kAnsi on Windows, kUtf8
+// elsewhere.
+Encoding PathEncoding();
+
 // As a length: the text up to its terminator, which is converted too.
 inline constexpr int kTerminated = -1;
 

@@ -41,6 +41,8 @@ int Run(Unit* destination, int capacity, Convert convert) {
 
 }  // namespace
 
+Encoding PathEncoding() { return Encoding::kUtf8; }
+
 int ToUtf16(Encoding from, const char* source, int length, wchar_t* destination, int capacity) {
   if (!IsConvertible(source, length, destination, capacity)) return 0;
   const auto* begin = reinterpret_cast<const unsigned char*>(source);

@@ -66,6 +66,8 @@ bool HasAnsi(const wchar_t* source, std::size_t length) {
 
 }  // namespace
 
+Encoding PathEncoding() { return Encoding::kAnsi; }
+
 int ToUtf16(Encoding from, const char* source, int length, wchar_t* destination, int capacity) {
   return MultiByteToWideChar(CodePageOf(from), 0, source, length, destination, capacity);
 }

@@ -6,7 +6,8 @@
  * Text is UTF-8, zero-terminated, going in and coming out, whatever the code page of the process.
  * The library itself keeps text in the process ANSI code page (936 off Windows): a text that goes
  * in and has a character that the code page lacks, or is not UTF-8, is refused and never changed
- * silently. Functions whose names end in A take or give text of the code page.
+ * silently. Functions whose names end in A take or give text of the code page. Paths are UTF-8,
+ * too: on Windows of characters that the code page has, elsewhere of any, as the system takes them.
  *
  * Memory: every text and buffer that a function returns is new and is released with qnFreeMem;
  * every handle has a function that releases it, which ignores null. What is borrowed says so.
