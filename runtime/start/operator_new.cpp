@@ -34,8 +34,6 @@ void* NullInsteadOfThrow(const Allocate& allocate) noexcept {
 
 namespace std {
 
-const nothrow_t nothrow{};
-
 new_handler set_new_handler(new_handler handler) noexcept {
   return __atomic_exchange_n(&g_handler, handler, __ATOMIC_ACQ_REL);
 }

@@ -35,12 +35,13 @@ write_probe() {
   done
 }
 
-# The command that compiles core/version.cpp into the library, a word a line, without its files.
+# The command that compiles core/diagnostics/version.cpp into the library, a word a line, without
+# its files.
 library_command() {
   python3 - "$build/compile_commands.json" <<'END'
 import json, shlex, sys
 entries = json.load(open(sys.argv[1], encoding="utf-8"))
-entry = next(e for e in entries if e["file"].endswith("/core/version.cpp"))
+entry = next(e for e in entries if e["file"].endswith("/core/diagnostics/version.cpp"))
 words = shlex.split(entry["command"])
 words = words[: words.index("--")] if "--" in words else words
 print("\n".join(w for w in words if w != "-c" and not w.startswith(("/Fo", "/Fd", "/showIncludes"))))
