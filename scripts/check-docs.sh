@@ -60,16 +60,26 @@ same_skeleton() {
     complain "$1 and $2 differ in contents or code:" "$difference"
 }
 
+# translated ENGLISH CHINESE: both are there, with the same contents.
+translated() {
+  if [ ! -f "$1" ] || [ ! -f "$2" ]; then
+    complain "$1 and $2 are not both there"
+  else
+    same_skeleton "$1" "$2"
+  fi
+}
+
 check_translations() {
-  local page
-  same_skeleton README.md README.zh-CN.md
-  for page in docs/zh/*.md; do
-    if [ -f "docs/${page##*/}" ]; then
-      same_skeleton "docs/${page##*/}" "$page"
-    else
-      complain "$page has no English page"
-    fi
+  local page count=0
+  for page in README SECURITY CONTRIBUTING; do
+    translated "$page.md" "$page.zh-CN.md"
+    count=$((count + 1))
   done
+  while read -r page; do
+    translated "docs/$page" "docs/zh/$page"
+    count=$((count + 1))
+  done < <(find docs docs/zh -maxdepth 1 -name '*.md' -printf '%f\n' | sort -u)
+  printf '%d pages in English and Chinese\n' "$count"
 }
 
 # The page of a family starts with lines of code that work; the build compiles them.
