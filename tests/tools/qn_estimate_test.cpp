@@ -136,8 +136,7 @@ TEST(QnGeoEstimate, WhatDeterminesNothingIsRefused) {
   EXPECT_EQ(RunQn({"geo", "estimate", "--rotation", "left", plane.path()}).code, qn::kUsageError);
 }
 
-// --- generated from the help
-// --------------------------------------------------------------------
+// --- generated from the help --------------------------------------------------------------------
 
 TEST(QnReference, OptionsOfAUsageAreNamedOnceEach) {
   EXPECT_EQ(qn::OptionsIn("usage: qn x [--a-b] -- -c --d1=V\n --a-b again, --- no"), "--a-b --d1");
