@@ -88,6 +88,26 @@ TEST(HostileServer, ResetsInTheMiddleOfTheBody) {
   EXPECT_EQ(outcome.thrown, (Thrown{10054, 5}));
 }
 
+// Writing to a connection that the other end has closed raises a signal on some systems, which
+// would end the host.
+TEST(HostileServer, GoesWhileTheBodyIsSent) {
+  ScriptedServer server([](ServerConnection& connection) {
+    connection.ReadLine();
+    connection.Reset();
+  });
+  CQNInternetSession session("test", 5);
+  const std::unique_ptr<CQNHttpConnection> connection(
+      session.GetHttpConnection("127.0.0.1", server.Port()));
+  const std::unique_ptr<CQNHttpFile> file(connection->OpenRequest("PUT", "/"));
+  const std::string block(1 << 20, 'x');
+  const Thrown thrown = ThrownBy([&] {
+    file->SendRequestEx(64 << 20);
+    for (int i = 0; i < 64; ++i) file->Write(block.data(), 1 << 20);
+    file->EndRequest();
+  });
+  EXPECT_FALSE(thrown == kNothingThrown);
+}
+
 TEST(HostileServer, EndsAfterTheHeader) {
   const Outcome outcome = FetchAnswer("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n");
   EXPECT_EQ(outcome.body, "");

@@ -13,7 +13,8 @@ namespace {
 
 constexpr long kReceiveBuffer = 256 * 1024;
 
-// Whether a request over plain HTTP may go through a proxy, which then wants the whole URL.
+// Whether a request over plain HTTP may go through a proxy, which then wants the whole URL and may
+// speak TLS.
 bool MayMeetProxy(const Route& route) {
   if (route.secure || route.proxy.access_type == INTERNET_OPEN_TYPE_DIRECT) return false;
   return route.proxy.access_type == INTERNET_OPEN_TYPE_PROXY ||
@@ -36,10 +37,10 @@ std::string DirectHosts(const std::string& bypass) {
 DWORD CurlExchange::Configure(const OutgoingHead& head) {
   line_ = pool_->Take(head.route);
   if (line_.easy == nullptr || line_.multi == nullptr) return ERROR_NOT_ENOUGH_MEMORY;
-  waiting_ = line_.multi.get();
   CURL* easy = line_.easy.get();
   connect_timeout_ = head.connect_timeout;
   security_flags_ = head.route.security_flags;
+  may_signal_ = head.route.secure || MayMeetProxy(head.route);
   curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
   curl_easy_setopt(easy, CURLOPT_BUFFERSIZE, kReceiveBuffer);
   curl_easy_setopt(easy, CURLOPT_PATH_AS_IS, 1L);

@@ -15,7 +15,7 @@ namespace quarnfc::internet {
 namespace {
 
 constexpr std::size_t kLargestHead = 8 * 1024 * 1024;
-constexpr int kLongestPoll = 1000;  // milliseconds
+constexpr DWORD kLongestPoll = 1000;  // milliseconds
 
 using Clock = std::chrono::steady_clock;
 
@@ -27,8 +27,7 @@ DWORD MillisecondsSince(Clock::time_point start) {
 }  // namespace
 
 CurlExchange::~CurlExchange() {
-  const QuietPipes quiet;
-  waiting_ = nullptr;
+  const QuietPipes quiet(may_signal_);
   // A response without a body may be whole although nobody has asked for the end of it.
   if (added_ && !done_ && head_complete_) Advance();
   const bool whole = done_ && result_ == CURLE_OK;
@@ -42,7 +41,7 @@ CurlExchange::~CurlExchange() {
 
 // Runs libcurl as far as it goes without waiting.
 void CurlExchange::Advance() {
-  const QuietPipes quiet;
+  const QuietPipes quiet(may_signal_);
   int running = 0;
   curl_multi_perform(line_.multi.get(), &running);
   int left = 0;
@@ -53,23 +52,30 @@ void CurlExchange::Advance() {
   }
 }
 
+// Waits until libcurl has something to do, for one look at most.
+void CurlExchange::Wait(DWORD milliseconds) {
+  const int wait = static_cast<int>(std::min(milliseconds, kLongestPoll));
+  waiting_ = line_.multi.get();
+  // Cancel says that it has cancelled before it looks for whom to wake.
+  if (!cancelled_) curl_multi_poll(line_.multi.get(), nullptr, 0, wait, nullptr);
+  waiting_ = nullptr;
+}
+
 template <class Ready>
-DWORD CurlExchange::RunUntil(DWORD timeout, Ready ready) {
+DWORD CurlExchange::RunUntil(DWORD timeout, First first, Ready ready) {
   Clock::time_point last_activity = Clock::now();
-  for (;;) {
-    const unsigned __int64 before = activity_;
-    Advance();
+  for (bool waits = first == First::kWait;;) {
     if (cancelled_) return ERROR_INTERNET_OPERATION_CANCELLED;
     if (ready() || done_) return 0;
-    if (activity_ != before) {
-      last_activity = Clock::now();
-      continue;
+    if (waits) {
+      const DWORD idle = MillisecondsSince(last_activity);
+      if (timeout != 0 && idle >= timeout) return ERROR_INTERNET_TIMEOUT;
+      Wait(timeout != 0 ? timeout - idle : kLongestPoll);
     }
-    const DWORD idle = MillisecondsSince(last_activity);
-    if (timeout != 0 && idle >= timeout) return ERROR_INTERNET_TIMEOUT;
-    const DWORD left = timeout != 0 ? timeout - idle : static_cast<DWORD>(kLongestPoll);
-    const int wait = static_cast<int>(std::min(left, static_cast<DWORD>(kLongestPoll)));
-    curl_multi_poll(line_.multi.get(), nullptr, 0, wait, nullptr);
+    const unsigned __int64 before = activity_;
+    Advance();
+    waits = activity_ == before;
+    if (!waits) last_activity = Clock::now();
   }
 }
 
@@ -87,7 +93,7 @@ void CurlExchange::Resume() {
   if (!upload_paused_ && !body_paused_) return;
   upload_paused_ = false;
   body_paused_ = false;
-  const QuietPipes quiet;
+  const QuietPipes quiet(may_signal_);
   curl_easy_pause(line_.easy.get(), CURLPAUSE_CONT);
 }
 
@@ -100,7 +106,7 @@ DWORD CurlExchange::SendHead(const OutgoingHead& head, const Progress& connectin
   added_ = true;
   bool reported = false;
   // libcurl itself limits how long connecting takes.
-  const DWORD error = RunUntil(0, [&] {
+  const DWORD error = RunUntil(0, First::kLook, [&] {
     if (new_socket_ && !reported) {
       reported = true;
       connecting();
@@ -125,7 +131,7 @@ DWORD CurlExchange::PushPlain(const char* data, std::size_t size) {
   upload_left_ = size;
   Resume();
   const DWORD error =
-      RunUntil(send_timeout_, [this] { return upload_left_ == 0 || head_complete_; });
+      RunUntil(send_timeout_, First::kLook, [this] { return upload_left_ == 0 || head_complete_; });
   upload_ = nullptr;
   upload_left_ = 0;
   if (error != 0) return error;
@@ -135,7 +141,7 @@ DWORD CurlExchange::PushPlain(const char* data, std::size_t size) {
 DWORD CurlExchange::ReceiveHead(std::vector<std::string>& lines) {
   upload_ended_ = true;
   Resume();
-  const DWORD error = RunUntil(receive_timeout_, [this] { return head_complete_; });
+  const DWORD error = RunUntil(receive_timeout_, First::kWait, [this] { return head_complete_; });
   if (error != 0) return error;
   if (!head_complete_) {
     const DWORD failure = ErrorOf(line_.easy.get(), result_);
@@ -163,7 +169,7 @@ DWORD CurlExchange::PullBody(char* buffer, std::size_t capacity, std::size_t& co
   lent_size_ = capacity;
   lent_used_ = 0;
   Resume();
-  const DWORD error = RunUntil(receive_timeout_, [this] { return lent_used_ != 0; });
+  const DWORD error = RunUntil(receive_timeout_, First::kLook, [this] { return lent_used_ != 0; });
   lent_ = nullptr;
   count = lent_used_;
   lent_used_ = 0;
@@ -198,13 +204,16 @@ size_t CurlExchange::OnHeader(char* data, size_t size, size_t count, void* self)
   return length;
 }
 
-// The buffer of the host takes what it can; the rest of a piece waits for the next call.
+// The buffer of the host takes what it can; the rest of a piece waits for the next call. Without a
+// buffer, one piece waits here, so that a short response is whole when its head is; libcurl holds
+// back what follows.
 size_t CurlExchange::OnBody(char* data, size_t size, size_t count, void* self) {
   auto& exchange = *static_cast<CurlExchange*>(self);
   const std::size_t length = size * count;
   const std::size_t room =
       exchange.lent_ != nullptr ? exchange.lent_size_ - exchange.lent_used_ : 0;
-  if (room == 0) {
+  const bool has_room = exchange.lent_ != nullptr ? room != 0 : exchange.spilled_.empty();
+  if (!has_room) {
     exchange.body_paused_ = true;
     return CURL_WRITEFUNC_PAUSE;
   }

@@ -44,10 +44,15 @@ class CurlExchange : public Exchange {
   bool ConfigureHeaders(const OutgoingHead& head);
   void ConfigureCallbacks();
 
+  // What comes first where the transfer has to be run: a look whether there is something to do, or
+  // waiting for it, where that is likely and the look would be for nothing.
+  enum class First { kLook, kWait };
+
   // Runs the transfer until ready is true or the transfer has ended. timeout is how long nothing
-  // may happen, in milliseconds.
+  // may happen, in milliseconds; 0 is for ever.
   template <class Ready>
-  DWORD RunUntil(DWORD timeout, Ready ready);
+  DWORD RunUntil(DWORD timeout, First first, Ready ready);
+  void Wait(DWORD milliseconds);
   DWORD PushPlain(const char* data, std::size_t size);
   void Advance();
   void Resume();
@@ -63,12 +68,13 @@ class CurlExchange : public Exchange {
   std::unique_ptr<curl_slist, ListCloser> headers_;
   std::unique_ptr<CURLU, UrlCloser> url_;
   DWORD security_flags_ = 0;
+  bool may_signal_ = false;  // whether the TLS library may send something
   DWORD connect_timeout_ = 0;
   DWORD send_timeout_ = 0;
   DWORD receive_timeout_ = 0;
 
   std::atomic<bool> cancelled_{false};
-  std::atomic<CURLM*> waiting_{nullptr};  // what Cancel wakes
+  std::atomic<CURLM*> waiting_{nullptr};  // what Cancel wakes; null when nobody waits
   bool added_ = false;
   bool done_ = false;
   CURLcode result_ = CURLE_OK;
@@ -84,7 +90,7 @@ class CurlExchange : public Exchange {
   bool upload_ended_ = false;
   bool upload_paused_ = false;
 
-  // The response: the head, the buffer that PullBody has lent, and what did not fit into it.
+  // The response: the head, the buffer that PullBody has lent, and what had no room in one.
   std::vector<std::string> head_;
   std::size_t head_size_ = 0;
   bool head_complete_ = false;

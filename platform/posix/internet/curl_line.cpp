@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/posix/internet/curl_signals.h"
-
 namespace quarnfc::internet {
 namespace {
 
@@ -51,7 +49,6 @@ CurlLine CurlPool::Take(const Route& route) {
 }
 
 void CurlPool::Give(CurlLine line) {
-  const QuietPipes quiet;  // a connection that goes may say goodbye
   std::list<CurlLine> gone;
   const std::lock_guard lock(mutex_);
   idle_.push_front(std::move(line));

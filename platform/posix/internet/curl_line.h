@@ -10,6 +10,7 @@
 #include <mutex>
 #include <string>
 
+#include "platform/posix/internet/curl_signals.h"
 #include "platform/posix/internet/transport.h"
 
 namespace quarnfc::internet {
@@ -18,7 +19,10 @@ struct EasyCloser {
   void operator()(CURL* easy) const { curl_easy_cleanup(easy); }
 };
 struct MultiCloser {
-  void operator()(CURLM* multi) const { curl_multi_cleanup(multi); }
+  void operator()(CURLM* multi) const {
+    const QuietPipes quiet(true);  // a connection that goes may say goodbye
+    curl_multi_cleanup(multi);
+  }
 };
 
 // Belongs to one exchange at a time. The connection stays with the multi handle when the easy
