@@ -2,6 +2,8 @@
 #include <quarnfc/internet.h>
 #include <quarnfc/internet_file.h>
 
+#include <memory>
+
 #include "net/arguments.h"
 #include "net/handle_registry.h"
 #include "net/internet_error.h"
@@ -70,10 +72,10 @@ CQNHttpFile* CQNHttpConnection::OpenRequest(const char* verb, const char* object
                                                  acceptTypes, flags, context)
                               : nullptr);
     const DWORD error = clean ? GetLastError() : ERROR_INVALID_PARAMETER;
-    auto* file = new CQNHttpFile(request.get(), verb, object, this);
+    std::unique_ptr<CQNHttpFile> file(new CQNHttpFile(request.get(), verb, object, this));
     file->context_ = context;
     if (request.release() == nullptr) SetLastError(error);
-    return file;
+    return file.release();
   });
 }
 

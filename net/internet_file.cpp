@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <quarnfc/internet_file.h>
 
-#include <utility>
-
-#include "core/memory/memory.h"
 #include "net/file_values.h"
 #include "net/handle_registry.h"
 #include "net/internet_error.h"
+#include "net/owned_bytes.h"
 #include "platform/internet.h"
 
 using quarnfc::net::InternetError;
@@ -115,6 +113,6 @@ void CQNInternetFile::Abort() {
 
 // The sizes stay as they are.
 void CQNInternetFile::ReleaseBuffers() {
-  quarnfc::FreeBuffer(std::exchange(write_buffer_, nullptr));
-  quarnfc::FreeBuffer(std::exchange(read_buffer_, nullptr));
+  quarnfc::net::GiveTo(write_buffer_, nullptr);
+  quarnfc::net::GiveTo(read_buffer_, nullptr);
 }

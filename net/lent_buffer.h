@@ -5,9 +5,7 @@
 
 #include <quarnfc/platform_types.h>
 
-#include <utility>
-
-#include "core/memory/memory.h"
+#include "net/owned_bytes.h"
 
 namespace quarnfc::net {
 
@@ -17,24 +15,16 @@ namespace quarnfc::net {
 class LentBuffer {
  public:
   LentBuffer(unsigned char*& slot, const unsigned int& size, const HINTERNET& file)
-      : slot_(slot),
-        size_(size),
-        file_(file),
-        buffer_(std::exchange(slot, nullptr)),
-        original_size_(size) {}
+      : slot_(slot), size_(size), file_(file), buffer_(TakeFrom(slot)), original_size_(size) {}
 
   ~LentBuffer() {
-    if (Wanted()) {
-      slot_ = buffer_;
-    } else {
-      FreeBuffer(buffer_);
-    }
+    if (Wanted()) slot_ = buffer_.release();
   }
 
   LentBuffer(const LentBuffer&) = delete;
   LentBuffer& operator=(const LentBuffer&) = delete;
 
-  unsigned char* Get() const { return buffer_; }
+  unsigned char* Get() const { return buffer_.get(); }
 
   // Whether the file is still open and has taken no other buffer.
   bool Wanted() const { return file_ != nullptr && slot_ == nullptr && size_ == original_size_; }
@@ -43,7 +33,7 @@ class LentBuffer {
   unsigned char*& slot_;
   const unsigned int& size_;
   const HINTERNET& file_;
-  unsigned char* const buffer_;
+  OwnedBytes buffer_;
   const unsigned int original_size_;
 };
 

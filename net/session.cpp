@@ -3,6 +3,8 @@
 #include <quarnfc/internet_file.h>
 #include <quarnfc/url.h>
 
+#include <memory>
+
 #include "net/arguments.h"
 #include "net/handle_registry.h"
 #include "net/internet_error.h"
@@ -113,9 +115,10 @@ CQNHttpFile* CQNInternetSession::OpenURL(const char* url, unsigned __int64 conte
       static_cast<void>(resource.release());
       return nullptr;
     }
-    auto* file = new CQNHttpFile(resource.get(), handle_, object, server, "GET", context);
+    std::unique_ptr<CQNHttpFile> file(
+        new CQNHttpFile(resource.get(), handle_, object, server, "GET", context));
     quarnfc::net::Registry().SetSession(resource.release(), this);
-    return file;
+    return file.release();
   });
 }
 
