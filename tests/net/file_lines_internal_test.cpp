@@ -102,6 +102,76 @@ TEST(LineReading, LinesCrossTheEdgesOfAnyReadBuffer) {
   }
 }
 
+// What reading must give, from the whole text: carriage returns do not count, and a piece ends with
+// its line feed or when it is full.
+Texts PiecesOf(std::string text, std::size_t longest) {
+  std::erase(text, '\r');
+  Texts pieces;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size() - 1) + 1;
+    const std::size_t length = std::min(end, longest);
+    pieces.push_back(text.substr(0, length));
+    text.erase(0, length);
+  }
+  return pieces;
+}
+
+Texts LinesOf(const std::string& text) {
+  Texts lines = PiecesOf(text, std::string::npos);
+  for (std::string& line : lines) {
+    if (line.back() == '\n') line.pop_back();
+  }
+  return lines;
+}
+
+struct Reading {
+  unsigned int buffer;      // size of the read buffer
+  unsigned int read_limit;  // bytes that a read of the platform hands out
+};
+
+Texts ReadLines(const std::string& text, const Reading& how, unsigned int maximum) {
+  TheFakeInternet() = FakeInternet();
+  TheFakeInternet().response = text;
+  TheFakeInternet().read_limit = how.read_limit;
+  FakeFile file(1);
+  file.SetReadBufferSize(how.buffer);
+  return maximum == 0 ? StringLines(file) : BufferLines(file, maximum);
+}
+
+TEST(LineReading, EveryShortTextThroughEverySmallBuffer) {
+  Texts texts = {""};
+  for (std::size_t i = 0; i < texts.size() && texts[i].size() < 6; ++i) {
+    for (const char ch : {'a', '\r', '\n'}) texts.push_back(texts[i] + ch);
+  }
+  ASSERT_EQ(texts.size(), 1093u);  // 1 + 3 + 9 + ... + 729
+  for (const std::string& text : texts) {
+    for (unsigned int buffer = 1; buffer <= 7; ++buffer) {
+      for (const unsigned int limit : {1u, 2u, 100u}) {
+        const Reading how = {buffer, limit};
+        ASSERT_EQ(ReadLines(text, how, 0), LinesOf(text)) << buffer << " " << limit;
+        ASSERT_EQ(ReadLines(text, how, 2), PiecesOf(text, 1)) << buffer << " " << limit;
+        ASSERT_EQ(ReadLines(text, how, 3), PiecesOf(text, 2)) << buffer << " " << limit;
+        ASSERT_EQ(ReadLines(text, how, 9), PiecesOf(text, 8)) << buffer << " " << limit;
+      }
+    }
+  }
+}
+
+TEST(LineReading, LongLinesThroughEveryBufferUpTo600Bytes) {
+  // Around 127 bytes, which strings are read in, and around 256.
+  std::string text = std::string(126, 'a') + "\r\n" + std::string(127, 'b') + "\r\n\n";
+  text += std::string(128, 'c') + "\r\r\n" + std::string(257, '\xC4') + "\n\r\n";
+  for (unsigned int buffer = 1; buffer <= 600; ++buffer) {
+    for (const unsigned int limit : {1u, 13u, 10000u}) {
+      const Reading how = {buffer, limit};
+      ASSERT_EQ(ReadLines(text, how, 0), LinesOf(text)) << buffer << " " << limit;
+      for (const unsigned int maximum : {16u, 128u, 300u}) {
+        ASSERT_EQ(ReadLines(text, how, maximum), PiecesOf(text, maximum - 1)) << buffer;
+      }
+    }
+  }
+}
+
 TEST(LineReading, TakesAReadBufferOf4096Bytes) {
   TheFakeInternet().response = "a\nb\n";
   FakeFile file(1);
