@@ -8,9 +8,11 @@ failed=0
 skips=()
 failures=()
 
-# The tests that use several threads: what the thread sanitizer is for.
+# What the thread sanitizer is for: the tests that use several threads, and those of the HTTP client,
+# which answers on one thread what another sent.
+http_tests='*Http*:*Server*:*Session*:Open*:StatusCallback*:Cookie*:Handle*:InternetConnection*'
 # shellcheck disable=SC2034 # the scripts that source this use it
-thread_tests='*Threads*:*Concurren*'
+thread_tests="*Threads*:*Concurren*:$http_tests"
 
 export ASAN_OPTIONS="detect_leaks=1:${ASAN_OPTIONS:-}"
 export UBSAN_OPTIONS="print_stacktrace=1:${UBSAN_OPTIONS:-}"
