@@ -18,6 +18,7 @@
 #include "support/build_paths.h"
 #include "tests/support/temp_file.h"
 #include "tests/tools/run_qn.h"
+#include "tests/tools/standard_input.h"
 
 namespace qn {
 
@@ -385,6 +386,70 @@ TEST(QnGeo, DatumsAreNotMixedSilently) {
                     {"--shift", "1,2,3,4,5,6,7", "--rotation", "position-vector", "114,0"})
                 .code,
             kSuccess);
+}
+
+// --- lines of standard input --------------------------------------------------------------------
+
+qn_test::FullOutcome ConvertedLines(const std::string& lines, std::vector<std::string> more = {}) {
+  const qn_test::StandardInput input(lines);
+  std::vector<std::string> arguments = {"convert",  "--from",   "lonlat", "--to",
+                                        "mercator", "--digits", "0"};
+  arguments.insert(arguments.end(), more.begin(), more.end());
+  return RunGeo(arguments);
+}
+
+TEST(QnGeoLines, PointsAreConvertedAndWhatFollowsThemStays) {
+  EXPECT_EQ(ConvertedLines("1 2\n\n# note\n1,2 rest\r\n  1\t2\tname of it\n1 , 2\n"
+                           "1d30'E 2d0'0\"N\n1 2 last"),
+            (qn_test::Outcome{kSuccess,
+                              "111319\t222684\n\n# note\n111319\t222684 rest\n"
+                              "111319\t222684\tname of it\n111319\t222684\n166979\t222684\n"
+                              "111319\t222684 last\n"}));
+  EXPECT_EQ(ConvertedLines(""), (qn_test::Outcome{kSuccess, ""}));
+  EXPECT_EQ(ConvertedLines("2 1\n", {"--order", "ne"}),
+            (qn_test::Outcome{kSuccess, "222684\t111319\n"}));
+}
+
+TEST(QnGeoLines, WhatIsNoPointIsMarkedAndReported) {
+  const auto marked = ConvertedLines("1 2\nx 2\n1\n1 91\n1 2\n");
+  EXPECT_EQ(marked, (qn_test::Outcome{kFailure,
+                                      "111319\t222684\n*\t*\tx 2\n*\t*\t1\n*\t*\t1 91\n"
+                                      "111319\t222684\n"}));
+  EXPECT_EQ(marked.errors,
+            "qn: line 2: no coordinates\nqn: line 3: no coordinates\n"
+            "qn: line 4: there is no latitude 91 (--order ne if it comes first)\n"
+            "qn: 3 rows were not converted\n");
+  EXPECT_EQ(ConvertedLines("1 2\nx 2\n1 2\n", {"--strict"}).code, kFailure);
+}
+
+TEST(QnGeoLines, MayComeOutAsJson) {
+  EXPECT_EQ(ConvertedLines("1 2\n# note\n1,2 \"a\" b\nx 2\n", {"--json"}),
+            (qn_test::Outcome{kFailure,
+                              "{\"line\":1,\"easting\":111319,\"northing\":222684}\n"
+                              "{\"line\":3,\"easting\":111319,\"northing\":222684,"
+                              "\"rest\":\"\\\"a\\\" b\"}\n"
+                              "{\"line\":4,\"error\":\"no coordinates\"}\n"}));
+}
+
+TEST(QnGeo, PointsMayComeOutAsJson) {
+  EXPECT_EQ(RunGeo({"convert", "--json", "--from", "mercator", "--to", "lonlat", "--digits", "2",
+                    "111319.490793,222684.208506", "0,0"}),
+            (qn_test::Outcome{kSuccess,
+                              "{\"longitude\":1.00,\"latitude\":2.00}\n"
+                              "{\"longitude\":0.00,\"latitude\":0.00}\n"}));
+  EXPECT_EQ(RunGeo({"convert", "--json", "--from", "lonlat", "--to", "4547", "--csv", "x"}).code,
+            kUsageError);
+}
+
+TEST(QnGeo, InfoMayComeOutAsJson) {
+  EXPECT_EQ(
+      RunGeo({"info", "--json", kTexts + "epsg-4547.gdal.wkt"}),
+      (qn_test::Outcome{kSuccess,
+                        "{\"ellipsoid\":\"cgcs2000\",\"semi_major_axis\":6378137.0000,"
+                        "\"semi_minor_axis\":6356752.3141,\"inverse_flattening\":298.257222101,"
+                        "\"central_meridian\":114,\"false_easting\":500000.0000,"
+                        "\"false_northing\":0.0000,\"scale_factor\":1,"
+                        "\"equals_epsg_codes\":[2435,4526,4547],\"datum\":\"CGCS2000\"}\n"}));
 }
 
 TEST(QnGeo, WktIsWrittenForCodesAndNames) {

@@ -59,6 +59,11 @@ Point PointFrom(const std::string& argument, const PointFormat& format) {
   return point;
 }
 
+std::string TextOf(const Point& point, const PointFormat& format) {
+  if (format.json) return "{" + PointMembers(point, format.decimals, format.degrees_out) + "}";
+  return FormatPoint(point, format.decimals, format.order.value_or(AxisOrder::kEastNorth));
+}
+
 int ConvertAll(const Options& options, const PointFormat& format, Conversion& conversion) {
   const PointConversion convert = [&](const Point& point) { return conversion(point); };
   Output output(options.Value("output", "-"));
@@ -73,8 +78,7 @@ int ConvertAll(const Options& options, const PointFormat& format, Conversion& co
   }
   for (const std::string& each : options.Positional()) {
     const Point point = convert(PointFrom(each, format));
-    const AxisOrder order = format.order.value_or(AxisOrder::kEastNorth);
-    output.Write(FormatPoint(point, format.decimals, order) + "\n");
+    output.Write(TextOf(point, format) + "\n");
   }
   output.Commit();
   return bad.Finish();
@@ -103,15 +107,20 @@ int RunConvert(Arguments arguments) {
                                     {"as-library"},
                                     {"force"},
                                     {"strict"},
+                                    {"json"},
                                     {"output", 'o', Takes::kValue}});
   if (!options.Has("from") || !options.Has("to")) throw UsageError("--from and --to are needed");
   options.ExpectPositional(0, options.Has("csv") ? 0 : 1'000'000);
+  if (options.Has("csv") && options.Has("json")) {
+    throw UsageError("--json is for points and lines; the rows of a CSV file stay CSV");
+  }
   const GeoSystem from(options.Value("from"), SystemOptions(options));
   const GeoSystem to(options.Value("to"), SystemOptions(options));
   PointFormat format;
   format.degrees_in = from.IsLonLat();
   format.degrees_out = to.IsLonLat();
   format.decimals = static_cast<int>(options.Number("digits", to.Decimals(), 0, 15));
+  format.json = options.Has("json");
   if (options.Has("order")) format.order = AxisOrderFrom(options.Value("order"));
   Conversion conversion(from, to, ChecksFrom(options));
   const int code = ConvertAll(options, format, conversion);

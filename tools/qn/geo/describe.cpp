@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 // qn geo wkt and info: systems as text.
+#include <quarnfc/ext/json_text_edit.h>
 #include <quarnfc/geographic.h>
 #include <quarnfc/projected.h>
 
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <string_view>
+#include <vector>
 
 #include "qn/console.h"
 #include "qn/errors.h"
@@ -24,6 +27,7 @@ namespace {
 
 using Geo = CQNGeoCoordinateSystem;
 using Pro = CQNProCoordinateSystem;
+using quarnfc::ext::QuoteJson;
 
 // --- wkt --------------------------------------------------------------------------------------
 
@@ -62,59 +66,104 @@ namespace {
 
 // --- info -------------------------------------------------------------------------------------
 
-void PrintEllipsoid(const Geo& geo) {
+// Something that is known about a system.
+struct Fact {
+  enum Kind { kNumber, kText, kListed };  // kListed: numbers of one key, an array for programs
+
+  const char* label;  // for people
+  const char* key;    // for programs
+  std::string value;
+  const char* unit = "";  // for people; programs get metres and degrees
+  Kind kind = kNumber;
+};
+
+using Facts = std::vector<Fact>;
+
+Fact Metres(const char* label, const char* key, double value) {
+  return {label, key, Format("%.4f", value), " m"};
+}
+
+void AddEllipsoid(const Geo& geo, Facts& facts) {
   const auto named =
       std::find_if(std::begin(kNamedSystems), std::end(kNamedSystems),
                    [&](const NamedSystem& candidate) { return *candidate.system == geo; });
-  PrintLine(Format("ellipsoid           %s",
-                   named == std::end(kNamedSystems) ? "none of the predefined ones" : named->name));
-  PrintLine(Format("semi-major axis     %.4f m", geo.GetSemiMajorAxis()));
-  PrintLine(Format("semi-minor axis     %.4f m", geo.GetSemiMinorAxis()));
-  PrintLine(Format("inverse flattening  %.9f", geo.GetInverseFlattening()));
+  const bool known = named != std::end(kNamedSystems);
+  facts.push_back({"ellipsoid", "ellipsoid", known ? named->name : "none of the predefined ones",
+                   "", Fact::kText});
+  facts.push_back(Metres("semi-major axis", "semi_major_axis", geo.GetSemiMajorAxis()));
+  facts.push_back(Metres("semi-minor axis", "semi_minor_axis", geo.GetSemiMinorAxis()));
+  facts.push_back(
+      {"inverse flattening", "inverse_flattening", Format("%.9f", geo.GetInverseFlattening())});
 }
 
-void PrintProjection(const Pro& system) {
-  PrintLine(Format("central meridian    %.9g", system.GetCentralMeridian()));
-  PrintLine(Format("false easting       %.4f m", system.GetFalseEasting()));
-  PrintLine(Format("false northing      %.4f m", system.GetFalseNorthing()));
-  PrintLine(Format("scale factor        %.10g", system.GetScaleFactor()));
+void AddProjection(const Pro& system, Facts& facts) {
+  facts.push_back(
+      {"central meridian", "central_meridian", Format("%.9g", system.GetCentralMeridian())});
+  facts.push_back(Metres("false easting", "false_easting", system.GetFalseEasting()));
+  facts.push_back(Metres("false northing", "false_northing", system.GetFalseNorthing()));
+  facts.push_back({"scale factor", "scale_factor", Format("%.10g", system.GetScaleFactor())});
   if (const int zone = system.GetUTMCode(); zone != 0) {
-    PrintLine(Format("UTM zone            %d %s", std::abs(zone), zone < 0 ? "south" : "north"));
+    facts.push_back({"UTM zone", "utm_zone",
+                     Format("%d %s", std::abs(zone), zone < 0 ? "south" : "north"), "",
+                     Fact::kText});
   }
   for (const int code : FindEpsgCodes(system)) {
-    PrintLine(Format("equals EPSG code    %d (as this library defines it)", code));
+    facts.push_back({"equals EPSG code", "equals_epsg_codes", std::to_string(code),
+                     " (as this library defines it)", Fact::kListed});
   }
 }
 
 // The library passes over what it does not honour.
-void PrintWhatConvertSays(const std::string& wkt) {
+void AddWhatConvertSays(const std::string& wkt, Facts& facts) {
   try {
-    const WktSystem system = ReadWktSystem(wkt);
-    PrintLine("datum               " + system.datum);
+    facts.push_back({"datum", "datum", ReadWktSystem(wkt).datum, "", Fact::kText});
   } catch (const Failure& failure) {
-    PrintLine(std::string("qn geo convert      refuses it: ") + failure.what());
+    facts.push_back(
+        {"qn geo convert      refuses it:", "convert_refuses", failure.what(), "", Fact::kText});
   }
+}
+
+void PrintForPeople(const Facts& facts) {
+  for (const Fact& fact : facts) PrintLine(Format("%-19s ", fact.label) + fact.value + fact.unit);
+}
+
+void PrintForPrograms(const Facts& facts) {
+  std::string text;
+  std::string_view open_list;
+  for (const Fact& fact : facts) {
+    const std::string value = fact.kind == Fact::kText ? QuoteJson(fact.value) : fact.value;
+    if (fact.key == open_list) {
+      text.insert(text.size() - 1, "," + value);
+      continue;
+    }
+    text += (text.empty() ? "{" : ",") + QuoteJson(fact.key) + ":";
+    text += fact.kind == Fact::kListed ? "[" + value + "]" : value;
+    open_list = fact.kind == Fact::kListed ? fact.key : "";
+  }
+  PrintLine(text + "}");
 }
 
 }  // namespace
 
 int RunInfo(Arguments arguments) {
-  const Options options(arguments, {});
+  const Options options(arguments, {{"json"}});
   options.ExpectPositional(1, 1);
   const std::string& path = options.Positional()[0];
   const std::string wkt = DecodeDocument(ReadInput(path), DisplayText(path)).text;
   const std::string ansi = EncodeText(wkt, {Charset::kAnsi, false}, true);
   Geo geo;
   if (const auto message = ReadWktAsLibrary(geo, ansi)) throw Failure(FromLibrary(*message));
+  Facts facts;
+  AddEllipsoid(geo, facts);
   Pro projected;
-  const auto refused = ReadWktAsLibrary(projected, ansi);
-  PrintEllipsoid(geo);
-  if (!refused) {
-    PrintProjection(projected);
+  if (const auto refused = ReadWktAsLibrary(projected, ansi)) {
+    facts.push_back(
+        {"not a projected system here:", "not_projected", FromLibrary(*refused), "", Fact::kText});
   } else {
-    PrintLine("not a projected system here: " + FromLibrary(*refused));
+    AddProjection(projected, facts);
   }
-  PrintWhatConvertSays(wkt);
+  AddWhatConvertSays(wkt, facts);
+  (options.Has("json") ? PrintForPrograms : PrintForPeople)(facts);
   return kSuccess;
 }
 

@@ -61,6 +61,7 @@ constexpr std::string_view kConvertUsage =
     "      --as-library          the parameters and series of the library\n"
     "      --force               convert even far off the meridian\n"
     "      --strict              stop at the first row without a point\n"
+    "      --json                write a JSON object for each point, in UTF-8, a line each\n"
     "  -o, --output FILE         write to a file; it is whole or not there\n"
     "\n"
     "Example: qn geo convert --from lonlat --to 4547 112.938814,28.228209\n";
@@ -93,10 +94,13 @@ constexpr std::string_view kWktUsage =
     "      --as-library   with the parameters of the library's own table\n";
 
 constexpr std::string_view kInfoUsage =
-    "usage: qn geo info FILE\n"
+    "usage: qn geo info [--json] FILE\n"
     "\n"
     "Reads a file of WKT (- is standard input) and shows what the library takes from it. The exit\n"
-    "code is 1 when the library refuses the text; its message is shown.\n";
+    "code is 1 when the library refuses the text; its message is shown.\n"
+    "\n"
+    "      --json   write a JSON object: metres, degrees; what the library does not take as a\n"
+    "               projected system, and what qn geo convert refuses, with the reason\n";
 
 constexpr std::string_view kCitiesUsage =
     "usage: qn geo cities FILE [CODE...]\n"

@@ -18,6 +18,13 @@ std::string_view Trim(std::string_view text) {
   return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
+std::string Fixed(double value, int decimals) {
+  char digits[400];
+  const auto result =
+      std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, decimals);
+  return {digits, result.ptr};
+}
+
 }  // namespace
 
 AxisOrder AxisOrderFrom(const std::string& name) {
@@ -42,13 +49,15 @@ std::string FormatPoint(const Point& point, int decimals, AxisOrder order, char 
   std::string text;
   const bool east_first = order == AxisOrder::kEastNorth;
   for (const double value : {east_first ? point.x : point.y, east_first ? point.y : point.x}) {
-    char digits[400];
-    const auto result =
-        std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, decimals);
     if (!text.empty()) text += separator;
-    text.append(digits, result.ptr);
+    text += Fixed(value, decimals);
   }
   return text;
+}
+
+std::string PointMembers(const Point& point, int decimals, bool degrees) {
+  return (degrees ? "\"longitude\":" : "\"easting\":") + Fixed(point.x, decimals) +
+         (degrees ? ",\"latitude\":" : ",\"northing\":") + Fixed(point.y, decimals);
 }
 
 }  // namespace qn

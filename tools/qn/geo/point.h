@@ -30,6 +30,10 @@ bool ReadCoordinate(std::string_view text, bool degrees, double& number);
 std::string FormatPoint(const Point& point, int decimals, AxisOrder order = AxisOrder::kEastNorth,
                         char separator = ',');
 
+// The same as members of a JSON object: "longitude":112.5,"latitude":28.2 for degrees, "easting"
+// and "northing" otherwise.
+std::string PointMembers(const Point& point, int decimals, bool degrees);
+
 }  // namespace qn
 
 #endif  // QN_GEO_POINT_H_

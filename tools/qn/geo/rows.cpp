@@ -2,6 +2,7 @@
 #include "qn/geo/rows.h"
 
 #include <quarnfc/ext/csv_text.h>
+#include <quarnfc/ext/json_text_edit.h>
 
 #include <algorithm>
 #include <span>
@@ -16,6 +17,7 @@ namespace {
 
 using quarnfc::ext::CsvTextReader;
 using quarnfc::ext::CsvTextRow;
+using quarnfc::ext::QuoteJson;
 
 // The usual names of the two columns, in lower case.
 constexpr std::string_view kXNames[] = {"longitude", "lon", "lng", "easting", "east"};
@@ -131,9 +133,28 @@ std::string_view TakeWord(std::string_view& line) {
   return word;
 }
 
+std::string JsonLine(std::size_t number, const std::string& members) {
+  return "{\"line\":" + std::to_string(number) + "," + members + "}\n";
+}
+
+std::string PointLine(const Point& point, std::size_t number, std::string_view rest,
+                      const PointFormat& format) {
+  if (format.json) {
+    const std::string text = std::string(Trim(rest));
+    return JsonLine(number, PointMembers(point, format.decimals, format.degrees_out) +
+                                (text.empty() ? "" : ",\"rest\":" + QuoteJson(text)));
+  }
+  const char* const gap = rest.empty() || rest[0] == ' ' || rest[0] == '\t' ? "" : "\t";
+  return FormatPoint(point, format.decimals, OrderOf(format), '\t') + gap + std::string(rest) +
+         "\n";
+}
+
+// The line that comes out for one that goes in, with its end; "" for none.
 std::string ConvertedLine(std::string_view line, std::size_t number, const PointFormat& format,
                           const PointConversion& convert, BadRows& bad) {
-  if (Trim(line).empty() || Trim(line).starts_with('#')) return std::string(line);
+  if (Trim(line).empty() || Trim(line).starts_with('#')) {
+    return format.json ? "" : std::string(line) + "\n";
+  }
   std::string_view rest = line;
   const std::string_view first = TakeWord(rest);
   const std::string_view second = TakeWord(rest);
@@ -141,11 +162,11 @@ std::string ConvertedLine(std::string_view line, std::size_t number, const Point
   try {
     const Point point = convert(
         PointOf(east_first ? first : second, east_first ? second : first, format.degrees_in));
-    const char* const gap = rest.empty() || rest[0] == ' ' || rest[0] == '\t' ? "" : "\t";
-    return FormatPoint(point, format.decimals, OrderOf(format), '\t') + gap + std::string(rest);
+    return PointLine(point, number, rest, format);
   } catch (const Failure& failure) {
     bad.Add(number, failure.what());
-    return "*\t*\t" + std::string(line);
+    return format.json ? JsonLine(number, "\"error\":" + QuoteJson(failure.what()))
+                       : "*\t*\t" + std::string(line) + "\n";
   }
 }
 
@@ -200,11 +221,11 @@ void ConvertLines(TextStream& input, Output& output, const PointFormat& format,
          end = pending.find('\n', begin)) {
       std::string_view line = std::string_view(pending).substr(begin, end - begin);
       if (line.ends_with('\r')) line.remove_suffix(1);
-      text += ConvertedLine(line, ++number, format, convert, bad) + "\n";
+      text += ConvertedLine(line, ++number, format, convert, bad);
       begin = end + 1;
     }
     pending.erase(0, begin);
-    output.Write(EncodeText(text, input.Found(), false));
+    output.Write(format.json ? text : EncodeText(text, input.Found(), false));
   }
 }
 

@@ -22,6 +22,7 @@ struct PointFormat {
   bool degrees_out = true;  // so has the target
   int decimals = 9;
   std::optional<AxisOrder> order;  // east first when it is not given
+  bool json = false;               // lines come out as JSON objects
 };
 
 struct CsvColumns {
@@ -52,7 +53,9 @@ void ConvertCsv(TextStream& input, Output& output, const CsvColumns& columns,
                 const PointFormat& format, const PointConversion& convert, BadRows& bad);
 
 // Lines "x y rest", separated by blanks or a comma; what starts with "#" and empty lines go
-// through. A line that is no point becomes "* *" and its text.
+// through. A line that is no point becomes "* *" and its text. As JSON, in UTF-8, each point is
+// {"line":1,"easting":...,"northing":...,"rest":"..."}, what is none has "error", and other lines
+// are left out.
 void ConvertLines(TextStream& input, Output& output, const PointFormat& format,
                   const PointConversion& convert, BadRows& bad);
 
