@@ -545,6 +545,33 @@ TEST(QnJsonMerge, FollowsTheExamplesOfTheStandard) {
   }
 }
 
+// --- several files ------------------------------------------------------------------------------
+
+TEST(QnJsonFiles, OneValueIsShownOfEachWithItsNameInFront) {
+  const TempFile one(R"({"a": {"b": [1, 2]}})");
+  const TempFile two(R"({"a": {"b": "text", "c": 3}})");
+  const std::string first = std::string(one.path()) + "\n";
+  const std::string second = std::string(two.path()) + "\n";
+  EXPECT_EQ(RunJson({"get", "-c", "-p", "/a/b", one.path(), two.path()}),
+            (Outcome{0, first + "[1,2]\n" + second + "text\n"}));
+  EXPECT_EQ(RunJson({"keys", "--path", "a", one.path(), two.path()}),
+            (Outcome{0, first + "b\n" + second + "b\nc\n"}));
+  EXPECT_EQ(RunJson({"length", "--path", "a\\b", one.path(), two.path()}),
+            (Outcome{0, first + "2\n" + second + "4\n"}));
+  // One file has no name in front.
+  EXPECT_EQ(RunJson({"length", "--path", "", two.path()}), (Outcome{0, "1\n"}));
+}
+
+TEST(QnJsonFiles, AFileWithoutTheValueIsAFailure) {
+  const TempFile one(R"({"a": 1})");
+  const TempFile two(R"({"b": 1})");
+  const FullOutcome run = RunJson({"get", "--path", "a", one.path(), two.path()});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_EQ(run.output, std::string(one.path()) + "\n1\n" + two.path() + "\n");
+  EXPECT_EQ(RunJson({"get", one.path(), two.path(), "a"}).code, 2);
+  EXPECT_EQ(RunJson({"get", "--path", "a"}).code, 2);
+}
+
 // --- shape --------------------------------------------------------------------------------------
 
 std::string ShapeOf(const std::string& text) {

@@ -6,6 +6,9 @@
 namespace qn {
 namespace {
 
+#define QN_JSON_PATH_HELP \
+  "  -p, --path PATH           look there in every FILE; of several, the name goes first\n"
+
 #define QN_JSON_ENCODING_HELP \
   "      --encoding NAME       the file's encoding, when it is not to be found out\n"
 
@@ -63,6 +66,7 @@ constexpr std::string_view kFormatUsage =
 
 constexpr std::string_view kGetUsage =
     "usage: qn json get [OPTION...] FILE PATH\n"
+    "       qn json get [OPTION...] --path PATH FILE...\n"
     "\n"
     "Prints a value: a string as it is, everything else as JSON; numbers as they are spelled.\n"
     "\n"
@@ -70,26 +74,28 @@ constexpr std::string_view kGetUsage =
     "      --json                print strings as JSON, too\n"
     "  -c, --compact             everything on one line\n"
     "      --indent N            N blanks for each level, each item on its "
-    "line\n" QN_JSON_ENCODING_HELP
+    "line\n" QN_JSON_PATH_HELP QN_JSON_ENCODING_HELP
     "\n"
     "Example: qn json get settings.json /server/ports/0\n";
 
 constexpr std::string_view kKeysUsage =
     "usage: qn json keys [--json] [-i] FILE [PATH]\n"
+    "       qn json keys [--json] [-i] --path PATH FILE...\n"
     "\n"
     "Prints the keys of an object, one on each line.\n"
     "\n"
     "      --json                print them as an array\n"
     "  -i, --ignore-case         a key that differs in case is as good when there is no equal "
-    "one\n" QN_JSON_ENCODING_HELP;
+    "one\n" QN_JSON_PATH_HELP QN_JSON_ENCODING_HELP;
 
 constexpr std::string_view kLengthUsage =
     "usage: qn json length [-i] FILE [PATH]\n"
+    "       qn json length [-i] --path PATH FILE...\n"
     "\n"
     "Prints the number of members of an object, elements of an array or characters of a string.\n"
     "\n"
     "  -i, --ignore-case         a key that differs in case is as good when there is no equal "
-    "one\n" QN_JSON_ENCODING_HELP;
+    "one\n" QN_JSON_PATH_HELP QN_JSON_ENCODING_HELP;
 
 constexpr std::string_view kMergeUsage =
     "usage: qn json merge [OPTION...] FILE PATCH...\n"

@@ -20,6 +20,8 @@ using quarnfc::ext::JsonTextNode;
 
 constexpr OptionSpec kCompactOption = {"compact", 'c'};
 constexpr OptionSpec kIndentOption = {"indent", '\0', Takes::kValue};
+constexpr OptionSpec kPathOption = {"path", 'p', Takes::kValue};
+constexpr std::size_t kMostFiles = 100'000;
 
 std::string LaidOut(const JsonTextNode& node, const Options& options) {
   if (options.Has("compact")) return LayOutJson(node, JsonStyle::kCompact);
@@ -35,11 +37,54 @@ std::optional<Encoding> TargetEncoding(const Options& options) {
   return EncodingFromName(options.Value("to"));
 }
 
-// The value that an optional second argument names; the document without one.
-JsonTextNode ValueOf(const JsonDocument& document, const Options& options) {
-  const auto& positional = options.Positional();
-  return ValueAtJsonPath(document.Root(), positional.size() > 1 ? positional[1] : "",
-                         options.Has("ignore-case"));
+// The files to look into, and where. --path makes every argument a file; otherwise the path follows
+// the only file.
+struct Selection {
+  std::vector<std::string> files;
+  std::string path;
+};
+
+Selection SelectionFrom(const Options& options, std::size_t fewest) {
+  const std::vector<std::string>& given = options.Positional();
+  if (options.Has("path")) {
+    options.ExpectPositional(1, kMostFiles);
+    return {given, options.Value("path")};
+  }
+  options.ExpectPositional(fewest, 2);
+  return {{given[0]}, given.size() > 1 ? given[1] : ""};
+}
+
+// Shows the value in each file; of several, the name goes before it.
+template <class Show>
+int ShowEach(const Options& options, std::size_t fewest, Show show) {
+  const Selection selection = SelectionFrom(options, fewest);
+  for (const std::string& file : selection.files) {
+    const JsonDocument document(file, EncodingFrom(options));
+    if (selection.files.size() > 1) PrintLine(document.Name());
+    show(ValueAtJsonPath(document.Root(), selection.path, options.Has("ignore-case")));
+  }
+  return kSuccess;
+}
+
+void PrintKeys(const JsonTextNode& value, bool as_json) {
+  if (!value.IsObject()) throw Failure("the value is no object and has no keys");
+  std::string list;
+  for (const auto& item : value.Items()) {
+    if (as_json) {
+      if (!list.empty()) list += ',';
+      list += item.key->Source();
+    } else {
+      PrintLine(item.key->String());
+    }
+  }
+  if (as_json) PrintLine("[" + list + "]");
+}
+
+void PrintLength(const JsonTextNode& value) {
+  if (!value.IsObject() && !value.IsArray() && !value.IsString()) {
+    throw Failure("only objects, arrays and strings have a length");
+  }
+  PrintLine(std::to_string(value.IsString() ? CountUtf8Chars(value.String()) : value.Count()));
 }
 
 }  // namespace
@@ -68,48 +113,27 @@ int RunFormat(Arguments arguments) {
 
 int RunGet(Arguments arguments) {
   const Options options(
-      arguments, {kIgnoreCaseOption, kCompactOption, kIndentOption, {"json"}, kEncodingOption});
-  options.ExpectPositional(2, 2);
-  const JsonDocument document(options.Positional()[0], EncodingFrom(options));
-  const JsonTextNode value = ValueOf(document, options);
-  PrintLine(value.IsString() && !options.Has("json") ? value.String() : LaidOut(value, options));
-  return kSuccess;
+      arguments,
+      {kIgnoreCaseOption, kPathOption, kCompactOption, kIndentOption, {"json"}, kEncodingOption});
+  return ShowEach(options, 2, [&options](const JsonTextNode& value) {
+    PrintLine(value.IsString() && !options.Has("json") ? value.String() : LaidOut(value, options));
+  });
 }
 
 int RunKeys(Arguments arguments) {
-  const Options options(arguments, {kIgnoreCaseOption, {"json"}, kEncodingOption});
-  options.ExpectPositional(1, 2);
-  const JsonDocument document(options.Positional()[0], EncodingFrom(options));
-  const JsonTextNode value = ValueOf(document, options);
-  if (!value.IsObject()) throw Failure("the value is no object and has no keys");
-  std::string list;
-  for (const auto& item : value.Items()) {
-    if (options.Has("json")) {
-      if (!list.empty()) list += ',';
-      list += item.key->Source();
-    } else {
-      PrintLine(item.key->String());
-    }
-  }
-  if (options.Has("json")) PrintLine("[" + list + "]");
-  return kSuccess;
+  const Options options(arguments, {kIgnoreCaseOption, kPathOption, {"json"}, kEncodingOption});
+  return ShowEach(options, 1,
+                  [&options](const JsonTextNode& value) { PrintKeys(value, options.Has("json")); });
 }
 
 int RunLength(Arguments arguments) {
-  const Options options(arguments, {kIgnoreCaseOption, kEncodingOption});
-  options.ExpectPositional(1, 2);
-  const JsonDocument document(options.Positional()[0], EncodingFrom(options));
-  const JsonTextNode value = ValueOf(document, options);
-  if (!value.IsObject() && !value.IsArray() && !value.IsString()) {
-    throw Failure("only objects, arrays and strings have a length");
-  }
-  PrintLine(std::to_string(value.IsString() ? CountUtf8Chars(value.String()) : value.Count()));
-  return kSuccess;
+  const Options options(arguments, {kIgnoreCaseOption, kPathOption, kEncodingOption});
+  return ShowEach(options, 1, PrintLength);
 }
 
 int RunShape(Arguments arguments) {
   const Options options(arguments, {kEncodingOption});
-  options.ExpectPositional(1, 100'000);
+  options.ExpectPositional(1, kMostFiles);
   for (const std::string& path : options.Positional()) {
     const JsonDocument document(path, EncodingFrom(options));
     if (options.Positional().size() > 1) PrintLine(document.Name());
