@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
-// JSON documents beside RapidJSON, Boost.JSON and nlohmann-json: reading with destruction, writing,
-// copying, and looking up members. The peers write the shortest digits of a number, this library up
+// JSON documents beside RapidJSON, Boost.JSON and nlohmann-json: reading with destruction, from
+// memory and from a file, with and without a look at every value, writing, copying, and looking up
+// members. The peers write the shortest digits of a number, this library up
 // to 15 decimal places; RapidJSON reads correctly rounded numbers, as the others do.
+#include <quarnfc/json_files.h>
 #include <quarnfc/json_object.h>
 #include <quarnfc/json_value.h>
 #include <rapidjson/document.h>
@@ -12,11 +14,14 @@
 #include <boost/json/src.hpp>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
+#include "json_data.h"
 #include "row.h"
 
 namespace {
@@ -25,18 +30,6 @@ using bench::Keep;
 using bench::kOurs;
 using bench::Row;
 using Document = std::shared_ptr<CMyJsonValue>;
-
-std::string ReadFile(const char* name) {
-  std::FILE* file = std::fopen((std::string(QUARNFC_BENCH_DATA "/") + name).c_str(), "rb");
-  if (file == nullptr) {
-    std::fprintf(stderr, "cannot open %s\n", name);
-    std::exit(1);
-  }
-  std::string text(4 << 20, '\0');
-  text.resize(std::fread(text.data(), 1, text.size(), file));
-  std::fclose(file);
-  return text;
-}
 
 // Settings as applications keep them; each section has about 200 bytes.
 std::string Settings(int sections) {
@@ -58,20 +51,27 @@ Document Load(const std::string& text) {
   return value;
 }
 
-void AddReading(const std::string& input, const std::string& text) {
-  Row("json load + destroy", input, kOurs, [text] {
+// use sees each document before it is destroyed.
+template <class Use>
+void AddReading(const std::string& work, const std::string& input, const std::string& text,
+                Use use) {
+  Row(work, input, kOurs, [text, use] {
     CMyJsonValue value;
     CQNString error;
     if (!value.Load(text.c_str(), error)) std::abort();
-    Keep(value);
+    use(value);
   });
-  Row("json load + destroy", input, "RapidJSON", [text] {
+  Row(work, input, "RapidJSON", [text, use] {
     rapidjson::Document document;
     document.Parse<rapidjson::kParseFullPrecisionFlag>(text.c_str());
-    Keep(document);
+    use(document);
   });
-  Row("json load + destroy", input, "Boost.JSON", [text] { Keep(boost::json::parse(text)); });
-  Row("json load + destroy", input, "nlohmann", [text] { Keep(nlohmann::json::parse(text)); });
+  Row(work, input, "Boost.JSON", [text, use] { use(boost::json::parse(text)); });
+  Row(work, input, "nlohmann", [text, use] { use(nlohmann::json::parse(text)); });
+}
+
+void AddLoading(const std::string& input, const std::string& text) {
+  AddReading("json load + destroy", input, text, [](const auto& document) { Keep(document); });
 }
 
 template <class Writer>
@@ -116,6 +116,95 @@ void AddCopying(const std::string& input, const std::string& text) {
   });
 }
 
+// A file from its name to the end of its document. The peers take the same steps by hand.
+template <class Parse>
+void AddFilePeer(const std::string& input, const std::string& path, const char* who, Parse parse) {
+  Row("json file open + read + load + destroy", input, who, [path, parse] {
+    std::FILE* file = std::fopen(path.c_str(), "rb");
+    if (file == nullptr) std::abort();
+    std::fseek(file, 0, SEEK_END);
+    std::string text(static_cast<std::size_t>(std::ftell(file)), '\0');
+    std::rewind(file);
+    if (std::fread(text.data(), 1, text.size(), file) != text.size()) std::abort();
+    std::fclose(file);
+    parse(text);
+  });
+}
+
+void AddFile(const std::string& input, const std::string& text) {
+  // Removed when the last copy of the function goes.
+  const std::shared_ptr<const std::string> path(
+      new std::string((std::filesystem::temp_directory_path() / "quarnfc_json_bench").string()),
+      [](const std::string* name) {
+        std::remove(name->c_str());
+        delete name;
+      });
+  std::ofstream(*path, std::ios::binary) << text;
+  Row("json file open + read + load + destroy", input, kOurs, [path] {
+    CMyJsonValue value;
+    if (!QNJsonUtils::ReadJsonFileEx(path->c_str(), value, nullptr)) std::abort();
+    Keep(value);
+  });
+  AddFilePeer(input, *path, "RapidJSON", [](const std::string& json) {
+    rapidjson::Document document;
+    document.Parse<rapidjson::kParseFullPrecisionFlag>(json.c_str());
+    Keep(document);
+  });
+  AddFilePeer(input, *path, "Boost.JSON",
+              [](const std::string& json) { Keep(boost::json::parse(json)); });
+}
+
+double Sum(const CMyJsonValue& value) {
+  if (value.IsNumber()) return value.ValueNumber();
+  double sum = 0;
+  for (int i = 0; i < value.ValueArrLength(); ++i) sum += Sum(*value.ValueArrItem(i));
+  if (!value.IsObj()) return sum;
+  CQNString key;
+  CMyJsonValue* member = nullptr;
+  for (int i = 0; i < value.ValueObj()->ValueCount(); ++i) {
+    value.ValueObj()->Item(i, key, member);
+    sum += Sum(*member);
+  }
+  return sum;
+}
+
+double Sum(const rapidjson::Value& value) {
+  if (value.IsNumber()) return value.GetDouble();
+  double sum = 0;
+  if (value.IsArray()) {
+    for (const rapidjson::Value& element : value.GetArray()) sum += Sum(element);
+  } else if (value.IsObject()) {
+    for (const auto& member : value.GetObject()) sum += Sum(member.value);
+  }
+  return sum;
+}
+
+double Sum(const boost::json::value& value) {
+  if (value.is_number()) return value.to_number<double>();
+  double sum = 0;
+  if (const boost::json::array* array = value.if_array()) {
+    for (const boost::json::value& element : *array) sum += Sum(element);
+  } else if (const boost::json::object* object = value.if_object()) {
+    for (const auto& member : *object) sum += Sum(member.value());
+  }
+  return sum;
+}
+
+double Sum(const nlohmann::json& value) {
+  if (value.is_number()) return value.get<double>();
+  double sum = 0;
+  if (value.is_structured()) {
+    for (const nlohmann::json& below : value) sum += Sum(below);
+  }
+  return sum;
+}
+
+// Every value of the document is looked at, and every number read.
+void AddWalking(const std::string& input, const std::string& text) {
+  AddReading("json load + walk + destroy", input, text,
+             [](const auto& document) { Keep(Sum(document)); });
+}
+
 void AddPath(const std::string& input) {
   const std::string text = Settings(12);
   const Document ours = Load(text);
@@ -156,14 +245,16 @@ void AddLargeObject() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  AddReading("settings 200 B", Settings(1));
-  AddReading("settings 4 kB", Settings(20));
+  AddLoading("settings 200 B", Settings(1));
+  AddLoading("settings 4 kB", Settings(20));
   for (const char* name : {"twitter.json", "canada.json"}) {
-    const std::string text = ReadFile(name);
-    AddReading(name, text);
+    const std::string text = bench::ReadDocument(name);
+    AddLoading(name, text);
+    AddWalking(name, text);
     AddWriting(name, text);
     AddCopying(name, text);
   }
+  AddFile("settings 4 kB", Settings(20));
   AddPath("settings");
   AddLargeObject();
   return bench::Run(argc, argv);

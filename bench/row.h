@@ -21,6 +21,17 @@ void Row(const std::string& work, const std::string& input, const std::string& w
                                });
 }
 
+// One line that is about memory: measure returns a number of bytes.
+template <class Measure>
+void SizeRow(const std::string& work, const std::string& input, const std::string& who,
+             Measure measure) {
+  benchmark::RegisterBenchmark((work + '|' + input + '|' + who).c_str(),
+                               [measure](benchmark::State& state) {
+                                 for (auto _ : state) state.counters["bytes"] = measure();
+                               })
+      ->Iterations(1);
+}
+
 // Keeps the compiler from leaving out what made the value.
 template <class Value>
 void Keep(const Value& value) {

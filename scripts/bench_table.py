@@ -27,7 +27,7 @@ def read_targets(path):
 
 
 def read_run(folder):
-    """{(work, input): {who: nanoseconds}} of one target."""
+    """{(work, input): {who: nanoseconds, or bytes of a row about memory}} of one target."""
     scale = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
     run = {}
     for path in sorted(pathlib.Path(folder).glob("*.json")):
@@ -36,7 +36,8 @@ def read_run(folder):
                 continue
             name = re.sub(r"/threads:\d+$", "", entry["run_name"])
             work, inputs, who = split_name(name)
-            run.setdefault((work, inputs), {})[who] = entry["real_time"] * scale[entry["time_unit"]]
+            time = entry["real_time"] * scale[entry["time_unit"]]
+            run.setdefault((work, inputs), {})[who] = entry.get("bytes", time)
     return {row: times for row, times in run.items() if not row[0].startswith("growth ")}
 
 
@@ -46,7 +47,9 @@ def split_name(name):
     return work, *rest.rsplit("|", 1)
 
 
-def nice(ns):
+def nice(ns, work):
+    if " memory " in work:
+        return f"{ns:.0f} B"
     for limit, unit, text in ((1e4, 1, "ns"), (1e7, 1e3, "us"), (float("inf"), 1e6, "ms")):
         if ns < limit:
             return f"{ns / unit:.1f} {text}"
@@ -62,17 +65,23 @@ def row_order(targets, rows):
     return sorted(rows, key=lambda row: (place.get(row[0], len(works)), row[0]))
 
 
-def cells(times, target):
+def misses(ours, best, target):
+    """Whether ours is above the target: a ratio, or a number of bytes."""
+    number, _, is_bytes = target.partition(" ")
+    return bool(target) and ours / (1 if is_bytes else best) > float(number)
+
+
+def cells(work, times, target):
     """Ours, the best peer and who that is, the ratio; a star where it misses the target."""
     peers = {who: time for who, time in times.items() if who != OURS}
     if OURS not in times:
         return ["-", "-", "-"]
     if not peers:
-        return [nice(times[OURS]), "-", "-"]
+        return [nice(times[OURS], work), "-", "-"]
     who = min(peers, key=peers.get)
-    ratio = times[OURS] / peers[who]
-    missed = " *" if target and ratio > float(target) else ""
-    return [nice(times[OURS]), f"{who} {nice(peers[who])}", f"{ratio:.2f}{missed}"]
+    missed = " *" if misses(times[OURS], peers[who], target) else ""
+    ratio = f"{times[OURS] / peers[who]:.2f}{missed}"
+    return [nice(times[OURS], work), f"{who} {nice(peers[who], work)}", ratio]
 
 
 def table(targets, runs):
@@ -85,7 +94,7 @@ def table(targets, runs):
         target = target_of(targets, row)
         line = [row[0], row[1], f"<= {target}" if target else ""]
         for run in runs.values():
-            line += cells(run.get(row, {}), target)
+            line += cells(row[0], run.get(row, {}), target)
         lines.append(line)
     return lines
 
