@@ -55,12 +55,19 @@ Block PackBlock(Md5Packing packing, const unsigned char* bytes) {
 
 // --- compression (RFC 1321, 3.4) --------------------------------------------------------------
 
+// The functions F, G, H and I in two parts whose sum they are (no bit is set in both). x comes from
+// the step before: as little as can be done waits for it.
 template <int Round>
-std::uint32_t Mix(std::uint32_t x, std::uint32_t y, std::uint32_t z) {
+std::uint32_t MixLate(std::uint32_t x, std::uint32_t y, std::uint32_t z) {
   if constexpr (Round == 0) return z ^ (x & (y ^ z));
-  if constexpr (Round == 1) return (x & z) + (y & ~z);  // no bit is set in both
-  if constexpr (Round == 2) return x ^ y ^ z;
+  if constexpr (Round == 1) return x & z;
+  if constexpr (Round == 2) return x ^ (y ^ z);
   return y ^ (x | ~z);
+}
+
+template <int Round>
+std::uint32_t MixEarly(std::uint32_t y, std::uint32_t z) {
+  return Round == 1 ? y & ~z : 0;
 }
 
 // The word of the block that step i takes.
@@ -78,7 +85,8 @@ void Step(State& state, const Block& block) {
   const std::uint32_t b = state[(65 - I) % 4];
   const std::uint32_t c = state[(66 - I) % 4];
   const std::uint32_t d = state[(67 - I) % 4];
-  const std::uint32_t sum = a + block[WordOf(I)] + kSines[I] + Mix<I / 16>(b, c, d);
+  const std::uint32_t early = a + block[WordOf(I)] + kSines[I] + MixEarly<I / 16>(c, d);
+  const std::uint32_t sum = early + MixLate<I / 16>(b, c, d);
   a = b + (sum << kRotation | sum >> (32 - kRotation));
 }
 
