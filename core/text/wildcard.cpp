@@ -93,12 +93,28 @@ std::optional<std::span<const char>> AsPlain(const char* text) {
   return std::span(text, end);
 }
 
-bool MatchesPlain(std::span<const char> pattern, std::span<const char> text, bool case_sensitive) {
+bool IsSame(char a, char b) { return a == b; }
+
+bool IsSameLetter(char a, char b) {
   const auto upper = [](char ch) { return ch >= 'a' && ch <= 'z' ? ch - 'a' + 'A' : ch; };
-  const auto same = [](char a, char b) { return a == b; };
-  const auto same_letter = [upper](char a, char b) { return upper(a) == upper(b); };
-  return case_sensitive ? Matcher(text, same).Matches(pattern)
-                        : Matcher(text, same_letter).Matches(pattern);
+  return upper(a) == upper(b);
+}
+
+// Whether plain bytes in front of the first "*" differ, so that there is no match whatever follows.
+// Most texts that do not match are told by that.
+bool StartsDifferently(const char* pattern, const char* text, bool case_sensitive) {
+  const auto same = case_sensitive ? IsSame : IsSameLetter;
+  for (; *pattern != '*' && quarnfc::IsPlainByte(*pattern) && quarnfc::IsPlainByte(*text);
+       ++pattern, ++text) {
+    if (*pattern != '?' && !same(*pattern, *text)) return true;
+  }
+  return false;
+}
+
+bool MatchesPlain(std::span<const char> pattern, std::span<const char> text, bool case_sensitive) {
+  return case_sensitive
+             ? Matcher(text, [](char a, char b) { return IsSame(a, b); }).Matches(pattern)
+             : Matcher(text, IsSameLetter).Matches(pattern);
 }
 
 bool MatchesWide(std::span<wchar_t> pattern, std::span<wchar_t> text, bool case_sensitive) {
@@ -115,6 +131,7 @@ bool MatchesWide(std::span<wchar_t> pattern, std::span<wchar_t> text, bool case_
 
 bool QNStringUtils::StrIsMatching(const char* pattern, const char* text, bool caseSensitive) {
   if (pattern == nullptr || text == nullptr) return false;
+  if (StartsDifferently(pattern, text, caseSensitive)) return false;
   const auto plain_pattern = AsPlain(pattern);
   const auto plain_text = AsPlain(text);
   if (plain_pattern && plain_text) return MatchesPlain(*plain_pattern, *plain_text, caseSensitive);
