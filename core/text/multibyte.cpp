@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "core/text/byte_search.h"
 #include "core/text/character.h"
 
 namespace quarnfc {
@@ -81,37 +82,87 @@ unsigned char ToLowerLatin(unsigned char byte) {
   return static_cast<unsigned char>(byte + (byte >= 'A' && byte <= 'Z' ? 'a' - 'A' : 0));
 }
 
-constexpr std::uint64_t kEveryByte = 0x0101010101010101;
-constexpr std::uint64_t kHighBits = 0x80 * kEveryByte;
+constexpr std::ptrdiff_t kBlockSize = 64;
 
-// Changes the case of the Latin letters from first to last in eight bytes below 0x80: adding
-// carries into the high bit of a byte exactly where it is at least first, or above last.
-std::uint64_t SwitchCase(std::uint64_t word, unsigned char first, unsigned char last) {
+// Changes the case of the Latin letters from first ('a' or 'A') on in eight bytes below 0x80:
+// adding carries into the high bit of a byte exactly where it is at least first, or above the last.
+std::uint64_t SwitchCase(std::uint64_t word, unsigned char first) {
+  const unsigned char last = static_cast<unsigned char>(first + 25);
   const std::uint64_t from_first = word + (0x80u - first) * kEveryByte;
   const std::uint64_t above_last = word + (0x7Fu - last) * kEveryByte;
   return word ^ ((from_first & ~above_last & kHighBits) >> 2);
 }
 
-// Changes the case of a text whose letters from first to last map to the other case; a mapping
-// keeps the size of a character. Eight plain bytes are changed at a time.
+// Whether eight bytes of each text are plain and equal in lower case.
+bool AreEqualWords(const unsigned char* left, const unsigned char* right) {
+  std::uint64_t a, b;
+  std::memcpy(&a, left, 8);
+  std::memcpy(&b, right, 8);
+  return ((a | b) & kHighBits) == 0 && SwitchCase(a, 'A') == SwitchCase(b, 'A');
+}
+
+// How many bytes two texts begin with that are plain and equal in lower case, rounded down to a
+// multiple of eight. Where a text ends is asked for piece by piece: what lies behind a difference
+// costs nothing.
+std::size_t EqualWords(const unsigned char* left, const unsigned char* right) {
+  std::size_t equal = 0;
+  for (;;) {
+    const std::size_t size =
+        strnlen(Chars(right + equal), strnlen(Chars(left + equal), kBlockSize));
+    const std::size_t stop = equal + size;
+    while (stop - equal >= 8 && AreEqualWords(left + equal, right + equal)) equal += 8;
+    if (equal < stop || size < kBlockSize) return equal;
+  }
+}
+
+// Changes the case of sixty-four bytes if all are plain. Compilers make wide steps of the loops.
+bool SwitchCaseOfPlainBlock(unsigned char* block, unsigned char first) {
+  std::uint64_t words[kBlockSize / 8];
+  std::memcpy(words, block, kBlockSize);
+  std::uint64_t all = 0;
+  for (const std::uint64_t word : words) all |= word;
+  if ((all & kHighBits) != 0) return false;
+  for (std::uint64_t& word : words) word = SwitchCase(word, first);
+  std::memcpy(block, words, kBlockSize);
+  return true;
+}
+
+// Changes the case of the characters that begin in front of stop; end is that of the text. Eight
+// plain bytes are changed at a time. Returns what follows; end at an incomplete character.
 template <typename Mapping>
-unsigned char* MapCharacters(unsigned char* text, unsigned char first, Mapping mapping) {
-  unsigned char* position = text;
-  unsigned char* const end = text + std::strlen(Chars(text));
-  while (position < end) {
+unsigned char* MapUpTo(unsigned char* position, const unsigned char* stop, unsigned char* end,
+                       unsigned char first, Mapping mapping) {
+  while (position < stop) {
     std::uint64_t word = kHighBits;
     if (end - position >= 8) std::memcpy(&word, position, 8);
     if ((word & kHighBits) == 0) {
-      word = SwitchCase(word, first, static_cast<unsigned char>(first + 25));
+      word = SwitchCase(word, first);
       std::memcpy(position, &word, 8);
       position += 8;
       continue;
     }
     const MultibyteCharacter character = CharacterAt(position);
-    if (character.IsIncomplete()) break;
+    if (character.IsIncomplete()) return end;
     const unsigned int mapped = mapping(character.value);
     if (character.size == 2) *position++ = static_cast<unsigned char>(mapped >> 8);
     *position++ = static_cast<unsigned char>(mapped);
+  }
+  return position;
+}
+
+// Changes the case of a text whose twenty-six letters from first on map to the other case; a
+// mapping keeps the size of a character.
+template <typename Mapping>
+unsigned char* MapCharacters(unsigned char* text, unsigned char first, Mapping mapping) {
+  unsigned char* position = text;
+  unsigned char* const end = text + std::strlen(Chars(text));
+  while (position < end) {
+    const bool is_block = end - position >= kBlockSize;
+    if (is_block && SwitchCaseOfPlainBlock(position, first)) {
+      position += kBlockSize;
+    } else {
+      position = MapUpTo(position, is_block ? position + kBlockSize : end, end, first, mapping);
+    }
   }
   return text;
 }
@@ -172,6 +223,11 @@ int MbsCmp(const unsigned char* left, const unsigned char* right) {
 }
 
 int MbsICmp(const unsigned char* left, const unsigned char* right) {
+  if (ToLowerLatin(*left) == ToLowerLatin(*right)) {
+    const std::size_t equal = EqualWords(left, right);
+    left += equal;
+    right += equal;
+  }
   for (; *left < 0x80 && *right < 0x80; ++left, ++right) {
     const unsigned char left_byte = ToLowerLatin(*left);
     const unsigned char right_byte = ToLowerLatin(*right);

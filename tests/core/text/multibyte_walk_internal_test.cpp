@@ -85,6 +85,16 @@ class RandomTexts {
     return text;
   }
 
+  // Letters, with a character of two bytes or half of one here and there.
+  std::string NextLong() {
+    std::string text(random_() % 300, '\0');
+    for (char& byte : text) byte = "abcXYZ@[`{"[random_() % 10];
+    for (auto left = random_() % 3; left > 0 && !text.empty(); --left) {
+      text.insert(random_() % text.size(), random_() % 2 == 0 ? "\xA3\xE1" : "\xA3");
+    }
+    return text;
+  }
+
   std::uint32_t Number() { return random_(); }
 
  private:
@@ -150,6 +160,28 @@ TEST(MultibyteWalk, CaseChangesAsAWalkChangesIt) {
     quarnfc::MbsLwr(reinterpret_cast<unsigned char*>(lower.data()));
     ASSERT_EQ(upper, CaseByWalk(text, quarnfc::ToUpperCharacter));
     ASSERT_EQ(lower, CaseByWalk(text, quarnfc::ToLowerCharacter));
+  }
+}
+
+TEST(MultibyteWalk, LongTextsAreTakenInLargerStepsAsAWalkTakesThem) {
+  RandomTexts texts;
+  for (int i = 0; i < 5'000; ++i) {
+    const std::string text = texts.NextLong();
+    std::string upper = text, lower = text;
+    quarnfc::MbsUpr(reinterpret_cast<unsigned char*>(upper.data()));
+    quarnfc::MbsLwr(reinterpret_cast<unsigned char*>(lower.data()));
+    ASSERT_EQ(upper, CaseByWalk(text, quarnfc::ToUpperCharacter));
+    ASSERT_EQ(lower, CaseByWalk(text, quarnfc::ToLowerCharacter));
+
+    std::string other = i % 2 == 0 ? upper : lower + texts.Next(2);
+    if (i % 3 == 0 && !other.empty()) other[texts.Number() % other.size()] ^= 1;
+    if (i % 5 == 0) other.resize(texts.Number() % (other.size() + 1));
+    ASSERT_EQ(quarnfc::MbsICmp(Bytes(text.c_str()), Bytes(other.c_str())),
+              CompareByWalk(text, other, true))
+        << text << '\n'
+        << other;
+    ASSERT_EQ(quarnfc::MbsICmp(Bytes(other.c_str()), Bytes(text.c_str())),
+              CompareByWalk(other, text, true));
   }
 }
 
