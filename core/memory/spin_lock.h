@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "platform/thread_data.h"
+#include "platform/threads.h"
 
 namespace quarnfc {
 
@@ -21,6 +22,12 @@ class SpinLock {
   void lock() noexcept {
     const void* const thread = platform::ThreadMark();
     const void* holder = nullptr;
+    // Nobody else can take it meanwhile: the exchange, which costs as much as all the work done
+    // under a lock, is not needed.
+    if (platform::HasOneThread() && holder_.load(std::memory_order_relaxed) == nullptr) {
+      holder_.store(thread, std::memory_order_relaxed);
+      return;
+    }
     for (int round = 0; !holder_.compare_exchange_weak(holder, thread, std::memory_order_acquire,
                                                        std::memory_order_relaxed);
          holder = nullptr) {
