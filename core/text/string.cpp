@@ -46,18 +46,19 @@ CQNString Join(const char* left, int left_length, const char* right, int right_l
 CQNString::CQNString() : cell_(NewCell(EmptyBuffer())) {}
 
 CQNString::CQNString(const CQNString& other) : CQNString() {
-  if (IsLocked(other.Text())) {
-    AssignBytes(Text(), other.Text(), other.GetLength());
+  char* const text = other.Text();
+  if (IsLocked(text)) {
+    *cell_ = quarnfc::NewStringBuffer(text, HeaderOf(text)->length);
   } else {
-    quarnfc::ShareStringBuffer(other.Text());
-    Text() = other.Text();
+    quarnfc::ShareStringBuffer(text);
+    *cell_ = text;
   }
 }
 
 CQNString::CQNString(char ch, int count) : CQNString() {
   if (count < 1) return;
-  Text() = AllocStringBuffer(count);
-  std::memset(Text(), static_cast<unsigned char>(ch), static_cast<std::size_t>(count));
+  *cell_ = AllocStringBuffer(count);
+  std::memset(*cell_, static_cast<unsigned char>(ch), static_cast<std::size_t>(count));
 }
 
 CQNString::CQNString(const char* text) : CQNString(text, TextLength(text)) {}
@@ -65,7 +66,7 @@ CQNString::CQNString(const char* text) : CQNString(text, TextLength(text)) {}
 CQNString::CQNString(const unsigned char* text) : CQNString(reinterpret_cast<const char*>(text)) {}
 
 CQNString::CQNString(const char* text, int length) : CQNString() {
-  if (text != nullptr && length > 0) AssignBytes(Text(), text, length);
+  if (text != nullptr && length > 0) *cell_ = quarnfc::NewStringBuffer(text, length);
 }
 
 CQNString::~CQNString() {
@@ -120,7 +121,7 @@ const CQNString& CQNString::operator+=(const char* text) {
 }
 
 const CQNString& CQNString::operator+=(char ch) {
-  AppendBytes(Text(), &ch, 1);
+  quarnfc::AppendByte(Text(), ch);
   return *this;
 }
 

@@ -4,9 +4,10 @@
 #include <quarnfc/fixed_alloc.h>
 
 #include <algorithm>
-#include <bit>
 #include <climits>
 #include <new>
+
+#include "platform/threads.h"
 
 namespace quarnfc {
 namespace {
@@ -38,30 +39,48 @@ CQNFixedAlloc* PoolOf(int capacity) {
   }
 }
 
-int CapacityFor(int length) {
-  if (length <= 64) return 64;
-  if (length <= 128) return 128;
-  if (length <= 256) return 256;
-  if (length <= 512) return 512;
-  return length;
+// What lies in front of the characters of a buffer from the heap: room tells how large a capacity
+// the block has space for. Beyond the capacity that hosts see, a string grows where it lies.
+struct HeapBlock {
+  int room;
+  StringHeader header;
+};
+
+HeapBlock* HeapBlockOf(char* text) { return reinterpret_cast<HeapBlock*>(text) - 1; }
+
+// A heap buffer of exactly this length with room for more; both are above kLargestPooled.
+char* AllocHeapBuffer(int length, int room) {
+  if (length > kMaxLength) throw std::bad_alloc();
+  void* const place = ::operator new[](sizeof(HeapBlock) + static_cast<std::size_t>(room) + 1);
+  char* const text = reinterpret_cast<char*>(new (place) HeapBlock{room, {1, length, length}} + 1);
+  text[length] = '\0';
+  return text;
 }
 
-// The bytes of a heap block for this capacity: the next of four sizes between one power of two and
-// the next. What is left over is hidden behind the capacity and lets a string grow where it lies,
-// so that appending piece by piece copies each byte a few times only.
-std::size_t BlockSize(int capacity) {
-  const std::size_t bytes = sizeof(StringHeader) + static_cast<std::size_t>(capacity) + 1;
-  const std::size_t step = std::bit_floor(bytes) / 4;  // a power of two
-  return (bytes + step - 1) & ~(step - 1);
+// A buffer of exactly this length to which a text of old_length goes over. Room for twice the text
+// lets one that is appended to piece by piece be copied a few times only.
+char* AllocGrownBuffer(int length, int old_length) {
+  if (length <= kLargestPooled) return AllocStringBuffer(length);
+  const int twice = old_length > kMaxLength / 2 ? kMaxLength : 2 * old_length;
+  return AllocHeapBuffer(length, std::max(length, twice));
 }
 
 // Gives an unshared heap buffer a larger capacity if its block has the room.
 bool Widen(char* text, int capacity) {
   StringHeader* header = HeaderOf(text);
   const bool is_own = References(text) == 1 && header->capacity > kLargestPooled;
-  if (!is_own || BlockSize(capacity) != BlockSize(header->capacity)) return false;
+  if (!is_own || capacity > HeapBlockOf(text)->room) return false;
   header->capacity = capacity;
   return true;
+}
+
+// Whether length bytes may be written into the buffer, which is widened if it takes that.
+bool HasRoom(char* text, int length) { return FitsInPlace(text, length) || Widen(text, length); }
+
+// Takes one reference away; returns how many there were.
+int TakeReference(int& references) {
+  if (platform::HasOneThread()) return references--;
+  return std::atomic_ref<int>(references).fetch_sub(1, std::memory_order_acq_rel);
 }
 
 int JoinedLength(int left, int right) {
@@ -84,38 +103,39 @@ char* EmptyBuffer() { return g_empty.text; }
 
 char* AllocStringBuffer(int length) {
   if (length <= 0) return EmptyBuffer();
-  if (length > kMaxLength) throw std::bad_alloc();
-
   const int capacity = CapacityFor(length);
-  CQNFixedAlloc* pool = PoolOf(capacity);
-  void* block = pool != nullptr ? pool->Alloc() : ::operator new[](BlockSize(capacity));
-  auto* header = new (block) StringHeader{1, length, capacity};
+  CQNFixedAlloc* const pool = PoolOf(capacity);
+  if (pool == nullptr) return AllocHeapBuffer(length, length);
+  auto* header = new (pool->Alloc()) StringHeader{1, length, capacity};
   char* text = reinterpret_cast<char*>(header + 1);
   text[length] = '\0';
   return text;
 }
 
-bool IsLikeNew(const char* text, int length) {
-  if (length <= 0) return text == EmptyBuffer();
-  return References(text) == 1 && HeaderOf(text)->capacity == CapacityFor(length);
+char* NewStringBuffer(const char* source, int length) {
+  char* const text = AllocStringBuffer(length);
+  if (length > 0) std::memcpy(text, source, static_cast<std::size_t>(length));
+  return text;
 }
 
 void ShareStringBuffer(char* text) {
-  std::atomic_ref<int>(HeaderOf(text)->references).fetch_add(1, std::memory_order_relaxed);
+  int& references = HeaderOf(text)->references;
+  if (platform::HasOneThread()) {
+    ++references;
+  } else {
+    std::atomic_ref<int>(references).fetch_add(1, std::memory_order_relaxed);
+  }
 }
 
 void ReleaseStringBuffer(char* text) {
   if (text == EmptyBuffer()) return;
   StringHeader* header = HeaderOf(text);
   // Nobody else can share a buffer whose only string is being released: its count need not change.
-  const bool was_shared =
-      IsShared(text) &&
-      std::atomic_ref<int>(header->references).fetch_sub(1, std::memory_order_acq_rel) > 1;
-  if (was_shared) return;
+  if (IsShared(text) && TakeReference(header->references) > 1) return;
   if (CQNFixedAlloc* pool = PoolOf(header->capacity)) {
     pool->Free(header);
   } else {
-    ::operator delete[](header);
+    ::operator delete[](HeapBlockOf(text));
   }
 }
 
@@ -136,38 +156,40 @@ void AssignBytes(char*& text, const char* source, int length) {
     SetStringLength(text, length);
     return;
   }
-  char* buffer = AllocStringBuffer(length);
-  CopyBytes(buffer, source, length);
-  ReplaceBuffer(text, buffer);
+  ReplaceBuffer(text, NewStringBuffer(source, length));
 }
 
 void AppendBytes(char*& text, const char* source, int length) {
   if (length == 0) return;
   const int old_length = HeaderOf(text)->length;
   const int new_length = JoinedLength(old_length, length);
-  if (FitsInPlace(text, new_length) || Widen(text, new_length)) {
+  if (HasRoom(text, new_length)) {
     CopyBytes(text + old_length, source, length);
     SetStringLength(text, new_length);
     return;
   }
-  char* buffer = AllocStringBuffer(new_length);
+  char* buffer = AllocGrownBuffer(new_length, old_length);
   CopyBytes(buffer, text, old_length);
   CopyBytes(buffer + old_length, source, length);
   ReplaceBuffer(text, buffer);
 }
 
+void AppendByte(char*& text, char byte) {
+  const int length = HeaderOf(text)->length;
+  if (length == kMaxLength || !HasRoom(text, length + 1)) return AppendBytes(text, &byte, 1);
+  text[length] = byte;
+  SetStringLength(text, length + 1);
+}
+
 void Unshare(char*& text) {
   if (!IsShared(text)) return;
-  const int length = HeaderOf(text)->length;
-  char* buffer = AllocStringBuffer(length);
-  CopyBytes(buffer, text, length);
-  ReplaceBuffer(text, buffer);
+  ReplaceBuffer(text, NewStringBuffer(text, HeaderOf(text)->length));
 }
 
 void Reserve(char*& text, int capacity) {
-  if (FitsInPlace(text, capacity) || Widen(text, capacity)) return;
+  if (HasRoom(text, capacity)) return;
   const int length = HeaderOf(text)->length;
-  char* buffer = AllocStringBuffer(std::max(capacity, length));
+  char* buffer = capacity > length ? AllocGrownBuffer(capacity, length) : AllocStringBuffer(length);
   CopyBytes(buffer, text, length);
   SetStringLength(buffer, length);
   ReplaceBuffer(text, buffer);

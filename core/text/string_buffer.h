@@ -41,9 +41,24 @@ char* EmptyBuffer();
 // characters; the shared empty buffer for 0. Throws std::bad_alloc.
 char* AllocStringBuffer(int length);
 
+// The same with a copy of length bytes of source.
+char* NewStringBuffer(const char* source, int length);
+
+// The capacity of a new buffer for this length.
+inline int CapacityFor(int length) {
+  if (length <= 64) return length <= 0 ? 0 : 64;
+  if (length <= 128) return 128;
+  if (length <= 256) return 256;
+  if (length <= 512) return 512;
+  return length;
+}
+
 // Whether the buffer is what AllocStringBuffer gives for this length, but for what is written in
 // it.
-bool IsLikeNew(const char* text, int length);
+inline bool IsLikeNew(const char* text, int length) {
+  const int new_references = length <= 0 ? -1 : 1;
+  return References(text) == new_references && HeaderOf(text)->capacity == CapacityFor(length);
+}
 
 // Adds a reference to a buffer that is not locked.
 void ShareStringBuffer(char* text);
@@ -71,6 +86,7 @@ void AssignBytes(char*& text, const char* source, int length);
 // Append rule: in place under the same condition; otherwise into a buffer of the exact length. That
 // is a new one unless the old one can be lengthened where it lies.
 void AppendBytes(char*& text, const char* source, int length);
+void AppendByte(char*& text, char byte);
 
 // Makes the buffer unshared before it is written to.
 void Unshare(char*& text);
