@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "core/memory/memory.h"
+#include "core/text/byte_search.h"
 
 namespace quarnfc {
 namespace {
@@ -28,15 +29,14 @@ int SplitPieces(const char* text, char separator, void* pieces, AppendPiece appe
   if (text == nullptr || *text == '\0') return 0;
   int count = 0;
   const char* begin = text;
-  for (const char* p = text; *p != '\0'; ++p) {
-    if (*p != separator) continue;
-    StoreCopy(append(pieces), begin, static_cast<std::size_t>(p - begin));
+  const char* const end = text + std::strlen(text);
+  for (;;) {
+    const char* const stop = FindByte(begin, end, separator);
+    StoreCopy(append(pieces), begin, static_cast<std::size_t>(stop - begin));
     ++count;
-    begin = p + 1;
+    if (stop == end) return count;  // behind a separator at the end there is an empty piece
+    begin = stop + 1;
   }
-  // What follows the last separator, which is empty when the text ends with one.
-  StoreCopy(append(pieces), begin, std::strlen(begin));
-  return count + 1;
 }
 
 std::size_t AdjustPieces(char** pieces, std::size_t count, bool trim_blanks, bool drop_empty) {
