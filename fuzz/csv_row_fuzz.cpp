@@ -47,9 +47,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string line = input.Text();
   if (line.empty()) return 0;
 
-  // A buffer of the very size, so that a step beyond it shows.
+  // A buffer of the very size with its slack, so that a step beyond it shows.
   std::vector<char> buffer(line.begin(), line.end());
-  buffer.push_back('\0');
+  buffer.resize(line.size() + 1 + quarnfc::io::Line::kSlack);
   std::vector<CQNString> row;
   quarnfc::io::SplitCsvLine({buffer.data(), line.size()}, utf8, row);
   fuzz::Expect(!row.empty());

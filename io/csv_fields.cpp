@@ -1,47 +1,48 @@
 // SPDX-License-Identifier: MIT
 #include "io/csv_fields.h"
 
-#include <cstdint>
 #include <cstring>
 
 #include "core/text/string_buffer.h"
+#include "io/line_source.h"
 
 namespace quarnfc::io {
 namespace {
 
-// Most fields are so short that a call of memcpy costs more than the copying: two words that may
-// overlap copy 8 to 16 bytes.
-void CopyShort(char* to, const char* from, std::size_t length) {
-  if (length < 8 || length > 16) {
-    if (length > 0) std::memcpy(to, from, length);
-    return;
-  }
-  std::uint64_t first, last;
-  std::memcpy(&first, from, 8);
-  std::memcpy(&last, from + length - 8, 8);
-  std::memcpy(to, &first, 8);
-  std::memcpy(to + length - 8, &last, 8);
-}
-
 // Writes the text into the buffer of an old field, if a new string of this text had one like it.
+// Most fields are so short that a call of memcpy costs more than the copying: as many bytes as may
+// be read are copied, and a buffer that is not empty holds as many.
 bool WriteOver(const CQNString& field, const char* text, std::size_t length) {
   char* const buffer = const_cast<char*>(static_cast<const char*>(field));
   if (!IsLikeNew(buffer, static_cast<int>(length))) return false;
-  CopyShort(buffer, text, length);
-  SetStringLength(buffer, static_cast<int>(length));
+  if (length == 0) return true;
+  if (length <= Line::kSlack) {
+    std::memcpy(buffer, text, Line::kSlack);
+  } else {
+    std::memcpy(buffer, text, length);
+  }
+  HeaderOf(buffer)->length = static_cast<int>(length);
+  buffer[length] = '\0';
   return true;
 }
 
 }  // namespace
 
 void CsvFields::Add(const char* text, std::size_t length) {
-  if (count_ == row_.size() || !WriteOver(row_[count_], text, length)) {
-    DropRest();
-    row_.emplace_back(text, static_cast<int>(length));
+  if (count_ < row_.size() && WriteOver(row_[count_], text, length)) {
+    ++count_;
+  } else {
+    AddNew(text, length);
   }
+}
+
+void CsvFields::AddNew(const char* text, std::size_t length) {
+  DropRest();
+  row_.emplace_back(text, static_cast<int>(length));
   ++count_;
 }
 
+// A string that is not empty has a buffer larger than the slack.
 void CsvFields::Add(const CQNString& text) {
   Add(text, static_cast<std::size_t>(text.GetLength()));
 }

@@ -22,10 +22,12 @@ class CsvFields {
 
   std::size_t Count() const { return count_; }
 
+  // Line::kSlack bytes of a text that is not empty can be read, as in a line.
   void Add(const char* text, std::size_t length);
   void Add(const CQNString& text);
 
  private:
+  void AddNew(const char* text, std::size_t length);
   void DropRest() { row_.erase(row_.begin() + static_cast<std::ptrdiff_t>(count_), row_.end()); }
 
   std::vector<CQNString>& row_;

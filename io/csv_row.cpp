@@ -12,49 +12,31 @@
 // any other; a quoted field ends with its line at the latest; commas are found byte by byte, also
 // where they are the second byte of a broken character.
 //
-// One pass over the line, in place, eight bytes at a time: doubled quotes are closed up in the line
-// itself. UTF-8 is converted field by field through scratch buffers.
+// One pass over the line, in place, eight bytes at a time, which may read bytes behind it: doubled
+// quotes are closed up in the line itself. UTF-8 is converted field by field through scratch
+// buffers.
 #include "io/csv_row.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstddef>
-#include <cstdint>
 #include <cstring>
 
+#include "core/text/byte_search.h"
 #include "core/text/transcode.h"
 #include "io/csv_fields.h"
 
 namespace quarnfc::io {
 namespace {
 
-constexpr std::uint64_t kEveryByte = 0x0101010101010101;
-constexpr std::uint64_t kHighBits = 0x80 * kEveryByte;
-
-// The first place of the byte, or end. Fields are short, so that a call of memchr costs more.
-char* Find(char byte, char* from, char* end) {
-  const std::uint64_t pattern = kEveryByte * static_cast<unsigned char>(byte);
-  for (; end - from >= 8; from += 8) {
-    std::uint64_t word;
-    std::memcpy(&word, from, 8);
-    word ^= pattern;
-    // The high bit of each byte that is 0 now; above the first of them others may be set, too.
-    const std::uint64_t found = (word - kEveryByte) & ~word & kHighBits;
-    if (found == 0) continue;
-    if constexpr (std::endian::native == std::endian::little) {
-      return from + std::countr_zero(found) / 8;
-    }
-    break;
-  }
-  return std::find(from, end, byte);
-}
-
 // --- the fields of a line ---------------------------------------------------------------------
 
 class LineSplitter {
  public:
+  // A comma at the end of the line stops every search for one.
   LineSplitter(char* line, char* end, bool utf8, CsvFields& fields)
-      : cursor_(line), end_(end), utf8_(utf8), fields_(fields) {}
+      : cursor_(line), end_(end), utf8_(utf8), fields_(fields) {
+    *end = ',';
+  }
 
   void Split() {
     while (cursor_ < end_) ReadField();
@@ -63,8 +45,8 @@ class LineSplitter {
 
  private:
   void ReadField() {
-    while (cursor_ < end_ && (*cursor_ == ' ' || *cursor_ == '\t')) ++cursor_;
-    if (cursor_ < end_ && *cursor_ == '"') {
+    while (*cursor_ == ' ' || *cursor_ == '\t') ++cursor_;
+    if (*cursor_ == '"') {
       ReadQuoted();
     } else {
       ReadPlain();
@@ -84,7 +66,7 @@ class LineSplitter {
     char* const start = ++cursor_;
     char* end = start;
     for (;;) {
-      char* const quote = Find('"', cursor_, end_);
+      char* const quote = FindByte(cursor_, end_, '"');
       const bool is_doubled = end_ - quote >= 2 && quote[1] == '"';
       const auto length = static_cast<std::size_t>(quote - cursor_) + is_doubled;
       if (end != cursor_) std::memmove(end, cursor_, length);
@@ -98,7 +80,7 @@ class LineSplitter {
 
   // Goes on behind the next comma, or stays at the end of the line; returns where that is.
   char* PassSeparator() {
-    char* const comma = Find(',', cursor_, end_);
+    char* const comma = FindPresentByte(cursor_, ',');
     cursor_ = comma;
     if (comma < end_) {
       ++cursor_;

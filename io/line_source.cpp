@@ -45,7 +45,7 @@ platform::SystemError LineSource::Open(const char* path) {
 void LineSource::Open(platform::File file) {
   Close();
   const std::size_t size = BufferSizeFor(file.Size());
-  buffer_ = std::make_unique<char[]>(size);  // a failure leaves no file open
+  buffer_ = std::make_unique<char[]>(size + Line::kSlack);  // a failure leaves no file open
   size_ = size;
   utf8_ = StartsWithUtf8Mark(file);
   file_ = std::move(file);
@@ -57,6 +57,7 @@ void LineSource::Rewind() {
   read_error_ = file_.Seek(utf8_ ? kUtf8Mark.size() : 0);
   std::memset(buffer_.get(), 0, size_);
   position_ = 0;
+  zero_ = 0;
   end_ = size_;
 }
 
@@ -83,21 +84,20 @@ void LineSource::SkipBlanks() {
   while (position_ < size_ && is_blank(buffer_[position_])) ++position_;
 }
 
-// The index of the next line feed or zero byte, or the size of the buffer. The search goes window
-// by window, so that its time follows the length of the line whichever byte ends it.
-std::size_t LineSource::FindLineEnd() const {
-  constexpr std::size_t kWindow = 256;
-  for (std::size_t from = position_; from < size_; from += kWindow) {
-    const char* const window = buffer_.get() + from;
-    const std::size_t length = std::min(kWindow, size_ - from);
-    const auto* const feed = static_cast<const char*>(std::memchr(window, '\n', length));
-    const std::size_t before_feed =
-        feed == nullptr ? length : static_cast<std::size_t>(feed - window);
-    const auto* const zero = static_cast<const char*>(std::memchr(window, '\0', before_feed));
-    const char* const end = zero != nullptr ? zero : feed;
-    if (end != nullptr) return static_cast<std::size_t>(end - buffer_.get());
-  }
-  return size_;
+// The index of the next line feed or zero byte, or the size of the buffer. Zero bytes are rare: the
+// next one is looked for when the one before was passed, and bounds the search for line feeds.
+std::size_t LineSource::FindLineEnd() {
+  if (zero_ < position_) zero_ = IndexOf('\0', size_);
+  return IndexOf('\n', zero_);
+}
+
+// The index of the first unread byte of this kind, or end.
+std::size_t LineSource::IndexOf(char byte, std::size_t end) const {
+  const char* const from = buffer_.get() + position_;
+  const void* const found = std::memchr(from, byte, end - position_);
+  return found == nullptr
+             ? end
+             : static_cast<std::size_t>(static_cast<const char*>(found) - buffer_.get());
 }
 
 // Whether a read error stands where the line ends.
@@ -115,6 +115,7 @@ bool LineSource::Refill() {
   const platform::Transferred read = file_.Read(rest, size_ - kept);
   std::memset(rest + read.count, 0, size_ - kept - read.count);
   end_ = kept + read.count;
+  zero_ = IndexOf('\0', size_);
   read_error_ = read.error;
   return read.count > 0;
 }

@@ -10,9 +10,12 @@
 
 namespace quarnfc::io {
 
-// A line in the buffer, zero-terminated in place of its line feed. It holds no other zero byte and
-// may be written to; it is valid until the next line is asked for.
+// A line in the buffer, zero-terminated in place of its line feed. It holds no other zero byte. The
+// line and its terminator may be written to, and kSlack bytes behind the terminator may be read; it
+// is valid until the next line is asked for.
 struct Line {
+  static constexpr std::size_t kSlack = 16;
+
   char* text = nullptr;
   std::size_t length = 0;
 };
@@ -51,15 +54,17 @@ class LineSource {
 
  private:
   void SkipBlanks();
-  std::size_t FindLineEnd() const;
+  std::size_t FindLineEnd();
+  std::size_t IndexOf(char byte, std::size_t end) const;
   bool IsCutOff(std::size_t line_end) const;
   bool Refill();
 
   platform::File file_;
   bool utf8_ = false;
-  std::unique_ptr<char[]> buffer_;
+  std::unique_ptr<char[]> buffer_;  // with the slack of a line behind it
   std::size_t size_ = 0;
   std::size_t position_ = 0;  // of the first unread byte in the buffer
+  std::size_t zero_ = 0;      // the next zero byte, if it is not read yet
   std::size_t end_ = 0;       // of the bytes read from the file; zeros follow
   platform::SystemError read_error_ = platform::kNoError;
 };

@@ -55,7 +55,7 @@ Row PlainSplit(std::string line) {
 
 Row Split(const std::string& line) {
   std::vector<char> buffer(line.begin(), line.end());
-  buffer.push_back('\0');
+  buffer.resize(line.size() + 1 + quarnfc::io::Line::kSlack);
   std::vector<CQNString> fields;
   quarnfc::io::SplitCsvLine({buffer.data(), line.size()}, false, fields);
   return ToRow(fields);
@@ -82,7 +82,7 @@ TEST(CsvRow, EveryShortLineSplitsByThePlainRules) {
 
 void SplitOver(std::vector<CQNString>& fields, const std::string& line) {
   std::vector<char> buffer(line.begin(), line.end());
-  buffer.push_back('\0');
+  buffer.resize(line.size() + 1 + quarnfc::io::Line::kSlack);
   quarnfc::io::SplitCsvLine({buffer.data(), line.size()}, false, fields);
 }
 
