@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <new>
 #include <optional>
@@ -25,17 +26,20 @@ struct NumberPieces {
   }
 };
 
-void AppendPieces(std::pmr::string& text, const FormatSpec& spec, NumberPieces pieces,
-                  bool may_fill) {
+void AppendPieces(FormattedText& text, const FormatSpec& spec, NumberPieces pieces, bool may_fill) {
   std::size_t padding = std::max(spec.Columns(), pieces.Size()) - pieces.Size();
   if (spec.zero && may_fill && !spec.left) {
     pieces.zeros += padding;
     padding = 0;
   }
-  if (!spec.left) text.append(padding, ' ');
-  text.append(pieces.prefix).append(pieces.zeros, '0').append(pieces.digits);
-  text.append(pieces.more_zeros, '0').append(pieces.tail);
-  if (spec.left) text.append(padding, ' ');
+  char* place = text.Extend(padding + pieces.Size());
+  if (!spec.left) place = std::fill_n(place, padding, ' ');
+  place = FormattedText::Copy(pieces.prefix, place);
+  place = std::fill_n(place, pieces.zeros, '0');
+  place = FormattedText::Copy(pieces.digits, place);
+  place = std::fill_n(place, pieces.more_zeros, '0');
+  place = FormattedText::Copy(pieces.tail, place);
+  if (spec.left) std::fill_n(place, padding, ' ');
 }
 
 std::string_view SignOf(const FormatSpec& spec, bool negative) {
@@ -65,7 +69,7 @@ std::string_view AlternatePrefix(const FormatSpec& spec, unsigned long long valu
 }
 
 // The least digits: a precision of 0 leaves none of the number 0.
-void AppendInteger(std::pmr::string& text, const FormatSpec& spec, std::string_view prefix,
+void AppendInteger(FormattedText& text, const FormatSpec& spec, std::string_view prefix,
                    unsigned long long value) {
   constexpr std::size_t kDigits = 22;  // 2^64 - 1 in octal
   char digits[kDigits];
@@ -97,7 +101,7 @@ constexpr int kMostDecimals = 1074;
 // Room for 309 digits, the point, the decimals and a sign or exponent.
 constexpr std::size_t kDigitsRoom = 309 + kMostDecimals + 16;
 
-void AppendNotFinite(std::pmr::string& text, const FormatSpec& spec, double value) {
+void AppendNotFinite(FormattedText& text, const FormatSpec& spec, double value) {
   const bool is_upper = spec.conversion < 'a';
   NumberPieces pieces;
   pieces.prefix = SignOf(spec, std::signbit(value));
@@ -125,14 +129,56 @@ std::optional<std::chars_format> StandardFormat(const FormatSpec& spec) {
   }
 }
 
+// Adds one to the last digit of a printed number; returns its end.
+char* Increment(char* text, char* end) {
+  for (char* place = end; place-- > text;) {
+    if (*place == '.') continue;
+    if (*place != '9') {
+      ++*place;
+      return end;
+    }
+    *place = '0';
+  }
+  std::copy_backward(text, end, end + 1);
+  *text = '1';
+  return end + 1;
+}
+
+// Prints a number of moderate size with any number of decimals that fits, exactly rounded, half to
+// even; null when it is none: the part behind the point must be a multiple of 2^-59. The decimals
+// come out of it one by one, where ten times the rest passes 2^59.
+char* PrintShortly(char (&text)[kDigitsRoom], double magnitude, int decimals) {
+  constexpr std::int64_t kOne = std::int64_t{1} << 59;
+  if (magnitude >= 1e18) return nullptr;
+  const auto whole = static_cast<std::int64_t>(magnitude);
+  const double fraction = (magnitude - static_cast<double>(whole)) * static_cast<double>(kOne);
+  auto rest = static_cast<std::int64_t>(fraction);
+  if (static_cast<double>(rest) != fraction) return nullptr;
+
+  char* end = std::to_chars(text, text + kDigitsRoom, whole).ptr;
+  if (decimals > 0) *end++ = '.';
+  for (; decimals > 0; --decimals) {
+    rest *= 10;
+    *end++ = static_cast<char>('0' + rest / kOne);
+    rest %= kOne;
+  }
+  const bool is_odd = (end[-1] & 1) != 0;
+  return rest > kOne / 2 || (rest == kOne / 2 && is_odd) ? Increment(text, end) : end;
+}
+
 // Prints the magnitude without width and with no more decimals than it has. What std::to_chars does
 // not print the C library does, which is slower.
 std::string_view PrintMagnitude(char (&room)[kDigitsRoom], const FormatSpec& spec, double value) {
   constexpr int kDefaultPrecision = 6;
   if (const auto standard = StandardFormat(spec)) {
     const int decimals = spec.precision < 0 ? kDefaultPrecision : spec.precision;
-    const auto printed = std::to_chars(room, room + kDigitsRoom, std::fabs(value), *standard,
-                                       std::min(decimals, kMostDecimals));
+    const int printed_decimals = std::min(decimals, kMostDecimals);
+    if (*standard == std::chars_format::fixed) {
+      const char* const end = PrintShortly(room, std::fabs(value), printed_decimals);
+      if (end != nullptr) return {room, static_cast<std::size_t>(end - room)};
+    }
+    const auto printed =
+        std::to_chars(room, room + kDigitsRoom, std::fabs(value), *standard, printed_decimals);
     return {room, static_cast<std::size_t>(printed.ptr - room)};
   }
   const char format[] = {'%', '#', '.', '*', spec.conversion, '\0'};
@@ -151,23 +197,25 @@ bool KeepsZeros(const FormatSpec& spec) {
 
 }  // namespace
 
-void AppendSigned(std::pmr::string& text, const FormatSpec& spec, long long value) {
+void AppendSigned(FormattedText& text, const FormatSpec& spec, long long value) {
   const auto bits = static_cast<unsigned long long>(value);
   AppendInteger(text, spec, SignOf(spec, value < 0), value < 0 ? 0 - bits : bits);
 }
 
-void AppendUnsigned(std::pmr::string& text, const FormatSpec& spec, unsigned long long value) {
+void AppendUnsigned(FormattedText& text, const FormatSpec& spec, unsigned long long value) {
   AppendInteger(text, spec, AlternatePrefix(spec, value), value);
 }
 
-void AppendFloat(std::pmr::string& text, const FormatSpec& spec, double value) {
+void AppendFloat(FormattedText& text, const FormatSpec& spec, double value) {
   if (!std::isfinite(value)) {
     AppendNotFinite(text, spec, value);
     return;
   }
   char room[kDigitsRoom];
   const std::string_view printed = PrintMagnitude(room, spec, value);
-  const std::size_t exponent = std::min(printed.find_first_of("eE"), printed.size());
+  const std::size_t exponent = spec.conversion == 'f'
+                                   ? printed.size()
+                                   : std::min(printed.find_first_of("eE"), printed.size());
   NumberPieces pieces;
   pieces.prefix = SignOf(spec, std::signbit(value));
   pieces.digits = printed.substr(0, exponent);

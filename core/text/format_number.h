@@ -5,21 +5,19 @@
 #ifndef QUARNFC_CORE_TEXT_FORMAT_NUMBER_H_
 #define QUARNFC_CORE_TEXT_FORMAT_NUMBER_H_
 
-#include <memory_resource>
-#include <string>
-
 #include "core/text/format_spec.h"
+#include "core/text/formatted_text.h"
 
 namespace quarnfc {
 
 // Appends an integer: conversions d and i (signed), u, o, x and X (unsigned). All throw
 // std::bad_alloc when the width or precision asks for more than there is memory.
-void AppendSigned(std::pmr::string& text, const FormatSpec& spec, long long value);
-void AppendUnsigned(std::pmr::string& text, const FormatSpec& spec, unsigned long long value);
+void AppendSigned(FormattedText& text, const FormatSpec& spec, long long value);
+void AppendUnsigned(FormattedText& text, const FormatSpec& spec, unsigned long long value);
 
 // Appends a floating-point number: conversions e, E, f, g and G. Infinities and what is not a
 // number are spelled "inf", "nan" and "-nan(ind)" whatever the C library's own spelling is.
-void AppendFloat(std::pmr::string& text, const FormatSpec& spec, double value);
+void AppendFloat(FormattedText& text, const FormatSpec& spec, double value);
 
 }  // namespace quarnfc
 

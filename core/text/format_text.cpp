@@ -46,7 +46,8 @@ class Formatter {
   Formatter(const Formatter&) = delete;
   Formatter& operator=(const Formatter&) = delete;
 
-  void Run() {
+  // Returns the estimate.
+  int Run() {
     while (*format_ != '\0') {
       if (*format_ != '%') {
         AppendCharacters();
@@ -57,7 +58,7 @@ class Formatter {
         AppendItem();
       }
     }
-    result_.estimate = static_cast<int>(std::min<long long>(estimate_, INT_MAX));
+    return static_cast<int>(std::min<long long>(estimate_, INT_MAX));
   }
 
  private:
@@ -69,7 +70,7 @@ class Formatter {
   }
 
   void Append(std::ptrdiff_t length) {
-    result_.text.append(format_, static_cast<std::size_t>(length));
+    result_.Append({format_, static_cast<std::size_t>(length)});
     estimate_ += length;
     format_ += length;
   }
@@ -149,7 +150,7 @@ void Formatter::AppendItem() {
       break;
     default:
       // Not a conversion: the character stands for itself.
-      result_.text.push_back(spec_.conversion);
+      result_.Append(1, spec_.conversion);
       break;
   }
 }
@@ -208,9 +209,9 @@ void Formatter::AppendPadded(std::string_view text, std::size_t columns) {
   const std::size_t width = spec_.Columns();
   const std::size_t padding = width > columns ? width - columns : 0;
   // The run-time pads texts with zeros as it does numbers.
-  if (!spec_.left) result_.text.append(padding, spec_.zero ? '0' : ' ');
-  result_.text.append(text);
-  if (spec_.left) result_.text.append(padding, ' ');
+  if (!spec_.left) result_.Append(padding, spec_.zero ? '0' : ' ');
+  result_.Append(text);
+  if (spec_.left) result_.Append(padding, ' ');
 }
 
 // --- numbers ------------------------------------------------------------------------------------
@@ -247,12 +248,12 @@ unsigned long long Formatter::NextUnsigned() {
 
 void Formatter::AppendSigned() {
   CountNumber(std::max<long long>(WidthAndPrecision(), 32));
-  quarnfc::AppendSigned(result_.text, spec_, NextSigned());
+  quarnfc::AppendSigned(result_, spec_, NextSigned());
 }
 
 void Formatter::AppendUnsigned() {
   CountNumber(std::max<long long>(WidthAndPrecision(), 32));
-  quarnfc::AppendUnsigned(result_.text, spec_, NextUnsigned());
+  quarnfc::AppendUnsigned(result_, spec_, NextUnsigned());
 }
 
 // A pointer is sixteen upper-case hexadecimal digits, as Windows prints it.
@@ -260,7 +261,7 @@ void Formatter::AppendPointer() {
   CountNumber(std::max<long long>(WidthAndPrecision(), 32));
   spec_.precision = 16;
   spec_.conversion = 'X';
-  quarnfc::AppendUnsigned(result_.text, spec_,
+  quarnfc::AppendUnsigned(result_, spec_,
                           reinterpret_cast<std::uintptr_t>(va_arg(arguments_.list, void*)));
 }
 
@@ -270,13 +271,13 @@ void Formatter::AppendFloat() {
   } else if (spec_.conversion != 'E') {
     CountNumber(std::max<long long>(WidthAndPrecision(), 128));
   }
-  quarnfc::AppendFloat(result_.text, spec_, va_arg(arguments_.list, double));
+  quarnfc::AppendFloat(result_, spec_, va_arg(arguments_.list, double));
 }
 
 }  // namespace
 
-void FormatText(FormattedText& result, const char* format, va_list args) {
-  Formatter(result, format == nullptr ? "" : format, args).Run();
+int FormatText(FormattedText& result, const char* format, va_list args) {
+  return Formatter(result, format == nullptr ? "" : format, args).Run();
 }
 
 }  // namespace quarnfc

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <cstdarg>
-#include <cstring>
+#include <string_view>
 
 #include "core/text/format_text.h"
 #include "core/text/string_buffer.h"
@@ -19,10 +19,11 @@ void CQNString::FormatV(const char* format, va_list args) {
   // Formatted aside: the arguments may be this string's own text, and the text may be longer than
   // the estimate.
   quarnfc::FormattedText result;
-  quarnfc::FormatText(result, format, args);
+  const int estimate = quarnfc::FormatText(result, format, args);
   // The text ends at its first zero byte ("%c" can write one).
-  const int length = quarnfc::CheckedLength(std::strlen(result.text.c_str()));
-  char* text = GetBuffer(std::max({result.estimate, GetLength(), length}));
-  if (length > 0) std::memcpy(text, result.text.data(), static_cast<std::size_t>(length));
+  const std::string_view formatted = result.View().substr(0, result.View().find('\0'));
+  const int length = quarnfc::CheckedLength(formatted.size());
+  char* text = GetBuffer(std::max({estimate, GetLength(), length}));
+  quarnfc::FormattedText::Copy(formatted, text);
   quarnfc::SetStringLength(text, length);
 }

@@ -239,6 +239,31 @@ TEST(StringFormat, GeneralForm) {
   });
 }
 
+TEST(StringFormat, DecimalsAreRoundedExactlyAndTiesToEven) {
+  constexpr FormatCase<double> kCases[] = {
+      {"%.0f", 0.5, "0"},
+      {"%.0f", 1.5, "2"},
+      {"%.0f", 2.5, "2"},
+      {"%.0f", 9.5, "10"},
+      {"%.0f", -0.25, "-0"},
+      {"%.2f", 0.125, "0.12"},
+      {"%.2f", 0.375, "0.38"},
+      {"%.2f", 2.675, "2.67"},  // below the tie
+      {"%.1f", 0.05, "0.1"},    // above it
+      {"%.1f", 99.95, "100.0"},
+      {"%.3f", 999.9996, "1000.000"},
+      {"%.3f", 0.9996, "1.000"},
+      {"%.2f", 9007199254740991.0, "9007199254740991.00"},
+      {"%.1f", 999999999999999.875, "999999999999999.9"},
+      {"%.0f", 999999999999999872.0, "999999999999999872"},
+      {"%.0f", 1e18, "1000000000000000000"},
+      {"%.20f", 0.1, "0.10000000000000000555"},
+      {"%.59f", 0x1p-59, "0.00000000000000000173472347597680709441192448139190673828125"},
+      {"%.60f", 0x1p-60, "0.000000000000000000867361737988403547205962240695953369140625"},
+  };
+  ExpectFormats(kCases);
+}
+
 // "#" changes nothing about these but takes the C library's way, which the others avoid.
 TEST(StringFormat, NumbersAreAsTheCLibraryPrintsThem) {
   std::mt19937_64 random(1);
@@ -254,7 +279,8 @@ TEST(StringFormat, NumbersAreAsTheCLibraryPrintsThem) {
     const double usual =
         static_cast<double>(static_cast<std::int64_t>(random() % 2000001) - 1000000) /
         static_cast<double>(1 << i % 11);
-    const double value = i % 2 == 0 && std::isfinite(any) ? any : usual;
+    const double fraction = std::ldexp(static_cast<double>(random() >> 11), -53 - i % 12);
+    const double value = i % 3 == 0 && std::isfinite(any) ? any : i % 3 == 1 ? usual : fraction;
     const int precision = 1 + i % 20;
     ASSERT_EQ(format("%.*f", precision, value), format("%#.*f", precision, value)) << value;
     ASSERT_EQ(format("%.*e", precision, value), format("%#.*e", precision, value)) << value;
