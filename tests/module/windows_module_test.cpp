@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -13,11 +16,26 @@ namespace {
 
 HMODULE Module() { return GetModuleHandleA("QuarnFC.dll"); }
 
-WORD Characteristics() {
-  const auto* image = reinterpret_cast<const char*>(Module());
-  const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(image);
-  const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS64*>(image + dos->e_lfanew);
-  return headers->OptionalHeader.DllCharacteristics;
+const char* Image() { return reinterpret_cast<const char*>(Module()); }
+
+const IMAGE_OPTIONAL_HEADER64& Header() {
+  const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(Image());
+  return reinterpret_cast<const IMAGE_NT_HEADERS64*>(Image() + dos->e_lfanew)->OptionalHeader;
+}
+
+WORD Characteristics() { return Header().DllCharacteristics; }
+
+// The DLLs that are loaded with this one, in lower case.
+std::set<std::string> ImportedDlls() {
+  std::set<std::string> dlls;
+  const DWORD place = Header().DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress;
+  const auto* import = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(Image() + place);
+  for (; import->Name != 0; ++import) {
+    std::string name = Image() + import->Name;
+    std::transform(name.begin(), name.end(), name.begin(), ::tolower);
+    dlls.insert(name);
+  }
+  return dlls;
 }
 
 std::vector<char> VersionInfo() {
@@ -44,6 +62,18 @@ TEST(WindowsModule, IsHardenedByTheLoader) {
   EXPECT_TRUE(Characteristics() & IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA);
   EXPECT_TRUE(Characteristics() & IMAGE_DLLCHARACTERISTICS_NX_COMPAT);
 }
+
+// See cmake/QuarnFCDelayImports.cmake.
+#if defined(__MINGW32__)
+TEST(WindowsModule, DllsThatMostHostsDoWithoutAreLoadedOnFirstUse) {
+  const std::set<std::string> dlls = ImportedDlls();
+  EXPECT_TRUE(dlls.contains("kernel32.dll"));
+  for (const char* dll :
+       {"advapi32.dll", "oleaut32.dll", "shlwapi.dll", "user32.dll", "wininet.dll"}) {
+    EXPECT_FALSE(dlls.contains(dll)) << dll;
+  }
+}
+#endif
 
 TEST(WindowsModule, VersionResourceNamesProductAndVersion) {
   const std::vector<char> info = VersionInfo();
