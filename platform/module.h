@@ -9,6 +9,10 @@ namespace quarnfc::platform {
 // process it is not: other threads may go on using what the module owns, so nothing is freed.
 bool ModuleIsUnloading();
 
+// Called on a thread that uses the module, other than the one that loaded it: it may go on when the
+// process ends.
+void NoteOtherThread() noexcept;
+
 }  // namespace quarnfc::platform
 
 #endif  // QUARNFC_PLATFORM_MODULE_H_

@@ -195,13 +195,26 @@ NodeCache& MakeCache() {
 }
 
 // The module's first cache is made when it is loaded, by one thread.
-[[maybe_unused]] const bool g_loaded = (MakeCache(), true);
+constinit const void* g_loading_thread = nullptr;
+[[maybe_unused]] const bool g_loaded =
+    (MakeCache(), g_loading_thread = platform::ThreadMark(), true);
+
+void NoteThread() noexcept {
+  if (g_loading_thread != nullptr && g_loading_thread != platform::ThreadMark()) {
+    platform::NoteOtherThread();
+  }
+}
+
+NodeCache& MakeCacheOfThread() {
+  NoteThread();
+  return MakeCache();
+}
 
 }  // namespace
 
 void* AllocNodeSlowly(std::size_t node_class) {
   auto* cache = static_cast<NodeCache*>(platform::ThreadData());
-  NodeStock& stock = (cache != nullptr ? *cache : MakeCache()).stocks[node_class];
+  NodeStock& stock = (cache != nullptr ? *cache : MakeCacheOfThread()).stocks[node_class];
   if (stock.active == nullptr && stock.spare != nullptr) {
     stock.active = std::exchange(stock.spare, nullptr);
     stock.count = NodesPerBatch(node_class);
@@ -223,7 +236,10 @@ void FreeNodeSlowly(void* node, std::size_t node_class) noexcept {
   GiveListBack(surplus, node_class);
 }
 
-void* AllocPlainNode(std::size_t size) { return ::operator new(size); }
+void* AllocPlainNode(std::size_t size) {
+  NoteThread();
+  return ::operator new(size);
+}
 
 std::size_t NodeSlabCount() {
   const std::lock_guard guard(g_lock);

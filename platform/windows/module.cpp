@@ -16,6 +16,9 @@ void* quarnfc::platform::ModuleHandle() { return g_module; }
 
 bool quarnfc::platform::ModuleIsUnloading() { return g_unloading; }
 
+// The entry routine is told what ends.
+void quarnfc::platform::NoteOtherThread() noexcept {}
+
 // The module's entry routine. When the module goes it runs before the destructors of static
 // objects; reserved is null unless the whole process ends.
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID reserved) {

@@ -6,6 +6,7 @@
 #include <quarnfc/fixed_alloc.h>
 
 #include <cstdio>
+#include <cstring>
 
 namespace unload_host {
 
@@ -19,6 +20,19 @@ using FreeFunction = void (*)(void*);
 inline int Report(bool ok, const char* expectation) {
   if (!ok) std::fprintf(stderr, "failed: %s\n", expectation);
   return ok ? 0 : 1;
+}
+
+struct Mode {
+  const char* name;
+  int (*run)(const char* library);
+};
+
+template <std::size_t kCount>
+int Run(const Mode (&modes)[kCount], const char* name, const char* library) {
+  for (const Mode& mode : modes) {
+    if (std::strcmp(mode.name, name) == 0) return mode.run(library);
+  }
+  return Report(false, "the mode is known");
 }
 
 }  // namespace unload_host

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
-// A host that loads the library at run time. Usage: unload_host LIBRARY unload|exit
-//   unload  unloading the library frees its pools and slabs
-//   exit    the end of the process does not: threads that still run go on using them
+// A host that loads the library at run time. Usage: unload_host LIBRARY unload|reload|threads|exit
+//   unload   unloading the library frees its pools and slabs
+//   reload   a thousand times leave nothing behind
+//   threads  threads that used it may end when it is gone
+//   exit     the end of the process does not: threads that still run go on using them
 // The host's own operators count the memory in question; the library's calls reach them.
 #include "unload_host.h"
 
@@ -11,8 +13,12 @@
 #include <atomic>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <new>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -21,6 +27,7 @@ using unload_host::JoinFunction;
 using unload_host::kPoolChunk;
 using unload_host::Report;
 
+std::atomic<long> g_blocks = 0;
 std::atomic<long> g_chunks = 0;
 std::atomic<long> g_slabs = 0;
 
@@ -35,6 +42,7 @@ void* operator new(std::size_t size) {
   auto* header = static_cast<Header*>(std::malloc(sizeof(Header) + size));
   if (header == nullptr) throw std::bad_alloc();
   header->size = size;
+  ++g_blocks;
   g_chunks += size == kPoolChunk;
   return header + 1;
 }
@@ -42,6 +50,7 @@ void* operator new(std::size_t size) {
 void operator delete(void* block) noexcept {
   if (block == nullptr) return;
   Header* header = static_cast<Header*>(block) - 1;
+  --g_blocks;
   g_chunks -= header->size == kPoolChunk;
   std::free(header);
 }
@@ -89,6 +98,60 @@ int Unload(const char* path) {
          Report(g_slabs == 0, "unloading frees the slabs");
 }
 
+// What a process holds: files, pages of memory in use, blocks of the operators.
+struct Holdings {
+  long files = std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+  long pages = ResidentPages();
+  long blocks = g_blocks;
+  long slabs = g_slabs;
+
+  static long ResidentPages() {
+    long pages = 0;
+    std::ifstream("/proc/self/statm") >> pages >> pages;
+    return pages;
+  }
+};
+
+// More often than there are keys for the data of threads, of which the library takes one.
+int Reload(const char* path) {
+  constexpr int kTimes = 1100;
+  Holdings start;
+  for (int i = 0; i < kTimes; ++i) {
+    if (i == 100) start = Holdings();
+    void* library = dlopen(path, RTLD_NOW);
+    if (library == nullptr) return Report(false, dlerror());
+    UseStrings(library);
+    dlclose(library);
+  }
+  const Holdings end;
+  constexpr long kSparePages = 256;
+  return Report(end.files == start.files, "no file stays open") |
+         Report(end.blocks == start.blocks && end.slabs == start.slabs, "no block stays") |
+         Report(end.pages < start.pages + kSparePages, "memory does not grow");
+}
+
+// Threads that used the library wait until it is unloaded, and end.
+int OutliveIt(const char* path) {
+  constexpr int kThreads = 8;
+  void* library = dlopen(path, RTLD_NOW);
+  if (library == nullptr) return Report(false, dlerror());
+  std::atomic<int> used = 0;
+  std::atomic<bool> unloaded = false;
+  std::vector<std::thread> threads;
+  for (int i = 0; i < kThreads; ++i) {
+    threads.emplace_back([&] {
+      UseStrings(library);
+      ++used;
+      while (!unloaded) std::this_thread::yield();
+    });
+  }
+  while (used < kThreads) std::this_thread::yield();
+  dlclose(library);
+  unloaded = true;
+  for (std::thread& thread : threads) thread.join();
+  return Report(g_chunks == 0 && g_slabs == 0, "unloading frees what threads used");
+}
+
 long g_chunks_of_main = 0;
 long g_slabs_of_main = 0;
 std::atomic<long> g_rounds = 0;
@@ -119,5 +182,7 @@ int Exit(const char* path) {
 
 int main(int argc, char** argv) {
   if (argc != 3) return 2;
-  return std::strcmp(argv[2], "unload") == 0 ? Unload(argv[1]) : Exit(argv[1]);
+  const unload_host::Mode modes[] = {
+      {"unload", Unload}, {"reload", Reload}, {"threads", OutliveIt}, {"exit", Exit}};
+  return unload_host::Run(modes, argv[2], argv[1]);
 }
