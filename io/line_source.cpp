@@ -26,12 +26,6 @@ std::size_t BufferSizeFor(std::int64_t file_size) {
   return size > LineSource::kMaxBufferSize ? LineSource::kMaxBufferSize : size + 1;
 }
 
-bool StartsWithUtf8Mark(platform::File& file) {
-  char start[kUtf8Mark.size()];
-  const platform::Transferred read = file.Read(start, sizeof start);
-  return std::string_view(start, read.count) == kUtf8Mark;
-}
-
 }  // namespace
 
 platform::SystemError LineSource::Open(const char* path) {
@@ -47,18 +41,37 @@ void LineSource::Open(platform::File file) {
   const std::size_t size = BufferSizeFor(file.Size());
   buffer_ = std::make_unique<char[]>(size + Line::kSlack);  // a failure leaves no file open
   size_ = size;
-  utf8_ = StartsWithUtf8Mark(file);
   file_ = std::move(file);
 }
 
 void LineSource::Close() { *this = LineSource(); }
 
 void LineSource::Rewind() {
-  read_error_ = file_.Seek(utf8_ ? kUtf8Mark.size() : 0);
+  read_error_ = GoToData();
   std::memset(buffer_.get(), 0, size_);
   position_ = 0;
   zero_ = 0;
   end_ = size_;
+}
+
+// Behind the mark, which is looked for once. An error that leaves it open whether there is one is
+// an error of reading: UTF-8 taken for the code page would look like text.
+platform::SystemError LineSource::GoToData() {
+  if (!mark_known_) {
+    if (const platform::SystemError error = file_.Seek(0)) return error;
+    if (const platform::SystemError error = LookForMark()) return error;
+  }
+  return file_.Seek(utf8_ ? std::int64_t{kUtf8Mark.size()} : 0);
+}
+
+platform::SystemError LineSource::LookForMark() {
+  char bytes[kUtf8Mark.size()];
+  const platform::Transferred read = file_.Read(bytes, sizeof bytes);
+  const std::string_view start(bytes, read.count);
+  if (read.error != platform::kNoError && kUtf8Mark.starts_with(start)) return read.error;
+  mark_known_ = true;
+  utf8_ = start == kUtf8Mark;
+  return platform::kNoError;
 }
 
 LineStatus LineSource::Next(Line& line) {

@@ -30,12 +30,13 @@ class LineSource {
 
   // Opens a file in place of the one before; an error leaves none open. Rewind comes next.
   platform::SystemError Open(const char* path);
-  // The same with an open file, which stands at its start.
+  // The same with an open file.
   void Open(platform::File file);
   void Close();
   bool IsOpen() const { return file_.IsOpen(); }
 
-  // Goes to the start of the data, behind the UTF-8 mark if there is one.
+  // Goes to the start of the data, behind the UTF-8 mark if there is one. While a read error leaves
+  // that unknown, Next fails, and Rewind looks for the mark again.
   void Rewind();
 
   // Supplies the next line that is not blank, without its leading blanks. A zero byte ends a line
@@ -46,6 +47,7 @@ class LineSource {
   // line may look like a whole one. From there on every call fails, until Rewind.
   LineStatus Next(Line& line);
 
+  // Known when Next has succeeded.
   bool IsUtf8() const { return utf8_; }
   std::size_t BufferSize() const { return size_; }
 
@@ -53,6 +55,8 @@ class LineSource {
   platform::SystemError ReadError() const { return read_error_; }
 
  private:
+  platform::SystemError GoToData();
+  platform::SystemError LookForMark();
   void SkipBlanks();
   std::size_t FindLineEnd();
   std::size_t IndexOf(char byte, std::size_t end) const;
@@ -60,6 +64,7 @@ class LineSource {
   bool Refill();
 
   platform::File file_;
+  bool mark_known_ = false;
   bool utf8_ = false;
   std::unique_ptr<char[]> buffer_;  // with the slack of a line behind it
   std::size_t size_ = 0;

@@ -19,15 +19,18 @@ struct FailingFile {
   std::string bytes;
   std::size_t failing_from;
   std::size_t position = 0;
+  int failures = -1;  // how many are left; below 0 without end
 };
 
 ssize_t ReadSome(void* cookie, char* buffer, size_t size) {
   auto& file = *static_cast<FailingFile*>(cookie);
-  if (file.position >= file.failing_from) {
+  if (file.position >= file.failing_from && file.failures != 0) {
+    --file.failures;
     errno = EIO;
     return -1;
   }
-  const std::size_t count = std::min(size, file.failing_from - file.position);
+  const std::size_t end = file.failures == 0 ? file.bytes.size() : file.failing_from;
+  const std::size_t count = std::min(size, end - file.position);
   std::memcpy(buffer, file.bytes.data() + file.position, count);
   file.position += count;
   return static_cast<ssize_t>(count);
@@ -41,6 +44,10 @@ int SeekTo(void* cookie, off64_t* offset, int origin) {
   file.position = base + static_cast<std::size_t>(*offset);
   *offset = static_cast<off64_t>(file.position);
   return 0;
+}
+
+platform::File Stream(FailingFile& file) {
+  return platform::File(fopencookie(&file, "rb", {ReadSome, nullptr, SeekTo, nullptr}));
 }
 
 std::vector<std::string> LinesBeforeTheError(LineSource& source) {
@@ -70,13 +77,50 @@ TEST(LineSource, LinesInFrontOfAReadErrorAreSuppliedAndTheOneItCutsOffIsNot) {
   for (const auto& c : kCases) {
     FailingFile failing{text, c.failing_from};
     LineSource source;
-    source.Open(
-        quarnfc::platform::File(fopencookie(&failing, "rb", {ReadSome, nullptr, SeekTo, nullptr})));
+    source.Open(Stream(failing));
     for (int round = 0; round < 2; ++round) {
       source.Rewind();
       EXPECT_EQ(c.lines, LinesBeforeTheError(source)) << c.failing_from;
     }
   }
+}
+
+TEST(LineSource, AReadErrorWhileTheMarkIsLookedForIsOneUntilTheNextRewind) {
+  const struct {
+    std::string bytes;
+    std::size_t failing_from;
+    bool utf8;
+  } kCases[] = {
+      {"\xEF\xBB\xBFh\nx\n", 0, true}, {"\xEF\xBB\xBFh\nx\n", 1, true},
+      {"\xEF\xBB\xBFh\nx\n", 2, true}, {"h\nx\n", 0, false},
+      {"\xEF\nx\n", 1, false},
+  };
+  for (const auto& c : kCases) {
+    FailingFile failing{c.bytes, c.failing_from};
+    failing.failures = 1;
+    LineSource source;
+    source.Open(Stream(failing));
+    source.Rewind();
+    EXPECT_EQ(std::vector<std::string>(), LinesBeforeTheError(source)) << c.failing_from;
+    source.Rewind();
+    Line line;
+    ASSERT_EQ(LineStatus::kLine, source.Next(line)) << c.failing_from;
+    EXPECT_EQ(c.utf8, source.IsUtf8());
+    EXPECT_STREQ(c.utf8 || c.bytes[0] == 'h' ? "h" : "\xEF", line.text);
+    ASSERT_EQ(LineStatus::kLine, source.Next(line));
+    EXPECT_STREQ("x", line.text);
+    EXPECT_EQ(LineStatus::kEnd, source.Next(line));
+  }
+}
+
+// The bytes in front of the error differ from the mark, so there is none.
+TEST(LineSource, AReadErrorBehindAStartThatIsNoMarkCutsOffNothingElse) {
+  FailingFile failing{"h\nx\n", 2};
+  LineSource source;
+  source.Open(Stream(failing));
+  source.Rewind();
+  EXPECT_EQ(std::vector<std::string>({"h"}), LinesBeforeTheError(source));
+  EXPECT_FALSE(source.IsUtf8());
 }
 
 }  // namespace
