@@ -8,6 +8,7 @@
 
 #include "json/object_path.h"
 #include "json/records.h"
+#include "json/tree_search.h"
 #include "json/value_content.h"
 
 namespace {
@@ -28,9 +29,28 @@ void Append(CMyJsonObjImp& record, std::string_view key, CMyJsonValue* value) {
   record.index.Added(record.keys);
 }
 
-void Replace(CMyJsonValue*& held, CMyJsonValue* value) {
-  if (held != value) delete held;
+// Appends what a caller hands over, unless the tree would become a circle.
+bool AppendGiven(CMyJsonObjImp& record, const char* key, CMyJsonValue* value) {
+  if (key == nullptr || value == nullptr || quarnfc::json::HoldsRecord(*value, record)) {
+    return false;
+  }
+  Append(record, key, value);
+  return true;
+}
+
+enum class Origin {
+  kBuilt,  // just made here: it stands in no tree
+  kGiven,  // the caller's, who may have found it in this one
+};
+
+// Replaces a value. One that stands below it would be destroyed with it, and is refused; looking
+// for it takes no longer than destroying what is there.
+bool Replace(CMyJsonValue*& held, CMyJsonValue* value, Origin origin) {
+  if (held == value) return true;
+  if (origin == Origin::kGiven && quarnfc::json::StandsBelow(*held, *value)) return false;
+  delete held;
   held = value;
+  return true;
 }
 
 // The object one step down the path from current, for the member with this key. A missing member
@@ -45,16 +65,35 @@ CMyJsonObj* StepInto(CMyJsonObj& current, std::string_view key, bool exact, bool
   return value.release()->ValueObj();
 }
 
-bool SetLast(CMyJsonObjImp& record, std::string_view key, CMyJsonValue* value, bool exact,
-             bool onlyExisting) {
-  const int found = quarnfc::json::FindKey(record, key, exact);
+struct Finding {
+  bool exact;
+  bool only_existing;
+};
+
+bool SetLast(CMyJsonObjImp& record, std::string_view key, CMyJsonValue* value, Finding finding,
+             Origin origin) {
+  const int found = quarnfc::json::FindKey(record, key, finding.exact);
   if (found >= 0) {
-    Replace(record.values[static_cast<std::size_t>(found)], value);
-    return true;
+    return Replace(record.values[static_cast<std::size_t>(found)], value, origin);
   }
-  if (onlyExisting) return false;
+  if (finding.only_existing) return false;
   Append(record, key, value);
   return true;
+}
+
+// An object that the path goes through must not come to stand below itself.
+bool SetAtPath(CMyJsonObj& object, const char* path, CMyJsonValue* value, Finding finding,
+               Origin origin) {
+  if (path == nullptr || value == nullptr) return false;
+  CMyJsonObj* current = &object;
+  quarnfc::json::PathParts part(path);
+  for (;; part.Next()) {
+    CMyJsonObjImp& record = JsonAccess::Record(*current);
+    if (quarnfc::json::HoldsRecord(*value, record)) return false;
+    if (part.IsLast()) return SetLast(record, part.Key(), value, finding, origin);
+    current = StepInto(*current, part.Key(), finding.exact, finding.only_existing);
+    if (current == nullptr) return false;
+  }
 }
 
 // A value built by a typed call. Unless it finds its place it is freed again, without what the
@@ -82,15 +121,16 @@ class BuiltValue {
   }
 
   bool SetIn(CMyJsonObj& object, const char* path, bool exact, bool onlyExisting) {
-    if (!object.SetItem(path, value_.get(), exact, onlyExisting)) return false;
+    const Origin origin = borrowed_ ? Origin::kGiven : Origin::kBuilt;
+    if (!SetAtPath(object, path, value_.get(), {exact, onlyExisting}, origin)) return false;
     static_cast<void>(value_.release());
     return true;
   }
 
   void AddTo(CMyJsonObj& object, const char* key) {
-    if (key == nullptr) return;
-    object.AddItem(key, value_.get());
-    static_cast<void>(value_.release());
+    if (AppendGiven(JsonAccess::Record(object), key, value_.get())) {
+      static_cast<void>(value_.release());
+    }
   }
 
  private:
@@ -100,9 +140,7 @@ class BuiltValue {
 
 }  // namespace
 
-void CMyJsonObj::AddItem(const char* key, CMyJsonValue* value) {
-  if (key != nullptr && value != nullptr) Append(*imp_, key, value);
-}
+void CMyJsonObj::AddItem(const char* key, CMyJsonValue* value) { AppendGiven(*imp_, key, value); }
 
 void CMyJsonObj::AddItem(const char* key) { BuiltValue().AddTo(*this, key); }
 
@@ -131,14 +169,7 @@ void CMyJsonObj::AddItem(const char* key, CMyJsonObj* obj) {
 }
 
 bool CMyJsonObj::SetItem(const char* path, CMyJsonValue* value, bool exact, bool onlyExisting) {
-  if (path == nullptr || value == nullptr) return false;
-  CMyJsonObj* current = this;
-  quarnfc::json::PathParts part(path);
-  for (; !part.IsLast(); part.Next()) {
-    current = StepInto(*current, part.Key(), exact, onlyExisting);
-    if (current == nullptr) return false;
-  }
-  return SetLast(*current->imp_, part.Key(), value, exact, onlyExisting);
+  return SetAtPath(*this, path, value, {exact, onlyExisting}, Origin::kGiven);
 }
 
 bool CMyJsonObj::SetItem(const char* path, const char* text, bool exact, bool onlyExisting) {

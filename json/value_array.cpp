@@ -119,6 +119,7 @@ bool CMyJsonValue::MoveToArr(CMyJsonValue* value, int pos) {
     return true;
   }
   const ValueList tail = SpliceableTail(array, value->imp_->array);
+  if (std::find(tail.begin(), tail.end(), this) != tail.end()) return false;
   array.insert(Position(array, pos), tail.begin(), tail.end());
   if (tail.size() != value->imp_->array.size()) return false;
   value->imp_->array.clear();

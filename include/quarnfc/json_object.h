@@ -25,7 +25,9 @@
 //
 // Misuse to avoid: handing over a value or object twice, or one that a tree already owns, this one
 // included (it would be destroyed twice: hand over a Clone); adding an object to itself or below
-// itself (such a tree has no end); handing over what stands on the stack.
+// itself (such a tree has no end); handing over what stands on the stack. Refused are the object
+// itself and every object that the path goes through, and what stands below the value that SetItem
+// would destroy for it; the rest is not looked for.
 //
 // Implemented in json/object*.cpp; Load in json/load.cpp and text_reader.cpp, CreateJson in
 // json/create_json.cpp and text_writer.cpp.
@@ -116,8 +118,8 @@ class QN_API CMyJsonObj {
   // The key is stored as it is given, backslashes included. With a null key nothing happens, and
   // whatever was passed in stays the caller's.
 
-  // Takes over value itself, made with new. A null value does nothing. value must not be owned by a
-  // tree already and must not hold this object.
+  // Takes over value itself, made with new. A null value does nothing, nor does one that holds this
+  // object. value must not be owned by a tree already, and nothing below it must hold this object.
   void AddItem(const char* key, CMyJsonValue* value);
 
   // An eEmpty value.
@@ -163,7 +165,8 @@ class QN_API CMyJsonObj {
   void AddItem(const char* key, const int* numbers, int count);
 
   // An object value that takes over obj itself, made with new; an eEmpty value when obj is null.
-  // obj must not be this object, hold it, or be owned by a tree already.
+  // With this object itself nothing happens. obj must not be owned by a tree already, and nothing
+  // below it must hold this object.
   //
   // Example:
   //   CMyJsonObj station;
@@ -185,7 +188,9 @@ class QN_API CMyJsonObj {
 
   // Takes over value itself, made with new, on success. A null value is refused. The value that
   // already stands at path may be set there again: nothing happens. Any other value of this or
-  // another tree is owned already and must not be passed; pass its Clone.
+  // another tree is owned already and must not be passed; pass its Clone. Refused are a value below
+  // the one that it would replace, which would go with it, and one that holds an object on the
+  // path.
   bool SetItem(const char* path, CMyJsonValue* value, bool exact, bool onlyExisting);
 
   // A string with a copy of text; an eEmpty value when text is null.
@@ -229,7 +234,8 @@ class QN_API CMyJsonObj {
   bool SetItem(const char* path, const int* numbers, int count, bool exact, bool onlyExisting);
 
   // An object value that takes over obj itself, made with new, on success; an eEmpty value when obj
-  // is null. The same holds for obj as for AddItem.
+  // is null. An object on the path, at its end or below that is refused; else the same holds for
+  // obj as for AddItem.
   bool SetItem(const char* path, CMyJsonObj* obj, bool exact, bool onlyExisting);
 
   // An eEmpty value.
