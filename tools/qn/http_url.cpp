@@ -4,6 +4,8 @@
 #include <quarnfc/percent_encoding.h>
 #include <quarnfc/url.h>
 
+#include <algorithm>
+
 #include "qn/errors.h"
 #include "qn/http_api.h"
 
@@ -11,6 +13,15 @@ namespace qn {
 namespace {
 
 std::string TextOf(const CQNString& text) { return static_cast<const char*>(text); }
+
+// A name of the server's must not lead out of the folder, nor be another one than it looks like.
+bool IsFileName(const std::string& name) {
+  const auto misleads = [](char ch) {
+    const auto byte = static_cast<unsigned char>(ch);
+    return byte < ' ' || byte == 0x7F || ch == '/' || ch == '\\' || ch == ':';
+  };
+  return name != "." && name != ".." && std::none_of(name.begin(), name.end(), misleads);
+}
 
 }  // namespace
 
@@ -67,9 +78,7 @@ std::string ResolveLocation(const HttpUrl& base, std::string_view location) {
 std::string RemoteName(const HttpUrl& url) {
   const std::string path = url.object.substr(0, url.object.find('?'));
   const std::string name = QNPercentEncoding::Decode(path.substr(path.rfind('/') + 1));
-  // A name of the server's must not lead out of the folder.
-  if (name == "." || name == ".." || name.find_first_of("/\\:") != std::string::npos) return "";
-  return name;
+  return IsFileName(name) ? name : "";
 }
 
 }  // namespace qn

@@ -36,7 +36,8 @@ HttpUrl ParseUrl(const std::string& url);
 // The URL that a Location header means as seen from base.
 std::string ResolveLocation(const HttpUrl& base, std::string_view location);
 
-// The last part of the path, as -O names its file; "" when there is none.
+// The last part of the path, as -O names its file; "" when there is none, or none that is the plain
+// name of a file in the current folder: "..", a separator or a control character in it.
 std::string RemoteName(const HttpUrl& url);
 
 }  // namespace qn
