@@ -268,6 +268,47 @@ TEST(QnJsonFormat, TheLayoutIsThatOfTheLibrarysWriter) {
   }
 }
 
+std::string Times(const std::string& text, std::size_t count) {
+  std::string repeated;
+  for (std::size_t i = 0; i < count; ++i) repeated += text;
+  return repeated;
+}
+
+TEST(QnJsonFormat, WhatLiesBelowAHundredLevelsStandsOnOneLine) {
+  const std::string deep = Times("{\"a\":[1,", 60) + "2" + Times("]}", 60);  // 120 levels
+  const TempFile file(deep);
+  std::string expected;
+  for (std::size_t level = 0; level < 100; level += 2) {
+    expected += "{\n" + std::string(level + 1, ' ') + "\"a\": [\n" + std::string(level + 2, ' ') +
+                "1,\n" + std::string(level + 2, ' ');
+  }
+  expected += Times("{\"a\":[1,", 10) + "2" + Times("]}", 10);
+  for (std::size_t level = 100; level > 0; level -= 2) {
+    expected += "\n" + std::string(level - 1, ' ') + "]\n" + std::string(level - 2, ' ') + "}";
+  }
+  EXPECT_EQ(RunJson({"format", "--indent", "1", file.path()}).output, expected + "\n");
+}
+
+// Indented to the end each of these would have gigabytes.
+TEST(QnJsonFormat, TextsOfAnyDepthGrowInProportion) {
+  const std::size_t levels = 40000;
+  for (const auto& [open, close] : {std::pair("[", "]"), std::pair("{\"a\":[0,", "]}")}) {
+    const std::string deep = Times(open, levels) + "0" + Times(close, levels);
+    const TempFile file(deep);
+    const TempFile target("");
+    for (const std::vector<std::string>& style : {std::vector<std::string>{}, {"--indent", "16"}}) {
+      std::vector<std::string> arguments = {"format", "-o", target.path(), file.path()};
+      arguments.insert(arguments.end(), style.begin(), style.end());
+      ASSERT_EQ(RunJson(arguments).code, qn::kSuccess);
+      std::string text = qn::ReadInput(target.path());
+      EXPECT_LT(text.size(), deep.size() + 1000000);
+      std::erase_if(text,
+                    [](char ch) { return ch == ' ' || ch == '\t' || ch == '\r' || ch == '\n'; });
+      EXPECT_TRUE(text == deep);
+    }
+  }
+}
+
 TEST(QnJsonFormat, ScalarsKeepTheirSpelling) {
   const char* const text =
       R"(["\u4e2d\/",1e-300,1.50,-0,12345678901234567890,[null,0.1],{"\u0061":"\n"}])";

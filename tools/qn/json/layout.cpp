@@ -47,10 +47,14 @@ class Writer {
     bool last_is_container = false;
   };
 
-  // A scalar whole; of a container the opening bracket.
+  // A scalar, or a container that lies too deep, whole; of any other the opening bracket.
   void Put(const JsonTextNode& node) {
     if (!IsContainer(node)) {
       text_ += node.Source();
+      return;
+    }
+    if (style_ != JsonStyle::kCompact && open_.size() == kDeepestIndentedLevel) {
+      text_ += LayOutJson(node, JsonStyle::kCompact);
       return;
     }
     text_ += node.IsObject() ? '{' : '[';
@@ -75,9 +79,9 @@ class Writer {
     if (item.key) {
       text_.append(item.key->Source()).append(style_ == JsonStyle::kSpaces ? ": " : ":");
     }
-    const bool container = IsContainer(item.value);
+    const std::size_t levels = open_.size();
     Put(item.value);  // may move the frames
-    if (!container) FinishItem(open_.back(), false);
+    if (open_.size() == levels) FinishItem(open_.back(), IsContainer(item.value));
   }
 
   // Arrays of arrays get an empty line between them there.

@@ -15,6 +15,10 @@ enum class JsonStyle {
   kSpaces,   // each item on a line of its own, LF
 };
 
+// Containers below this many levels stand on one line whatever the style, so that the text does not
+// grow with the square of the depth.
+inline constexpr std::size_t kDeepestIndentedLevel = 100;
+
 std::string LayOutJson(const quarnfc::ext::JsonTextNode& root, JsonStyle style,
                        std::size_t spaces = 2);
 
