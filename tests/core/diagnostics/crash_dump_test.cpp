@@ -88,6 +88,22 @@ TEST(CrashDump, PrefixTooLongForAFileNameIsSilent) {
   EXPECT_EQ(DumpsWithPrefix("pppp").size(), 0u);
 }
 
+TEST(CrashDump, PrefixThatLeadsElsewhereStaysInTheFolder) {
+  const struct {
+    const char* prefix;
+    const char* kept;
+  } cases[] = {{"../Outside", ".._Outside"}, {"..\\Outside", ".._Outside"}, {"a\r\nb", "a__b"}};
+  for (const auto& c : cases) {
+    RemoveDumpsWithPrefix(c.kept);
+    QNErrorUtils::DbgDumpErrorFileEx(nullptr, c.prefix);
+    EXPECT_EQ(DumpsWithPrefix(c.kept).size(), 1u) << c.prefix;
+    RemoveDumpsWithPrefix(c.kept);
+  }
+  for (const auto& entry : fs::directory_iterator(LogFolder().parent_path())) {
+    EXPECT_NE(entry.path().filename().string().rfind("Outside", 0), 0u) << entry.path();
+  }
+}
+
 TEST(CrashDump, NullPrefixCountsAsEmpty) {
   const std::size_t before = DumpsWithPrefix("").size();
   QNErrorUtils::DbgDumpErrorFileEx(nullptr, nullptr);

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include <quarnfc/crash_dump.h>
+
 #include <windows.h>
 
 #include <dbghelp.h>
 
 #include <cstring>
+#include <filesystem>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -69,6 +72,43 @@ TEST(CrashDumpOnWindows, IsAMiniDumpWithTheExceptionAndTheFaultingThread) {
   EXPECT_EQ(exception.ExceptionRecord.ExceptionInformation[1], 16u);  // the address written to
   EXPECT_NE(exception.ThreadContext.DataSize, 0u);
   EXPECT_TRUE(dump.ListsThread(exception.ThreadId));
+}
+
+// A folder that programs look for their libraries in before the system's, with a DBGHELP.DLL in it
+// that is another library.
+class ForeignDebugHelp {
+ public:
+  ForeignDebugHelp() : folder_(std::filesystem::path(testing::TempDir()) / "foreign") {
+    char module[MAX_PATH];
+    GetModuleFileNameA(GetModuleHandleA("QuarnFC.dll"), module, sizeof module);
+    std::filesystem::create_directories(folder_);
+    std::filesystem::copy_file(module, folder_ / "DBGHELP.DLL");
+    SetDllDirectoryA(folder_.string().c_str());
+  }
+  ~ForeignDebugHelp() { SetDllDirectoryA(nullptr); }
+  ForeignDebugHelp(const ForeignDebugHelp&) = delete;
+  ForeignDebugHelp& operator=(const ForeignDebugHelp&) = delete;
+
+  // Whether who asks for the library by its name alone is given this one.
+  static bool IsFound() {
+    const HMODULE library = LoadLibraryA("DBGHELP.DLL");
+    const bool found =
+        library != nullptr && GetProcAddress(library, "MiniDumpWriteDump") == nullptr;
+    if (library != nullptr) FreeLibrary(library);
+    return found;
+  }
+
+ private:
+  std::filesystem::path folder_;
+};
+
+TEST(CrashDumpOnWindows, TakesTheSystemsDebugHelpLibraryOnly) {
+  if (GetModuleHandleA("DBGHELP.DLL") != nullptr) GTEST_SKIP() << "it is loaded already";
+  const ForeignDebugHelp foreign;
+  if (!ForeignDebugHelp::IsFound()) GTEST_SKIP() << "the system's own is found first in any case";
+  const std::string path = testing::TempDir() + "system_only.dmp";
+  QNErrorUtils::DbgDumpErrorFile(nullptr, path.c_str());
+  EXPECT_EQ(ReadBytes(path), "_EXCEPTION_POINTERS is null");
 }
 
 }  // namespace
