@@ -234,14 +234,19 @@ void CQNString::MakeReverse() {
   quarnfc::MbsRev(Bytes(Text()));
 }
 
+// The length stays, and its terminator with it: platforms convert half a character at the end
+// together with the terminator.
+
 void CQNString::CharToOemA() {
   if (GetLength() == 0) return;
   quarnfc::Unshare(Text());
   quarnfc::platform::ConvertAnsiToOem(Text());
+  quarnfc::SetStringLength(Text(), GetLength());
 }
 
 void CQNString::OemToCharA() {
   if (GetLength() == 0) return;
   quarnfc::Unshare(Text());
   quarnfc::platform::ConvertOemToAnsi(Text());
+  quarnfc::SetStringLength(Text(), GetLength());
 }

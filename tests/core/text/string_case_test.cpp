@@ -97,4 +97,18 @@ TEST(StringCase, WorksOnSharedAndEmptyStrings) {
   EXPECT_EQ(Bytes(empty), "");
 }
 
+TEST(StringCase, OemConversionsKeepTheTerminatorOfBrokenText) {
+  for (const char* const broken :
+       {"ab\xF6", "x\xE8\xFF\xEA\xFF\xE0\xEA\xDF\xFF\xFF\xEF\x9D#\xF6"}) {
+    CQNString text(broken);
+    const int length = text.GetLength();
+    text.CharToOemA();
+    EXPECT_EQ(text.GetLength(), length);
+    EXPECT_EQ(text[length], '\0');
+    text.OemToCharA();
+    EXPECT_EQ(text.GetLength(), length);
+    EXPECT_EQ(text[length], '\0');
+  }
+}
+
 }  // namespace
