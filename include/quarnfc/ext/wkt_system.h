@@ -176,7 +176,8 @@ class WktSystemReader {
       return false;
     }
     ellipsoid.semi_major_axis *= unit;
-    return (ellipsoid.semi_major_axis > 0 && ellipsoid.inverse_flattening > 1) ||
+    return (ellipsoid.semi_major_axis > 0 && std::isfinite(ellipsoid.semi_major_axis) &&
+            ellipsoid.inverse_flattening > 1) ||
            Refuse("a spheroid that is no flattened ellipsoid");
   }
 
@@ -334,7 +335,7 @@ class WktSystemReader {
     if (own != nullptr && !Number(*own, 1, unit)) return false;
     if (!Number(node, 1, number)) return false;
     number *= unit;
-    return true;
+    return std::isfinite(number) || Fail("the WKT has a number in " + node.keyword + " too large");
   }
 
   // Web Mercator has one form only.
