@@ -75,8 +75,11 @@ TEST(CsvText, RowWithoutEndIsAnErrorAndNoDanger) {
 }
 
 TEST(CsvText, WrittenRowsReadBack) {
-  const std::vector<std::vector<std::string>> rows = {
-      {"a", "", "b c"}, {""}, {" a", "\tb", "c "}, {"x\"y", "1,2", "l\nm", "r\r", "\r\n"}};
+  const std::vector<std::vector<std::string>> rows = {{"a", "", "b c"},
+                                                      {""},
+                                                      {"", "", ""},
+                                                      {" a", "\tb", "c "},
+                                                      {"x\"y", "1,2", "l\nm", "r\r", "\r\n"}};
   for (const char delimiter : {',', ';', '\t'}) {
     for (const auto& row : rows) {
       const Read read = ReadAll(WriteCsvRow(row, delimiter) + "\r\n", 100, delimiter);

@@ -161,15 +161,15 @@ inline std::string WriteCsvField(std::string_view text, char delimiter = ',') {
   return quoted += '"';
 }
 
-// A row without line end. A row of one empty field is written in quotes, so that it is no empty
-// line.
+// A row without line end. One that would read as a line without anything, such as a single empty
+// field or empty ones with tabs between them, begins with a field in quotes.
 inline std::string WriteCsvRow(const std::vector<std::string>& fields, char delimiter = ',') {
   std::string row;
   for (std::size_t i = 0; i < fields.size(); ++i) {
     if (i > 0) row += delimiter;
     row += WriteCsvField(fields[i], delimiter);
   }
-  return row.empty() ? "\"\"" : row;
+  return row.find_first_not_of(" \t") == std::string::npos ? "\"\"" + row : row;
 }
 
 }  // namespace quarnfc::ext
