@@ -2,6 +2,7 @@
 #include <quarnfc/object_collection.h>
 
 #include <cstdint>
+#include <new>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -118,6 +119,25 @@ TEST(ObjectCollection, ClassChainLeadsToTheRootByTheCollection) {
   std::string chain;
   for (; record != nullptr; record = record->m_base) chain += std::string(record->m_name) + " ";
   EXPECT_EQ(chain, "CQNObjectCollection CQNCollection CQNObject ");
+}
+
+TEST(ObjectCollection, CopyingAndAssigningShareTheObjects) {
+  std::string log;
+  {
+    CQNObjectCollection original;
+    CQNObjectCollection other;
+    original.Add(new Noted(&log, 'a'));
+    // Never destroyed: only one of the objects that share a record may be.
+    alignas(CQNObjectCollection) unsigned char place[2][sizeof(CQNObjectCollection)];
+    CQNObjectCollection* copy = new (place[0]) CQNObjectCollection(original);
+    CQNObjectCollection* assigned = new (place[1]) CQNObjectCollection(other);
+    *assigned = original;
+    EXPECT_EQ(copy->GetObj(0), original.GetObj(0));
+    assigned->Add(new Noted(&log, 'b'));
+    EXPECT_EQ(original.Count(), 2);
+    EXPECT_EQ(other.Count(), 0);
+  }
+  EXPECT_EQ(log, "ab");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <quarnfc/string_collection.h>
 
 #include <cstdint>
+#include <new>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -191,6 +192,21 @@ TEST(StringCollection, HostClassReplacesTheCopyThatCloneAddMakes) {
   strings->CloneAdd("abc");
   EXPECT_STREQ(strings->GetStr(0), "ABC");
   object->Release();
+}
+
+TEST(StringCollection, CopyingAndAssigningShareTheTexts) {
+  CQNStringCollection original;
+  CQNStringCollection other;
+  original.CloneAdd("a");
+  // Never destroyed: only one of the objects that share a record may be.
+  alignas(CQNStringCollection) unsigned char place[2][sizeof(CQNStringCollection)];
+  CQNStringCollection* copy = new (place[0]) CQNStringCollection(original);
+  CQNStringCollection* assigned = new (place[1]) CQNStringCollection(other);
+  *assigned = original;
+  EXPECT_EQ(copy->GetStr(0), original.GetStr(0));
+  assigned->CloneAdd("b");
+  EXPECT_EQ(Joined(original), "a|b|");
+  EXPECT_EQ(other.Count(), 0);
 }
 
 }  // namespace
