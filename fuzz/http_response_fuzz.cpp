@@ -2,12 +2,14 @@
 // A response from memory, through the classes: the lines of its head, then its body, which is read
 // by block and by line with buffers of every size.
 #include <quarnfc/internet.h>
+#include <quarnfc/internet_api.h>
 #include <quarnfc/internet_file.h>
 
 #include <memory>
 #include <string>
 
 #include "fuzz/input.h"
+#include "platform/posix/internet/head.h"
 #include "tests/net/memory_transport.h"
 
 namespace {
@@ -52,6 +54,18 @@ void Read(CQNHttpFile& file, const std::string& body, std::uint8_t how) {
   fuzz::Expect(received == body);
 }
 
+// The head as headers of a request, with every way to add them: each that was added is found.
+void CheckHeaders(const MemoryAnswer& answer, std::uint8_t how) {
+  constexpr DWORD kFlags[] = {HTTP_ADDREQ_FLAG_ADD, HTTP_ADDREQ_FLAG_ADD_IF_NEW,
+                              HTTP_ADDREQ_FLAG_COALESCE, HTTP_ADDREQ_FLAG_REPLACE,
+                              HTTP_ADDREQ_FLAG_REPLACE | HTTP_ADDREQ_FLAG_ADD};
+  quarnfc::internet::Headers headers;
+  for (const std::string& line : answer.head) headers.AddLines(line, kFlags[how % 5]);
+  for (const auto& header : headers.All()) fuzz::Expect(headers.Find(header.name) != nullptr);
+  quarnfc::internet::ResponseHead head;
+  if (head.Parse(answer.head)) fuzz::Expect(head.StatusLine().starts_with(head.version));
+}
+
 void Exchange(std::uint8_t how, const std::string& body) {
   CQNInternetSession session("fuzz");
   const std::unique_ptr<CQNHttpConnection> connection(
@@ -70,6 +84,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   ServedFromMemory network;
   const MemoryAnswer answer = AnswerFrom(input);
   network->answers = {answer};
+  CheckHeaders(answer, how);
   try {
     Exchange(how, answer.body);
   } catch (CQNInternetException* exception) {

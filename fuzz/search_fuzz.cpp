@@ -3,6 +3,7 @@
 // Texts that end in half a character run without a comparison.
 #include <quarnfc/qn_string.h>
 
+#include <algorithm>
 #include <string>
 
 #include "fuzz/input.h"
@@ -67,6 +68,14 @@ void CheckFinding(const Search& search, std::size_t start) {
   }
   Expect(search.string.Find(search.other.c_str(), static_cast<int>(boundary)) ==
          fuzz::Find(search.text, search.other, boundary));
+}
+
+void CheckEnds(const Search& search, std::size_t start) {
+  const std::size_t at = std::min(start, search.text.size());
+  Expect(BytesOf(search.string.Mid(static_cast<int>(start))) == search.text.substr(at));
+  Expect(BytesOf(search.string.Left(static_cast<int>(start))) == search.text.substr(0, at));
+  Expect(BytesOf(search.string.Right(static_cast<int>(start))) ==
+         search.text.substr(search.text.size() - at));
 }
 
 void CheckSpans(const Search& search) {
@@ -141,6 +150,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return 0;
   }
   CheckFinding(search, start);
+  CheckEnds(search, start);
   CheckSpans(search);
   CheckTrimming(search);
   CheckReversing(search);

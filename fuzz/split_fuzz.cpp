@@ -54,6 +54,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   ExpectEqual(pieces, expected);
   QNStringUtils::AdjustStrArr(pieces, trim, drop);
   ExpectEqual(pieces, Adjust(expected, trim, drop));
+  qnFreeStrArr(pieces);
+  fuzz::Expect(pieces.empty());
+  fuzz::Expect(qnSplitStr(text.c_str(), separator, pieces) == count);
+  ExpectEqual(pieces, expected);
   QNStringUtils::FreeStrArr(pieces);
   return 0;
 }

@@ -93,6 +93,8 @@ void Edit(CQNString& text, fuzz::Input& input) {
       fuzz::Expect(text.Find(ch, position) < text.GetLength() || text.IsEmpty());
       fuzz::Expect(text.ReverseFind(ch) < text.GetLength() || text.IsEmpty());
       fuzz::Expect(text.FindOneOf(first.c_str()) < text.GetLength() || text.IsEmpty());
+      text.CharToOemA();
+      text.OemToCharA();
       static_cast<void>(text.CompareNoCase(first.c_str()) + text.CollateNoCase(second.c_str()));
       break;
   }

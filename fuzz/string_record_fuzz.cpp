@@ -14,59 +14,54 @@ namespace {
 
 constexpr std::size_t kLargestRecord = 10240;
 
-// One file for all runs.
-std::FILE* Rewound() {
-  static std::FILE* const file = std::tmpfile();
-  fuzz::Expect(file != nullptr);
-  std::rewind(file);
-  return file;
-}
-
 // The record at position, after the rules: a count of 32 bits, little-endian, then that many bytes,
-// of which the text is those up to the first zero.
+// of which the text is those up to the first zero. The position moves behind a record that is
+// whole.
 bool ReadRecord(const std::string& bytes, std::size_t& position, std::string& text) {
   if (bytes.size() - position < 4) return false;
   std::size_t count = 0;
   for (int i = 3; i >= 0; --i) {
     count = count << 8 | static_cast<unsigned char>(bytes[position + static_cast<std::size_t>(i)]);
   }
-  position += 4;
-  if (count < 1 || count > kLargestRecord || bytes.size() - position < count) return false;
-  text = bytes.substr(position, count);
+  const std::size_t begin = position + 4;
+  if (count < 1 || count > kLargestRecord || bytes.size() - begin < count) return false;
+  text = bytes.substr(begin, count);
   text.resize(std::strlen(text.c_str()));
-  position += count;
+  position = begin + count;
   return true;
 }
 
-// The file keeps what longer runs left behind; zeros behind the bytes are no record.
-void Fill(std::FILE* file, const std::string& bytes) {
-  static std::size_t longest = 0;
-  longest = std::max(longest, bytes.size() + 4);
+void CheckReading(std::FILE* file, const std::string& bytes) {
   std::fwrite(bytes.data(), 1, bytes.size(), file);
-  const std::string rest(longest - bytes.size(), '\0');
-  std::fwrite(rest.data(), 1, rest.size(), file);
   std::rewind(file);
+  std::size_t position = 0;
+  std::string expected = "before";
+  CQNString text(expected.c_str());
+  while (ReadRecord(bytes, position, expected)) {
+    fuzz::Expect(QNStringUtils::ReadString(file, text));
+    fuzz::Expect(fuzz::BytesOf(text) == expected);
+  }
+  fuzz::Expect(!QNStringUtils::ReadString(file, text));
+  fuzz::Expect(fuzz::BytesOf(text) == expected);
+}
+
+void CheckWriting(std::FILE* file, const CQNString& written) {
+  std::rewind(file);
+  QNStringUtils::WriteString(file, written);
+  std::rewind(file);
+  CQNString text;
+  fuzz::Expect(QNStringUtils::ReadString(file, text));
+  fuzz::Expect(fuzz::BytesOf(text) == fuzz::BytesOf(written));
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string bytes(reinterpret_cast<const char*>(data), size);
-  std::FILE* const file = Rewound();
-  Fill(file, bytes);
-  std::size_t position = 0;
-  std::string expected;
-  CQNString text("before");
-  while (ReadRecord(bytes, position, expected)) {
-    fuzz::Expect(QNStringUtils::ReadString(file, text));
-    fuzz::Expect(fuzz::BytesOf(text) == expected);
-  }
-  if (position == bytes.size()) fuzz::Expect(!QNStringUtils::ReadString(file, text));
-
-  if (bytes.size() >= kLargestRecord) return 0;
-  const CQNString written(bytes.c_str());
-  QNStringUtils::WriteString(Rewound(), written);
-  fuzz::Expect(QNStringUtils::ReadString(Rewound(), text));
-  fuzz::Expect(fuzz::BytesOf(text) == fuzz::BytesOf(written));
+  std::FILE* const file = std::tmpfile();
+  fuzz::Expect(file != nullptr);
+  CheckReading(file, bytes);
+  if (bytes.size() < kLargestRecord) CheckWriting(file, CQNString(bytes.c_str()));
+  std::fclose(file);
   return 0;
 }
