@@ -124,6 +124,14 @@ if(TARGET qn)
     set_target_properties(qn PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_bin}")
   endif()
   install(TARGETS qn RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
+  if(NOT WIN32 AND NOT CMAKE_CROSSCOMPILING)
+    # Where man and bash look for them.
+    install(FILES "${PROJECT_BINARY_DIR}/qn.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1"
+            COMPONENT tools)
+    install(FILES "${PROJECT_BINARY_DIR}/qn.bash"
+            DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" RENAME qn
+            COMPONENT tools)
+  endif()
 endif()
 
 install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/README.zh-CN.md"

@@ -50,7 +50,17 @@ check_documentation() {
   echo "ok: links of the documentation"
 }
 
+# What man and bash read of the host program is there and belongs to it.
+check_tool() {
+  [ "$target" = linux ] || return 0
+  local qn="$prefix/bin/qn"
+  quiet diff <("$qn" help --man) "$prefix/share/man/man1/qn.1"
+  quiet diff <("$qn" help --bash-completion) "$prefix/share/bash-completion/completions/qn"
+  echo "ok: manual page and completion of qn"
+}
+
 forgets_paths -I "$prefix"
 check_documentation
+check_tool
 check_cmake
 check_pkg_config
