@@ -1,9 +1,24 @@
 // SPDX-License-Identifier: MIT
-// Digests of a text, and one of them as Base64.
+// Digests of a text, one of them as Base64, and a standard digest of a message in pieces.
 #include <quarnfc/quarnfc.h>
 
 #include <cstdio>
 #include <cstring>
+
+namespace {
+
+// What sha256sum prints for the pieces one after the other.
+bool PrintSha256InPieces() {
+  CQNSHA256Stream stream;
+  for (const char* piece : {"123", "", "456789"}) stream.Update(piece, std::strlen(piece));
+  unsigned char digest[CQNSHA256Stream::eDigestBytes];
+  stream.Finish(digest);
+  const CQNString hex = QNDigestUtils::HexText(digest, CQNSHA256Stream::eDigestBytes, false);
+  std::printf("SHA    %s\n", static_cast<const char*>(hex));
+  return hex == "15e2b0d3c33891ebb0f1ef609ec419420c20e320ce94c65fbc8c3312448eb225";
+}
+
+}  // namespace
 
 int main() {
   const char* const text = "123456789";
@@ -28,5 +43,5 @@ int main() {
   const bool there_and_back = count == length && std::memcmp(decoded, hmac, length) == 0;
   qnFreeMem(decoded);
   qnFreeMem(base64);
-  return as_published && there_and_back ? 0 : 1;
+  return as_published && there_and_back && PrintSha256InPieces() ? 0 : 1;
 }
