@@ -41,6 +41,18 @@ std::string SetOwned(CMyJsonObj& object, const char* path, std::unique_ptr<Conte
 
 std::string Done() { return {}; }
 
+// The first time, the index of many keys finds no memory: they are searched one by one.
+std::string NumbersOfAll(const CMyJsonObj& object) {
+  std::string numbers;
+  for (int i = -1; i < 41; ++i) {
+    int number = -1;
+    const std::string key = "member " + std::to_string(i);
+    object.ValueEx(key.c_str(), number, true);
+    numbers += std::to_string(number) + ' ';
+  }
+  return numbers;
+}
+
 constexpr double kDoubles[] = {1.5, 2.5, 3.5};
 constexpr int kInts[] = {1, 2, 3};
 
@@ -95,6 +107,7 @@ const Operation kOperations[] = {
        CQNString text;
        return YesOrNo(object.ValueEx("S", text, false));
      }},
+    {"ValueEx of every member", [](CMyJsonObj& object) { return NumbersOfAll(object); }},
     {"Item",
      [](CMyJsonObj& object) {
        CQNString key;

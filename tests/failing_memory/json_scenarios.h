@@ -35,6 +35,7 @@ inline const JsonText kObjectTexts[] = {
     {"an array of objects",
      R"({"a":[{"id":1,"name":"x"},{"id":2,"name":"y"},{"id":3,"name":"z"}]})"},
     {"many members", Wide(40)},
+    {"many members, one of them twice", Wide(40).insert(1, "\"member 7\":77,")},
     {"Chinese", "{\"\xC3\xFB\xB3\xC6\":\"\xB3\xA4\xC9\xB3\",\"a\":[\"\xD6\xD0\"]}"},
     {"deep", R"({"a":{"a":{"a":{"a":{"a":{"a":{"a":[[[[[["x"]]]]]]}}}}}}})"},
 };
