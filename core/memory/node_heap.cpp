@@ -95,16 +95,23 @@ void GiveSlabBack(Slab* slab) {
   platform::FreeSlab(slab);
 }
 
-FreeNodeLink* TakeNode(Slab& slab, std::size_t size) {
-  ++slab.used;
-  if (slab.free != nullptr) {
-    FreeNodeLink* node = slab.free;
-    slab.free = node->next;
-    return node;
+// Links up to count nodes of the slab behind the link at end, which moves to the last one's.
+// Returns how many there were.
+std::uint32_t TakeNodes(Slab& slab, std::size_t size, std::uint32_t count, FreeNodeLink**& end) {
+  std::uint32_t taken = 0;
+  for (; taken < count && slab.free != nullptr; ++taken) {
+    *end = slab.free;
+    end = &slab.free->next;
+    slab.free = slab.free->next;
   }
-  void* place = reinterpret_cast<unsigned char*>(&slab) + slab.fresh;
-  slab.fresh += static_cast<std::uint32_t>(size);
-  return static_cast<FreeNodeLink*>(place);
+  auto* const start = reinterpret_cast<unsigned char*>(&slab);
+  for (; taken < count && slab.fresh + size <= platform::kSlabSize; ++taken) {
+    *end = reinterpret_cast<FreeNodeLink*>(start + slab.fresh);
+    end = &(*end)->next;
+    slab.fresh += static_cast<std::uint32_t>(size);
+  }
+  slab.used += taken;
+  return taken;
 }
 
 // A batch of nodes in the order in which they lie in fresh slabs. With memory exhausted it is
@@ -117,9 +124,7 @@ void FillStock(NodeStock& stock, std::size_t node_class) {
   FreeNodeLink** end = &stock.active;
   while (stock.count < NodesPerBatch(node_class) && heap.available.First() != nullptr) {
     Slab* slab = heap.available.First();
-    *end = TakeNode(*slab, size);
-    end = &(*end)->next;
-    ++stock.count;
+    stock.count += TakeNodes(*slab, size, NodesPerBatch(node_class) - stock.count, end);
     if (slab->IsFull(size)) heap.available.Remove(slab);
   }
   *end = nullptr;
