@@ -79,6 +79,8 @@ Product TimesPower(std::uint64_t digits, int exponent) {
 
 // digits * 10^exponent, rounded half to even.
 double ToDouble(std::uint64_t digits, int exponent) {
+  constexpr std::uint64_t kExactInteger = std::uint64_t{1} << 53;
+  if (exponent == 0 && digits <= kExactInteger) return static_cast<double>(digits);
   if (digits == 0) return 0;
   const int zeros = std::countl_zero(digits);
   const Product product = TimesPower(digits << zeros, exponent);
@@ -99,10 +101,11 @@ double ToDouble(std::uint64_t digits, int exponent) {
 }
 
 const char* TakeDigits(const char* at, std::uint64_t& digits) {
-  for (; static_cast<unsigned char>(*at - '0') < 10; ++at) {
-    digits = digits * 10 + static_cast<unsigned char>(*at - '0');
+  for (;; ++at) {
+    const unsigned digit = static_cast<unsigned char>(*at) - unsigned{'0'};
+    if (digit > 9) return at;
+    digits = digits * 10 + digit;
   }
-  return at;
 }
 
 std::ptrdiff_t LeadingZeros(const char* at) {

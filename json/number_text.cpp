@@ -66,6 +66,12 @@ void WriteDigits(std::uint32_t number, char* text, std::size_t count) {
   }
 }
 
+// Cuts off the zeros at the end; another character stands before them.
+char* CutZeros(char* end) {
+  while (end[-1] == '0') --end;
+  return end;
+}
+
 // Such a number with at most 15 decimal places, its exact value rounded half to even. (The general
 // conversion of the standard library gives the same text and takes several times as long.)
 char* FormatFixedPoint(double magnitude, char* text, char* limit) {
@@ -85,18 +91,17 @@ char* FormatFixedPoint(double magnitude, char* text, char* limit) {
   WriteDigits(static_cast<std::uint32_t>(decimals / 10000000), point + 1, 8);
   WriteDigits(static_cast<std::uint32_t>(decimals % 10000000) * 10, point + 9, 8);
   *point = '.';
-  return point + 16;
+  return CutZeros(point + 16);
 }
 
 // Up to 15 decimal places, without zeros behind the last one that counts.
 char* FormatFinite(double number, char* text, char* limit) {
   const double magnitude = std::fabs(number);
-  const bool is_fixed = IsFixedPoint(magnitude);
-  if (is_fixed && std::signbit(number)) *text++ = '-';
-  char* end = is_fixed ? FormatFixedPoint(magnitude, text, limit)
-                       : std::to_chars(text, limit, number, std::chars_format::fixed, 15).ptr;
-  if (std::find(text, end, '.') == end) return end;
-  while (end[-1] == '0') --end;
+  if (IsFixedPoint(magnitude)) {
+    if (std::signbit(number)) *text++ = '-';
+    return FormatFixedPoint(magnitude, text, limit);
+  }
+  char* end = CutZeros(std::to_chars(text, limit, number, std::chars_format::fixed, 15).ptr);
   return end[-1] == '.' ? end - 1 : end;
 }
 
