@@ -5,7 +5,7 @@
 # the ratio of both (a star where it misses). A machine that does nothing else gives steady figures:
 # compare ratios of one run, never times of different machines. Takes about 15 minutes.
 # Usage: bench.sh [OPTION...] [PROGRAM...]
-#   PROGRAM           codec, geo, growth, http, io, json, memory or string; else all
+#   PROGRAM           codec, geo, growth, http, io, json, memory, start or string; else all
 #   --native          leaves Windows out
 #   --markdown        prints the table as Markdown, with the date and the processor
 #   --save FILE       keeps our times; --compare FILE shows changes against such a file
@@ -37,7 +37,7 @@ while [ $# -gt 0 ]; do
   esac
   shift
 done
-[ ${#programs[@]} -gt 0 ] || programs=(codec geo growth http io json memory string)
+[ ${#programs[@]} -gt 0 ] || programs=(codec geo growth http io json memory start string)
 native="$project/build/bench"
 cross="$project/build/bench-windows"
 
