@@ -5,6 +5,8 @@
 
 #include "qn/exit_code.h"
 
+#include <atomic>
+
 #if defined(_WIN32)
 #ifndef NOMINMAX
 #define NOMINMAX
@@ -15,7 +17,8 @@
 
 #include <fcntl.h>
 #include <io.h>
-#include <sys/stat.h>
+
+#include <cerrno>
 #else
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -57,14 +60,13 @@ void WriteToConsole(FILE* stream, std::string_view text) {
   WriteConsoleW(HandleOf(stream), wide.data(), static_cast<DWORD>(wide.size()), &written, nullptr);
 }
 
+// The path is whole as long as it is armed: half of one may be the name of another file.
 wchar_t interrupt_path[32768];
+std::atomic<bool> interrupt_armed{false};
 
+// Runs on a thread of its own, beside the one that writes.
 BOOL WINAPI EndInterrupted(DWORD event) {
-  if (interrupt_path[0] != L'\0') {
-    // The file is open, and can be renamed and deleted only after it has been closed.
-    _fcloseall();
-    DeleteFileW(interrupt_path);
-  }
+  if (interrupt_armed) DeleteFileW(interrupt_path);
   if (event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT) ExitProcess(kInterrupted);
   return FALSE;
 }
@@ -126,9 +128,35 @@ bool IsSpecialFile(const std::string& path) {
 
 std::string ResolveLinks(const std::string& path) { return path; }
 
+namespace {
+
+int ErrnoOf(DWORD error) {
+  switch (error) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+      return ENOENT;
+    case ERROR_FILE_EXISTS:
+      return EEXIST;
+    case ERROR_DISK_FULL:
+      return ENOSPC;
+    default:
+      return EACCES;
+  }
+}
+
+}  // namespace
+
+// Deleting is shared, so that an interrupt can remove the file while it is written.
 FILE* CreateFileLike(const std::string& path, const std::string& /*like*/) {
-  const int file =
-      _wopen(Widen(path).c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
+  const HANDLE handle =
+      CreateFileW(Widen(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
+                  CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) {
+    errno = ErrnoOf(GetLastError());
+    return nullptr;
+  }
+  const int file = _open_osfhandle(reinterpret_cast<intptr_t>(handle), _O_WRONLY | _O_BINARY);
   return file < 0 ? nullptr : _fdopen(file, "wb");
 }
 
@@ -140,8 +168,10 @@ void RemoveFile(const std::string& path) { _wremove(Widen(path).c_str()); }
 
 void RemoveOnInterrupt(const std::string& path) {
   const std::wstring wide = Widen(path);
-  if (wide.size() >= std::size(interrupt_path)) return;
+  interrupt_armed = false;
+  if (wide.empty() || wide.size() >= std::size(interrupt_path)) return;
   interrupt_path[wide.copy(interrupt_path, wide.size())] = L'\0';
+  interrupt_armed = true;
 }
 
 unsigned long ProcessId() { return GetCurrentProcessId(); }
@@ -157,10 +187,12 @@ long long SecondsOf(std::tm time) { return _mktime64(&time); }
 
 namespace {
 
+// The path is whole as long as it is armed: half of one may be the name of another file.
 char interrupt_path[4096];
+std::atomic<bool> interrupt_armed{false};
 
 void RemoveInterrupted(int signal) {
-  if (interrupt_path[0] != '\0') unlink(interrupt_path);
+  if (interrupt_armed) unlink(interrupt_path);
   // The parent learns of the signal; shells call SIGINT 130.
   std::signal(signal, SIG_DFL);
   raise(signal);
@@ -225,8 +257,10 @@ bool RenameOver(const std::string& from, const std::string& to) {
 void RemoveFile(const std::string& path) { std::remove(path.c_str()); }
 
 void RemoveOnInterrupt(const std::string& path) {
-  if (path.size() >= sizeof(interrupt_path)) return;
+  interrupt_armed = false;
+  if (path.empty() || path.size() >= sizeof(interrupt_path)) return;
   std::memcpy(interrupt_path, path.c_str(), path.size() + 1);
+  interrupt_armed = true;
   static const bool installed = InstallHandlers();
   static_cast<void>(installed);
 }
