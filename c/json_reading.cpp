@@ -27,10 +27,10 @@ int qncJsonCount(const QncJson* value) {
 QncJson* qncJsonAt(const QncJson* value, int index) {
   if (value == nullptr) return nullptr;
   const CMyJsonObj* object = ObjectOf(value);
-  if (object == nullptr) {
-    return ValueOf(value)->IsArr() ? HandleOf(ValueOf(value)->ValueArrItem(index)) : nullptr;
-  }
-  return GuardedNew(nullptr, [=] {
+  return GuardedNew(nullptr, [=]() -> QncJson* {
+    if (object == nullptr) {
+      return ValueOf(value)->IsArr() ? HandleOf(ValueOf(value)->ValueArrItem(index)) : nullptr;
+    }
     CQNString key;
     CMyJsonValue* member = nullptr;
     object->Item(index, key, member);

@@ -34,11 +34,21 @@ class CompactList {
   }
   ~CompactList() { Free(); }
 
-  // A list of exactly these items.
+  // A list of count items without content, such as null pointers. Throws std::bad_alloc.
+  explicit CompactList(std::size_t count) {
+    if (count == 0) return;
+    head_ = NewHead(count);
+    std::uninitialized_value_construct_n(Items(), count);
+    head_->size = head_->capacity;
+  }
+
+  // A list of exactly these items. Copying one does not throw.
   template <class Iterator>
   CompactList(Iterator first, Iterator last) {
-    reserve(static_cast<std::size_t>(std::distance(first, last)));
-    for (; first != last; ++first) push_back(*first);
+    if (first == last) return;
+    head_ = NewHead(static_cast<std::size_t>(std::distance(first, last)));
+    std::uninitialized_copy(first, last, Items());
+    head_->size = head_->capacity;
   }
 
   std::size_t size() const { return head_ != nullptr ? head_->size : 0; }
@@ -60,7 +70,8 @@ class CompactList {
   }
 
   void push_back(Item item) {
-    if (size() == Capacity()) MoveTo(std::max<std::size_t>(4, size() * 2));
+    if (size() == Capacity()) [[unlikely]]
+      MoveTo(std::max<std::size_t>(4, size() * 2));
     new (end()) Item(std::move(item));
     ++head_->size;
   }
@@ -91,8 +102,10 @@ class CompactList {
   }
 
   // Drops the items from this position on.
-  void shrink(const Item* position) {
-    while (end() != position) pop_back();
+  void shrink(Item* position) {
+    if (position == end()) return;
+    std::destroy(position, end());
+    head_->size = static_cast<std::uint32_t>(position - begin());
   }
 
   void clear() { shrink(begin()); }
@@ -112,13 +125,17 @@ class CompactList {
     return sizeof(Head) + capacity * sizeof(Item);
   }
 
+  static Head* NewHead(std::size_t capacity) {
+    if (capacity > std::numeric_limits<std::uint32_t>::max()) throw std::bad_alloc();
+    return new (AllocNode(BytesFor(capacity))) Head{0, static_cast<std::uint32_t>(capacity)};
+  }
+
   Item* Items() const { return head_ != nullptr ? reinterpret_cast<Item*>(head_ + 1) : nullptr; }
   std::size_t Capacity() const { return head_ != nullptr ? head_->capacity : 0; }
 
   void MoveTo(std::size_t capacity) {
-    if (capacity > std::numeric_limits<std::uint32_t>::max()) throw std::bad_alloc();
-    auto* head = new (AllocNode(BytesFor(capacity)))
-        Head{static_cast<std::uint32_t>(size()), static_cast<std::uint32_t>(capacity)};
+    Head* head = NewHead(capacity);
+    head->size = static_cast<std::uint32_t>(size());
     std::uninitialized_move(begin(), end(), reinterpret_cast<Item*>(head + 1));
     Free();
     head_ = head;

@@ -22,8 +22,11 @@ class DoomedTree {
   void Add(CMyJsonObj* object) noexcept;
   void Add(CMyJsonObjImp* record) noexcept;
 
-  // Takes over the elements and leaves the list empty.
-  void AddAll(ValueList& values) noexcept;
+  // Takes over what is below the value of this record, but for packed numbers.
+  void AddBelow(CMyJsonValueImp& record) noexcept;
+
+  // Takes over all from first up to last.
+  void AddAll(CMyJsonValue* const* first, CMyJsonValue* const* last) noexcept;
 
  private:
   CMyJsonValueImp* head_ = nullptr;

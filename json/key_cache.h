@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The keys of a document that is being read. Objects of one kind have the same keys over and over:
-// equal ones share one text.
+// equal keys share one text, and objects with the same keys one list of them.
 //
-// Method: a table with one place for each value of a hash of length and ends; a key that finds
-// another one in its place takes it. Short documents do without the table.
+// Method: two tables with one place for each value of a hash, of length and ends of a key, and of
+// the texts of a list; what finds another in its place takes it. Short documents do without the
+// tables.
 #ifndef QUARNFC_JSON_KEY_CACHE_H_
 #define QUARNFC_JSON_KEY_CACHE_H_
 
@@ -11,6 +12,7 @@
 #include <cstddef>
 #include <memory>
 
+#include "json/key_list.h"
 #include "json/shared_text.h"
 #include "json/text_rules.h"
 
@@ -21,12 +23,21 @@ class KeyCache {
   // The decoded key.
   SharedText Decode(const RawString& key);
 
+  // A list of these keys, all from Decode, which are moved out of their places.
+  KeyList ListOf(SharedText* first, SharedText* last);
+
  private:
-  static constexpr std::size_t kPlaces = 256;
+  static constexpr std::size_t kTexts = 128;
+  static constexpr std::size_t kLists = 32;
   static constexpr std::size_t kFewKeys = 32;
 
+  struct Tables {
+    std::array<SharedText, kTexts> texts;
+    std::array<KeyList, kLists> lists;
+  };
+
   std::size_t count_ = 0;
-  std::unique_ptr<std::array<SharedText, kPlaces>> places_;
+  std::unique_ptr<Tables> tables_;
 };
 
 }  // namespace quarnfc::json

@@ -28,10 +28,17 @@ std::uint64_t Hash(std::string_view text) {
   return hash ^ hash >> 32;
 }
 
+// Keys that both end in an ASCII byte, as most do, are equal or not by their bytes: the last one
+// tells most of them apart.
 int FindOneByOne(const KeyIndex::Keys& keys, std::string_view key) {
-  const auto found = std::find_if(keys.begin(), keys.end(), [key](const SharedText& other) {
-    return IsSameKey(other.View(), key);
-  });
+  const unsigned char last = key.empty() ? 0 : static_cast<unsigned char>(key.back());
+  const auto is_same = [key, last](const SharedText& text) {
+    const std::string_view other = text.View();
+    const unsigned char its_last = other.empty() ? 0 : static_cast<unsigned char>(other.back());
+    if ((last | its_last) >= 0x80) return IsSameKey(other, key);
+    return last == its_last && other == key;
+  };
+  const auto found = std::find_if(keys.begin(), keys.end(), is_same);
   return found != keys.end() ? static_cast<int>(found - keys.begin()) : -1;
 }
 
@@ -144,6 +151,6 @@ void KeyIndex::Erasing(std::size_t position) {
   if (table != nullptr && !table->Erase(position)) Drop();
 }
 
-void KeyIndex::Drop() noexcept { delete table_.exchange(nullptr); }
+void KeyIndex::DropTable() noexcept { delete table_.exchange(nullptr); }
 
 }  // namespace quarnfc::json

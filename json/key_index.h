@@ -14,8 +14,7 @@
 #include <utility>
 #include <vector>
 
-#include "json/compact_list.h"
-#include "json/shared_text.h"
+#include "json/key_list.h"
 
 namespace quarnfc::json {
 
@@ -35,7 +34,7 @@ inline bool IsSameKey(std::string_view left, std::string_view right) {
 
 class KeyIndex {
  public:
-  using Keys = CompactList<SharedText>;
+  using Keys = KeyList;
 
   KeyIndex() = default;
   KeyIndex(const KeyIndex&) = delete;
@@ -53,12 +52,15 @@ class KeyIndex {
   void Erasing(std::size_t position);
 
   // The keys are replaced as a whole.
-  void Drop() noexcept;
+  void Drop() noexcept {
+    if (table_.load(std::memory_order_relaxed) != nullptr) DropTable();
+  }
 
  private:
   class Table;
 
   const Table* TryMakeTable(const Keys& keys) const;
+  void DropTable() noexcept;
 
   mutable std::atomic<Table*> table_ = nullptr;
 };

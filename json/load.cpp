@@ -78,15 +78,17 @@ std::unique_ptr<CMyJsonValue> ReadObject(const char* text, CQNString& error) {
 // The old content is destroyed only after reading: the text may be part of it.
 
 bool CMyJsonValue::Load(const char* text, CQNString& error) {
-  CMyJsonValue old;
+  CMyJsonValueImp old;
+  quarnfc::json::DoomedTree doomed;
   const auto exchange = [&] {
-    imp_->array.swap(old.imp_->array);
-    std::swap(imp_->object, old.imp_->object);
-    std::swap(imp_->type, old.imp_->type);
+    quarnfc::json::SwapContainers(*imp_, old);
+    std::swap(imp_->type, old.type);
   };
   exchange();
   try {
-    return LoadContent(text, *imp_, error);
+    const bool loaded = LoadContent(text, *imp_, error);
+    doomed.AddBelow(old);
+    return loaded;
   } catch (...) {
     exchange();
     throw;

@@ -109,7 +109,7 @@ class BuiltValue {
   ~BuiltValue() {
     if (value_ != nullptr && borrowed_) {
       CMyJsonValueImp& record = JsonAccess::Record(*value_);
-      record.array.clear();
+      record.array.clear();  // never packed: these are values themselves
       record.object = nullptr;
     }
   }
@@ -214,10 +214,11 @@ bool CMyJsonObj::SetItem2Empty(const char* path, bool exact, bool onlyExisting) 
 void CMyJsonObj::DelItemEx(const char* key, bool exact) {
   const int found = key != nullptr ? quarnfc::json::FindKey(*imp_, key, exact) : -1;
   if (found < 0) return;
-  delete imp_->values[static_cast<std::size_t>(found)];
-  imp_->index.Erasing(static_cast<std::size_t>(found));
+  const auto position = static_cast<std::size_t>(found);
+  imp_->keys.erase(position);
+  delete imp_->values[position];
+  imp_->index.Erasing(position);
   imp_->values.erase(imp_->values.begin() + found);
-  imp_->keys.erase(imp_->keys.begin() + found);
 }
 
 void CMyJsonObj::DelItem(const char* key) { DelItemEx(key, true); }

@@ -26,7 +26,9 @@ int FindKeyWithoutCase(const KeyList& keys, std::string_view key) {
 
 // The first backslash that is a character of its own, or the end of the text.
 const char* FindSeparator(const char* at) {
-  while (*at != '\\' && *at != '\0') at += CharWidth(at);
+  for (; *at != '\\' && *at != '\0'; ++at) {
+    if (static_cast<unsigned char>(*at) >= 0x80) at += CharWidth(at) - 1;
+  }
   return at;
 }
 

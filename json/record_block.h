@@ -24,9 +24,9 @@ namespace quarnfc::json {
 struct RecordPlace {
   enum Kind : unsigned char { kAlone, kInBlock, kInLargeBlock };
 
-  Kind kind = kAlone;
-  bool shell_lives = false;  // of the block around this record
-  bool record_lives = true;
+  Kind kind : 2 = kAlone;
+  bool shell_lives : 1 = false;  // of the block around this record
+  bool record_lives : 1 = true;
 };
 
 template <class Shell, class Record>
@@ -57,6 +57,13 @@ class RecordBlock {
     if (place.record_lives) return;
     record->~Record();
     FreeBlock(record, place.kind);
+  }
+
+  // The shell on the heap is gone together with its record, which lies in the same block.
+  static void DestroyBoth(Record* record) noexcept {
+    const RecordPlace::Kind kind = record->place.kind;
+    record->~Record();
+    FreeBlock(record, kind);
   }
 
   // The record is not needed any more.

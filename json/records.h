@@ -13,27 +13,28 @@
 
 #include "json/compact_list.h"
 #include "json/key_index.h"
+#include "json/key_list.h"
 #include "json/record_block.h"
 #include "json/shared_text.h"
 
 namespace quarnfc::json {
 
 using ValueList = CompactList<CMyJsonValue*>;
-using KeyList = CompactList<SharedText>;
 
 }  // namespace quarnfc::json
 
 struct CMyJsonValueImp {
   CMyJsonValue::EValueType type = CMyJsonValue::eEmpty;
   bool boolean = false;
+  mutable bool packed = false;  // the slots of the array hold numbers: see packed_numbers.h
   quarnfc::json::RecordPlace place;
   quarnfc::json::SharedText string;
   union {
     double number = 0;
     CMyJsonValueImp* next_doomed;  // links the records of a tree that is being destroyed
   };
-  quarnfc::json::ValueList array;  // owned; empty unless the type is eArr
-  CMyJsonObj* object = nullptr;    // owned; null unless the type is eObj
+  mutable quarnfc::json::ValueList array;  // owned; empty unless the type is eArr
+  CMyJsonObj* object = nullptr;            // owned; null unless the type is eObj
 };
 
 struct CMyJsonObjImp {
@@ -80,8 +81,16 @@ struct JsonAccess {
   }
 };
 
+// Whether there are values below this one.
 inline bool IsContainer(const CMyJsonValueImp& record) {
-  return !record.array.empty() || record.object != nullptr;
+  return (!record.packed && !record.array.empty()) || record.object != nullptr;
+}
+
+// Exchanges what is below two values.
+inline void SwapContainers(CMyJsonValueImp& left, CMyJsonValueImp& right) noexcept {
+  left.array.swap(right.array);
+  std::swap(left.packed, right.packed);
+  std::swap(left.object, right.object);
 }
 
 // The text as a string of its own.

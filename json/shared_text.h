@@ -49,6 +49,23 @@ class SharedText {
     if (block_ != nullptr && IsLastReference()) FreeNode(block_, BlockSize(block_->length));
   }
 
+  // A copy of a text that no other thread can know yet: without an interlocked operation.
+  SharedText CopyUnpublished() const {
+    SharedText copy;
+    copy.block_ = block_;
+    if (block_ != nullptr) AddUnpublished(1);
+    return copy;
+  }
+
+  // In the same way takes this reference away, which is not the last one.
+  void DropUnpublished() {
+    if (block_ != nullptr) AddUnpublished(-1);
+    block_ = nullptr;
+  }
+
+  // Whether both share one block.
+  bool IsShareOf(const SharedText& other) const { return block_ == other.block_; }
+
   char* Writable() { return reinterpret_cast<char*>(block_ + 1); }
 
   const char* Characters() const {
@@ -69,6 +86,11 @@ class SharedText {
       static_cast<std::size_t>(std::numeric_limits<int>::max()) - 16;
 
   static constexpr std::size_t BlockSize(std::size_t length) { return sizeof(Block) + length + 1; }
+
+  void AddUnpublished(std::int32_t count) const {
+    const std::uint32_t old = block_->references.load(std::memory_order_relaxed);
+    block_->references.store(old + static_cast<std::uint32_t>(count), std::memory_order_relaxed);
+  }
 
   // Takes this reference away. Without others no interlocked operation is needed.
   bool IsLastReference() const {

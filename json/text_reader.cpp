@@ -3,28 +3,32 @@
 
 #include <quarnfc/json_object.h>
 
-#include <iterator>
-
 #include "json/doomed_tree.h"
 #include "json/messages.h"
+#include "json/packed_numbers.h"
 #include "json/value_content.h"
 
 namespace quarnfc::json {
 
+// Room for small documents from the start.
+TextReader::TextReader(CQNString& error) : error_(error) {
+  open_.reserve(8);
+  values_.reserve(24);
+  keys_.reserve(24);
+}
+
 TextReader::~TextReader() {
   DoomedTree doomed;
-  doomed.AddAll(values_);
+  doomed.AddAll(values_.data(), values_.data() + values_.size());
 }
 
 std::unique_ptr<CMyJsonValue> TextReader::Read(const char* open) {
   at_ = open;
-  OpenContainer();
-  while (!open_.empty()) {
-    const bool read = InObject() ? ReadMember() : ReadElement();
-    if (!read) {
-      SetClosingFailure();
-      return nullptr;
-    }
+  bool read = OpenContainer();
+  while (read && !open_.empty()) read = InObject() ? ReadMember() : ReadElement();
+  if (!read) {
+    SetClosingFailure();
+    return nullptr;
   }
   std::unique_ptr<CMyJsonValue> result(values_.back());
   values_.pop_back();
@@ -58,11 +62,11 @@ bool TextReader::ReadElement() {
 
 bool TextReader::ReadKey() {
   RawString key;
-  const char* start = ++at_;
-  if (!ReadString(at_, key)) return Fail(kInvalidKey, start);
-  at_ = SkipWhitespace(at_);
-  if (*at_ != ':') return Fail(kNoColon, at_);
-  at_ = SkipWhitespace(at_ + 1);
+  const char* at = at_ + 1;
+  if (!ReadString(at, key)) return Fail(kInvalidKey, at);
+  at = SkipWhitespace(at);
+  if (*at != ':') return Fail(kNoColon, at);
+  at_ = SkipWhitespace(at + 1);
   keys_.push_back(key_cache_.Decode(key));
   return true;
 }
@@ -81,28 +85,35 @@ bool TextReader::ReadMemberValue() {
 }
 
 bool TextReader::ReadValue() {
-  bool flag = false;
   switch (*at_) {
     case '{':
     case '[':
-      OpenContainer();
-      return true;
+      return OpenContainer();
     case '"':
       return ReadStringValue();
+    case 't':
+    case 'f':
+      return ReadBoolValue();
     default:
-      return ReadBool(at_, flag) ? AddScalar(flag) : ReadNumberValue();
+      return ReadNumberValue();
   }
 }
 
 bool TextReader::ReadStringValue() {
   RawString raw;
-  const char* quote = at_++;
-  if (!ReadString(at_, raw)) return Fail(kInvalidString, quote);
+  const char* at = at_ + 1;
+  if (!ReadString(at, raw)) return Fail(kInvalidString, at_);
+  at_ = at;
   CMyJsonValueImp& record = AddValue();
   record.string = DecodeString(raw);
   record.type = CMyJsonValue::eStr;
   EndItem();
   return true;
+}
+
+bool TextReader::ReadBoolValue() {
+  bool flag = false;
+  return ReadBool(at_, flag) ? AddScalar(flag) : ReadNumberValue();
 }
 
 bool TextReader::ReadNumberValue() {
@@ -111,19 +122,38 @@ bool TextReader::ReadNumberValue() {
   return AddScalar(number);
 }
 
-void TextReader::OpenContainer() {
+bool TextReader::ReadNumbers() {
+  numbers_.clear();
+  const char* at = at_;
+  while (*at == '-' || IsDigit(*at)) {
+    double number = 0;
+    if (!ReadNumber(at, number)) return Fail(kInvalidNumber, at);
+    numbers_.push_back(SlotOf(number));
+    at = SkipSeparator(at);
+  }
+  at_ = at;
+  if (*at_ == ']' && !numbers_.empty()) {
+    CloseNumbers();
+  } else {
+    for (CMyJsonValue* const slot : numbers_) SetContent(AddValue(), NumberIn(slot));
+  }
+  return true;
+}
+
+bool TextReader::OpenContainer() {
   open_.push_back({at_, values_.size()});
   at_ = SkipWhitespace(at_ + 1);
+  return InObject() || ReadNumbers();
 }
 
 void TextReader::CloseObject() {
   const auto first = values_.begin() + static_cast<std::ptrdiff_t>(open_.back().first_value);
   const auto first_key = keys_.end() - (values_.end() - first);
   std::unique_ptr<CMyJsonValue> value = NewObjectValue();
-  CMyJsonObjImp& record = JsonAccess::Record(*value->ValueObj());
-  record.keys = {std::make_move_iterator(first_key), std::make_move_iterator(keys_.end())};
+  CMyJsonObjImp& record = JsonAccess::Record(*JsonAccess::Record(*value).object);
   record.values = {first, values_.end()};
-  values_.shrink(first);
+  values_.erase(first, values_.end());
+  record.keys = key_cache_.ListOf(std::to_address(first_key), std::to_address(keys_.end()));
   keys_.erase(first_key, keys_.end());
   EndContainer(std::move(value));
 }
@@ -134,7 +164,16 @@ void TextReader::CloseArray() {
   CMyJsonValueImp& record = JsonAccess::Record(*value);
   record.type = CMyJsonValue::eArr;
   record.array = {first, values_.end()};
-  values_.shrink(first);
+  values_.erase(first, values_.end());
+  EndContainer(std::move(value));
+}
+
+void TextReader::CloseNumbers() {
+  std::unique_ptr<CMyJsonValue> value = NewValue();
+  CMyJsonValueImp& record = JsonAccess::Record(*value);
+  record.type = CMyJsonValue::eArr;
+  record.array = {numbers_.begin(), numbers_.end()};
+  record.packed = true;
   EndContainer(std::move(value));
 }
 
@@ -146,10 +185,7 @@ void TextReader::EndContainer(std::unique_ptr<CMyJsonValue> value) {
   if (!open_.empty()) EndItem();
 }
 
-void TextReader::EndItem() {
-  at_ = SkipWhitespace(at_);
-  if (*at_ == ',') at_ = SkipWhitespace(at_ + 1);
-}
+void TextReader::EndItem() { at_ = SkipSeparator(at_); }
 
 CMyJsonValueImp& TextReader::AddValue() {
   values_.push_back(nullptr);

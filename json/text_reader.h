@@ -29,6 +29,7 @@
 #include <memory>
 #include <vector>
 
+#include "core/memory/memory.h"
 #include "json/key_cache.h"
 #include "json/records.h"
 #include "json/text_rules.h"
@@ -39,7 +40,7 @@ class TextReader {
  public:
   // error receives the reason of a failure. While it holds text, an object that does not end
   // leaves it as it is, whoever wrote that text.
-  explicit TextReader(CQNString& error) : error_(error) {}
+  explicit TextReader(CQNString& error);
 
   TextReader(const TextReader&) = delete;
   TextReader& operator=(const TextReader&) = delete;
@@ -66,11 +67,16 @@ class TextReader {
   bool ReadMemberValue();
   bool ReadValue();
   bool ReadStringValue();
+  bool ReadBoolValue();
   bool ReadNumberValue();
 
-  void OpenContainer();
+  // The numbers that an array begins with; with nothing else in it, they stay packed.
+  bool ReadNumbers();
+
+  bool OpenContainer();
   void CloseObject();
   void CloseArray();
+  void CloseNumbers();
   void EndContainer(std::unique_ptr<CMyJsonValue> value);
 
   // Ends an item of the innermost container: skips white space and one optional comma.
@@ -88,9 +94,13 @@ class TextReader {
 
   // What waits for its container to close: the values of all open containers, innermost last, and
   // the keys of the open objects. Containers are then made in one step, exactly as large as needed.
-  std::vector<Open> open_;
-  ValueList values_;
-  std::vector<SharedText> keys_;
+  template <class Item>
+  using Stack = std::vector<Item, NodeAllocator<Item>>;
+
+  Stack<Open> open_;
+  Stack<CMyJsonValue*> values_;
+  Stack<SharedText> keys_;
+  Stack<CMyJsonValue*> numbers_;  // packed: of the array that is being read
   KeyCache key_cache_;
 };
 

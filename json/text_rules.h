@@ -7,6 +7,7 @@
 #include <quarnfc/qn_string.h>
 
 #include <cstddef>
+#include <cstdint>
 
 #include "json/records.h"
 
@@ -14,9 +15,19 @@ namespace quarnfc::json {
 
 // The first byte from here that is no blank, TAB, CR or LF.
 inline const char* SkipWhitespace(const char* at) {
-  while (*at == ' ' || *at == '\t' || *at == '\r' || *at == '\n') ++at;
+  constexpr std::uint64_t kWhitespace = 1ull << ' ' | 1ull << '\t' | 1ull << '\r' | 1ull << '\n';
+  // Most often there is none.
+  while (static_cast<unsigned char>(*at) <= ' ' && (kWhitespace >> *at & 1) != 0) ++at;
   return at;
 }
+
+// Behind an item: skips white space and one optional comma.
+inline const char* SkipSeparator(const char* at) {
+  at = SkipWhitespace(at);
+  return *at == ',' ? SkipWhitespace(at + 1) : at;
+}
+
+inline bool IsDigit(char byte) { return static_cast<unsigned char>(byte - '0') < 10; }
 
 // What stands between the quotes of a string, escapes not yet decoded.
 struct RawString {

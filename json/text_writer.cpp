@@ -4,10 +4,13 @@
 #include <quarnfc/json_object.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 #include "json/number_text.h"
+#include "json/packed_numbers.h"
 
 namespace quarnfc::json {
 namespace {
@@ -29,9 +32,30 @@ char EscapeOf(char byte) {
   }
 }
 
-// Without branches, so that compilers test many bytes at a time.
-bool IsEscaped(char byte) {
-  return (byte == '\\') | (byte == '"') | (byte == '\t') | (byte == '\r') | (byte == '\n');
+// Whether a byte of the text may be escaped. Eight bytes at a time: subtracting from a byte sets
+// its highest bit when it is smaller. Every control character below 14 counts, which does no harm.
+bool MayHaveEscapes(std::string_view text) {
+  constexpr std::uint64_t kEach = 0x0101010101010101, kHighest = 0x80 * kEach;
+  const auto may_have = [](const char* at) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, at, sizeof word);
+    const std::uint64_t quote = word ^ '"' * kEach, backslash = word ^ '\\' * kEach;
+    const std::uint64_t smaller = ((word - 14 * kEach) & ~word) | ((quote - kEach) & ~quote) |
+                                  ((backslash - kEach) & ~backslash);
+    return (smaller & kHighest) != 0;
+  };
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  if (text.size() < 8) return std::any_of(at, end, [](char byte) { return EscapeOf(byte) != 0; });
+  for (; end - at > 8; at += 8) {
+    if (may_have(at)) return true;
+  }
+  return may_have(end - 8);
+}
+
+std::size_t CountEscapes(std::string_view text) {
+  return static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), [](char byte) { return EscapeOf(byte) != 0; }));
 }
 
 char* Escape(std::string_view text, char* target) {
@@ -131,7 +155,7 @@ void TextWriter::WriteValue(const CMyJsonValueImp& value) {
     case CMyJsonValue::eBool:
       return text_.Append(value.boolean ? "true" : "false");
     case CMyJsonValue::eArr:
-      return OpenArray(value);
+      return value.packed ? WriteNumbers(value.array) : OpenArray(value);
     case CMyJsonValue::eObj:
       return OpenObject(*value.object);
     default:
@@ -140,16 +164,27 @@ void TextWriter::WriteValue(const CMyJsonValueImp& value) {
 }
 
 void TextWriter::WriteString(std::string_view text) {
-  const auto escapes = static_cast<std::size_t>(
-      std::count_if(text.begin(), text.end(), [](char byte) { return IsEscaped(byte); }));
-  char* room = text_.Extend(text.size() + escapes + 2);
+  const bool escaped = MayHaveEscapes(text);
+  char* room = text_.Extend(text.size() + (escaped ? CountEscapes(text) : 0) + 2);
   *room++ = '"';
-  room = escapes == 0 ? room + text.copy(room, text.size()) : Escape(text, room);
+  room = escaped ? Escape(text, room) : room + text.copy(room, text.size());
   *room = '"';
 }
 
 void TextWriter::WriteNumber(double number) {
   text_.Finish(FormatNumber(number, text_.Room(kNumberTextCapacity)));
+}
+
+// A packed array as a whole.
+void TextWriter::WriteNumbers(const ValueList& packed) {
+  char separator = '[';
+  for (CMyJsonValue* const slot : packed) {
+    char* const room = text_.Room(kNumberTextCapacity + 1);
+    *room = std::exchange(separator, ',');
+    text_.Finish(FormatNumber(NumberIn(slot), room + 1));
+  }
+  text_.Append(']');
+  if (!open_.empty()) EndItem(true);
 }
 
 void TextWriter::CloseContainer() {

@@ -52,6 +52,7 @@ class TextWriter {
   void WriteValue(const CMyJsonValueImp& value);
   void WriteString(std::string_view text);
   void WriteNumber(double number);
+  void WriteNumbers(const ValueList& packed);
   void CloseContainer();
   void EndItem(bool container);
 

@@ -11,12 +11,24 @@ namespace {
 class TreeCopier {
  public:
   void Copy(const CMyJsonValueImp& source, CMyJsonValueImp& target) {
-    CopyScalar(source, target);
-    if (IsContainer(source)) pending_.push_back({&source, &target});
+    switch (source.type) {
+      case CMyJsonValue::eStr:
+        target.string = source.string;
+        break;
+      case CMyJsonValue::eNumber:
+        target.number = source.number;
+        break;
+      case CMyJsonValue::eBool:
+        target.boolean = source.boolean;
+        break;
+      default:
+        CopyContainer(source, target);
+    }
+    target.type = source.type;
   }
 
   void CopyMembers(const CMyJsonObjImp& source, CMyJsonObjImp& target) {
-    target.keys = {source.keys.begin(), source.keys.end()};
+    target.keys = source.keys;
     CopyList(source.values, target.values);
   }
 
@@ -35,21 +47,10 @@ class TreeCopier {
     CMyJsonValueImp* target;
   };
 
-  static void CopyScalar(const CMyJsonValueImp& source, CMyJsonValueImp& target) {
-    target.type = source.type;
-    switch (source.type) {
-      case CMyJsonValue::eStr:
-        target.string = source.string;
-        break;
-      case CMyJsonValue::eNumber:
-        target.number = source.number;
-        break;
-      case CMyJsonValue::eBool:
-        target.boolean = source.boolean;
-        break;
-      default:
-        break;
-    }
+  void CopyContainer(const CMyJsonValueImp& source, CMyJsonValueImp& target) {
+    if (source.packed) target.array = {source.array.begin(), source.array.end()};
+    target.packed = source.packed;
+    if (IsContainer(source)) pending_.push_back({&source, &target});
   }
 
   void CopyObject(const CMyJsonObj& source, CMyJsonValueImp& target) {
@@ -60,12 +61,14 @@ class TreeCopier {
   }
 
   void CopyList(const ValueList& source, ValueList& target) {
-    target.reserve(source.size());
+    target = ValueList(source.size());
+    CMyJsonValue** place = target.begin();
     for (const CMyJsonValue* value : source) {
-      target.push_back(nullptr);
-      if (value == nullptr) continue;
-      target.back() = JsonAccess::NewValue();
-      Copy(JsonAccess::Record(*value), JsonAccess::Record(*target.back()));
+      if (value != nullptr) {
+        *place = JsonAccess::NewValue();
+        Copy(JsonAccess::Record(*value), JsonAccess::Record(**place));
+      }
+      ++place;
     }
   }
 
@@ -88,8 +91,7 @@ void CopyMembers(const CMyJsonObjImp& source, CMyJsonObjImp& target) {
 
 void TakeContent(CMyJsonValueImp& target, CMyJsonValueImp& fresh) noexcept {
   std::swap(target.type, fresh.type);
-  target.array.swap(fresh.array);
-  std::swap(target.object, fresh.object);
+  SwapContainers(target, fresh);
   switch (target.type) {
     case CMyJsonValue::eStr:
       std::swap(target.string, fresh.string);

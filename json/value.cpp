@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "json/doomed_tree.h"
+#include "json/packed_numbers.h"
 #include "json/records.h"
 #include "json/tree_copy.h"
 #include "json/value_content.h"
@@ -105,8 +106,8 @@ CMyJsonObj* CMyJsonValue::ValueObj() const { return imp_->object; }
 int CMyJsonValue::ValueArrLength() const { return static_cast<int>(imp_->array.size()); }
 
 CMyJsonValue* CMyJsonValue::ValueArrItem(int index) const {
-  return index >= 0 && index < ValueArrLength() ? imp_->array[static_cast<std::size_t>(index)]
-                                                : nullptr;
+  if (index < 0 || index >= ValueArrLength()) return nullptr;
+  return quarnfc::json::ElementsOf(*imp_)[static_cast<std::size_t>(index)];
 }
 
 void CMyJsonValue::ValueArr(CMyJsonValue** /*items*/, int& count) const {
@@ -115,7 +116,7 @@ void CMyJsonValue::ValueArr(CMyJsonValue** /*items*/, int& count) const {
 
 CMyJsonValue* CMyJsonValue::Clone() const {
   std::unique_ptr<CMyJsonValue> clone(JsonAccess::NewValue());
-  clone->CopyFrom(this);
+  quarnfc::json::CopyContent(*imp_, *clone->imp_);
   return clone.release();
 }
 

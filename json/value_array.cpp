@@ -7,11 +7,13 @@
 #include <iterator>
 #include <memory>
 
+#include "json/packed_numbers.h"
 #include "json/records.h"
 #include "json/value_content.h"
 
 namespace {
 
+using quarnfc::json::ElementsOf;
 using quarnfc::json::NewValue;
 using quarnfc::json::ValueList;
 using EValueType = CMyJsonValue::EValueType;
@@ -22,8 +24,9 @@ EValueType TypeOf(const CMyJsonValue* value) {
 
 // Whether an element of this type may join the array.
 bool Accepts(const CMyJsonValueImp& record, EValueType type) {
-  return record.type == CMyJsonValue::eArr &&
-         (record.array.empty() || TypeOf(record.array.front()) == type);
+  if (record.type != CMyJsonValue::eArr) return false;
+  if (record.packed) return type == CMyJsonValue::eNumber;
+  return record.array.empty() || TypeOf(record.array.front()) == type;
 }
 
 ValueList::iterator Position(ValueList& array, int pos) {
@@ -40,7 +43,7 @@ CMyJsonValue* Insert(ValueList& array, std::unique_ptr<CMyJsonValue> value, int 
 template <class Content>
 bool AddNew(CMyJsonValueImp& record, EValueType type, Content content, int pos) {
   if (!Accepts(record, type)) return false;
-  Insert(record.array, NewValue(content), pos);
+  Insert(ElementsOf(record), NewValue(content), pos);
   return true;
 }
 
@@ -85,12 +88,13 @@ bool CMyJsonValue::AddToArr(const CMyJsonValue* value, int pos) {
   if (!IsArr() || value == nullptr) return false;
   if (!value->IsArr()) {
     if (!Accepts(*imp_, value->Type())) return false;
-    Insert(imp_->array, std::unique_ptr<CMyJsonValue>(value->Clone()), pos);
+    Insert(ElementsOf(*imp_), std::unique_ptr<CMyJsonValue>(value->Clone()), pos);
     return true;
   }
-  const ValueList tail = SpliceableTail(imp_->array, value->imp_->array);
+  ValueList& array = ElementsOf(*imp_);
+  const ValueList tail = SpliceableTail(array, ElementsOf(*value->imp_));
   const bool whole = tail.size() == value->imp_->array.size();
-  ClonedList(tail).InsertInto(imp_->array, pos);
+  ClonedList(tail).InsertInto(array, pos);
   return whole;
 }
 
@@ -112,13 +116,13 @@ bool CMyJsonValue::AddToArr(bool flag, int pos) { return AddNew(*imp_, eBool, fl
 
 bool CMyJsonValue::MoveToArr(CMyJsonValue* value, int pos) {
   if (!IsArr() || value == nullptr || value->imp_ == imp_) return false;
-  ValueList& array = imp_->array;
+  ValueList& array = ElementsOf(*imp_);
   if (!value->IsArr()) {
     if (!Accepts(*imp_, value->Type())) return false;
     array.insert(Position(array, pos), value);
     return true;
   }
-  const ValueList tail = SpliceableTail(array, value->imp_->array);
+  const ValueList tail = SpliceableTail(array, ElementsOf(*value->imp_));
   if (std::find(tail.begin(), tail.end(), this) != tail.end()) return false;
   array.insert(Position(array, pos), tail.begin(), tail.end());
   if (tail.size() != value->imp_->array.size()) return false;
@@ -130,7 +134,7 @@ bool CMyJsonValue::MoveToArr(CMyJsonValue* value, int pos) {
 bool CMyJsonValue::MoveToArr(CMyJsonObj* obj, int pos) {
   if (!Accepts(*imp_, eObj)) return false;
   // The new value takes obj in only when nothing can fail any more.
-  CMyJsonValue* holder = Insert(imp_->array, NewValue(), pos);
+  CMyJsonValue* holder = Insert(ElementsOf(*imp_), NewValue(), pos);
   if (obj != nullptr) {
     holder->imp_->type = eObj;
     holder->imp_->object = obj;
@@ -140,8 +144,9 @@ bool CMyJsonValue::MoveToArr(CMyJsonObj* obj, int pos) {
 
 void CMyJsonValue::RemoveFromArr(int index, bool destroy) {
   if (!IsArr() || index < 0 || index >= ValueArrLength()) return;
-  const auto position = imp_->array.begin() + index;
+  ValueList& array = ElementsOf(*imp_);
+  const auto position = array.begin() + index;
   CMyJsonValue* removed = *position;
-  imp_->array.erase(position);
+  array.erase(position);
   if (destroy) delete removed;
 }

@@ -6,6 +6,7 @@
 
 #include <memory>
 
+#include "json/packed_numbers.h"
 #include "json/records.h"
 
 namespace quarnfc::json {
@@ -53,12 +54,7 @@ std::unique_ptr<CMyJsonValue> NewValue(Content... content) {
 
 template <class Number>
 void SetContent(CMyJsonValueImp& record, const Number* numbers, int count) {
-  record.type = CMyJsonValue::eArr;
-  if (numbers == nullptr || count < 1) return;
-  record.array.reserve(static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) {
-    record.array.push_back(NewValue(static_cast<double>(numbers[i])).release());
-  }
+  SetNumbers(record, numbers, numbers != nullptr && count > 0 ? numbers + count : numbers);
 }
 
 // A new object value that holds a new empty object.

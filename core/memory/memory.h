@@ -11,6 +11,7 @@
 #define QUARNFC_CORE_MEMORY_MEMORY_H_
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <new>
@@ -91,6 +92,27 @@ inline void FreeNode(void* node, std::size_t size) noexcept {
   if (kNodesOnPlainHeap || size > kLargestNode) return ::operator delete(node);
   if (node != nullptr) FreeHeapNode(node, size);
 }
+
+// For standard containers that live for the time of one call: a small one takes its storage from
+// the node heap.
+template <class Item>
+struct NodeAllocator {
+  using value_type = Item;
+
+  NodeAllocator() = default;
+  template <class Other>
+  NodeAllocator(const NodeAllocator<Other>& /*other*/) {}
+
+  Item* allocate(std::size_t count) {
+    if (count > PTRDIFF_MAX / sizeof(Item)) throw std::bad_alloc();
+    return static_cast<Item*>(AllocNode(count * sizeof(Item)));
+  }
+  void deallocate(Item* items, std::size_t count) { FreeNode(items, count * sizeof(Item)); }
+
+  friend bool operator==(const NodeAllocator& /*left*/, const NodeAllocator& /*right*/) {
+    return true;
+  }
+};
 
 }  // namespace quarnfc
 

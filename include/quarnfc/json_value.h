@@ -173,7 +173,9 @@ class QN_API CMyJsonValue {
   // The number of elements; 0 for a value that is no array.
   int ValueArrLength() const;
 
-  // The element at index, 0 to ValueArrLength() - 1, borrowed; null when there is none.
+  // The element at index, 0 to ValueArrLength() - 1, borrowed; null when there is none. An array
+  // that was read or made from numbers alone keeps just these, and makes its values when one of
+  // them is first asked for here.
   CMyJsonValue* ValueArrItem(int index) const;
 
   // Sets count to the number of elements. Nothing is stored through items, deliberately: walk the

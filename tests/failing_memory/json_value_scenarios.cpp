@@ -81,6 +81,11 @@ const Operation kOperations[] = {
      [](CMyJsonValue& value) { return Move(value, std::make_unique<CMyJsonValue>(5)); }},
     {"MoveToArr object",
      [](CMyJsonValue& value) { return Move(value, std::make_unique<CMyJsonObj>()); }},
+    {"ValueArrItem",
+     [](CMyJsonValue& value) {
+       const CMyJsonValue* last = value.ValueArrItem(value.ValueArrLength() - 1);
+       return last != nullptr ? std::to_string(last->ValueNumber()) : std::string();
+     }},
     {"RemoveFromArr",
      [](CMyJsonValue& value) {
        value.RemoveFromArr(0, true);

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 #include <map>
+#include <random>
+#include <string>
 
 #include "tests/json/json_support.h"
 
@@ -40,6 +42,39 @@ TEST(JsonWriter, ExactlyFiveBytesAreEscaped) {
     EXPECT_EQ(Compact(CMyJsonValue(text.c_str())),
               escaped != escapes.end() ? escaped->second : '"' + text + '"')
         << byte;
+  }
+}
+
+TEST(JsonWriter, EscapesAreFoundAtEveryPlaceOfATextOfAnyLength) {
+  const std::string escaped = "\\\"\t\r\n", escapes = "\\\"trn";
+  for (const char filler : {'x', '\x01', '\x0E', '\xDC', '\xFF'}) {
+    for (std::size_t length = 1; length < 36; ++length) {
+      for (std::size_t place = 0; place < length; ++place) {
+        const std::size_t which = (length + place) % escaped.size();
+        std::string text(length, filler), expected = text;
+        text[place] = escaped[which];
+        expected.replace(place, 1, {'\\', escapes[which]});
+        ASSERT_EQ(Compact(CMyJsonValue(text.c_str())), '"' + expected + '"');
+      }
+      const std::string plain(length, filler);
+      ASSERT_EQ(Compact(CMyJsonValue(plain.c_str())), '"' + plain + '"');
+    }
+  }
+}
+
+TEST(JsonWriter, RandomTextsAreEscapedByteByByte) {
+  std::mt19937 random(1);
+  const std::map<char, char> escapes = {
+      {'\\', '\\'}, {'"', '"'}, {'\t', 't'}, {'\r', 'r'}, {'\n', 'n'}};
+  for (int i = 0; i < 5000; ++i) {
+    std::string text, expected;
+    for (auto left = random() % 40; left > 0; --left) {
+      text += static_cast<char>(1 + random() % (i % 2 != 0 ? 255 : 95));
+      const auto escape = escapes.find(text.back());
+      if (escape != escapes.end()) expected += '\\';
+      expected += escape != escapes.end() ? escape->second : text.back();
+    }
+    ASSERT_EQ(Compact(CMyJsonValue(text.c_str())), '"' + expected + '"');
   }
 }
 

@@ -73,12 +73,12 @@ def vector_items(vector):
     return [(begin + index).dereference() for index in range(min(int(end - begin), MAX_ITEMS))]
 
 
-def list_items(items):
-    """The elements of a list of the JSON records: they stand behind its head."""
+def list_items(items, kind):
+    """The elements of a list of the JSON records, of this type: they stand behind its head."""
     head = items["head_"]
     if int(head) == 0:
         return []
-    first = (head + 1).cast(items.type.strip_typedefs().template_argument(0).pointer())
+    first = (head + 1).cast(kind.pointer())
     return [(first + index).dereference() for index in range(min(int(head["size"]), MAX_ITEMS))]
 
 
@@ -89,6 +89,22 @@ def shared_text(text):
         return '""'
     length = int(block["length"])
     return quoted(read(int(block + 1), min(length, MAX_TEXT)), length > MAX_TEXT)
+
+
+def values(items):
+    """The values of a list of pointers to them."""
+    return [item.dereference() for item in list_items(items, gdb.lookup_type("CMyJsonValue").pointer())]
+
+
+def keys(inside):
+    return list_items(inside["keys"], gdb.lookup_type("quarnfc::json::SharedText"))
+
+
+def elements(inside):
+    """The elements of an array; in one that is packed, numbers stand in the place of values."""
+    if inside["packed"]:
+        return list_items(inside["array"], gdb.lookup_type("double"))
+    return values(inside["array"])
 
 
 def record(value, field="imp_"):
@@ -136,13 +152,13 @@ class JsonValuePrinter:
         if self.kind == "eBool":
             return "true" if self.record["boolean"] else "false"
         if self.kind == "eArr":
-            return "array of %d" % len(list_items(self.record["array"]))
+            return "array of %d" % len(elements(self.record))
         return "object" if self.kind == "eObj" else "null"
 
     def children(self):
         if self.kind == "eArr":
-            for index, item in enumerate(list_items(self.record["array"])):
-                yield "[%d]" % index, item.dereference()
+            for index, item in enumerate(elements(self.record)):
+                yield "[%d]" % index, item
         elif self.kind == "eObj":
             yield from members(self.record["object"].dereference())
 
@@ -151,8 +167,7 @@ def members(value):
     inside = record(value)
     if inside is None:
         return
-    for key, item in zip(list_items(inside["keys"]), list_items(inside["values"])):
-        yield shared_text(key), item.dereference()
+    yield from zip(map(shared_text, keys(inside)), values(inside["values"]))
 
 
 class JsonObjectPrinter:
@@ -163,7 +178,7 @@ class JsonObjectPrinter:
         inside = record(self.value)
         if inside is None:
             return HIDDEN
-        return "object of %d" % len(list_items(inside["keys"]))
+        return "object of %d" % len(keys(inside))
 
     def children(self):
         return members(self.value)
