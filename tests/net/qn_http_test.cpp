@@ -6,14 +6,18 @@
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <mutex>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "qn/command.h"
+#include "qn/http_error.h"
 #include "qn/input_file.h"
 #include "qn/output_file.h"
+#include "tests/net/memory_in_use.h"
 #include "tests/net/scripted_server.h"
 #include "tests/tools/run_qn.h"
 
@@ -64,6 +68,29 @@ TEST(QnHttpUsage, WrongCommandLinesAreUsageErrors) {
   EXPECT_EQ(RunQn({"http", "get", "-O", "http://h/"}).code, 1);
   EXPECT_EQ(RunQn({"http", "get", "ftp://h/"}).code, 1);
   EXPECT_EQ(RunQn({"http", "get", "no url"}).code, 1);
+}
+
+TEST(QnHttpErrors, HaveWordsTheirCodeAndAHintWhereOneHelps) {
+  const std::pair<unsigned int, const char*> cases[] = {
+      {12002, "; --timeout"},   {12005, ""},      {12007, "; is it spelled"}, {12029, "; is it "},
+      {12037, "; -k "},         {12038, "; -k "}, {12045, "; -k "},           {12057, "; -k "},
+      {12152, "; is it HTTPS"}, {12156, ""},      {12157, "; does the"},      {12169, "; -k "},
+      {12175, "; -k "}};
+  for (const auto& [code, hint] : cases) {
+    const std::string message = qn::DescribeError(CQNInternetException(code));
+    const std::string end = " (error " + std::to_string(code) + ")" + hint;
+    EXPECT_NE(message.find(end), std::string::npos) << message;
+    EXPECT_GT(message.find(end), 5u) << message;
+    EXPECT_EQ(message.find("without a text"), std::string::npos) << message;
+  }
+}
+
+TEST(QnHttpErrors, AServerThatIsNotThereIsToldWithItsUrl) {
+  const std::string url = "http://127.0.0.1:" + std::to_string(UnusedPort()) + "/a";
+  const auto outcome = RunQn({"http", "get", url});
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_EQ(outcome.errors.find("qn: " + url + ": "), 0u) << outcome.errors;
+  EXPECT_NE(outcome.errors.find("(error 12029); is it running on that port?"), std::string::npos);
 }
 
 class QnHttp : public testing::Test {
@@ -125,7 +152,9 @@ TEST_F(QnHttp, GetTakesATimeoutAndAnyCertificateWhenAsked) {
   const char* untrusted_port = std::getenv("QUARNFC_UNTRUSTED_HTTPS_PORT");
   ASSERT_NE(untrusted_port, nullptr);
   const std::string untrusted_server = std::string("https://localhost:") + untrusted_port;
-  EXPECT_EQ(RunQn({"http", "get", untrusted_server + "/scheme"}).code, 1);
+  const auto refused = RunQn({"http", "get", untrusted_server + "/scheme"});
+  EXPECT_EQ(refused.code, 1);
+  EXPECT_NE(refused.errors.find("; -k accepts"), std::string::npos) << refused.errors;
   EXPECT_EQ(RunQn({"http", "get", "-k", "--timeout", "20", secure_server_ + "/scheme"}),
             (Outcome{0, "https"}));
 }
@@ -339,6 +368,35 @@ TEST(QnHttpClient, UnpacksACompressedBodyWhenAsked) {
   EXPECT_EQ(qn::ReadInput(QnHttp::kTarget), packed);
   EXPECT_FALSE(server.Got(1, "Accept-Encoding"));
   std::remove(QnHttp::kTarget);
+}
+
+TEST(QnHttpClient, SendsAFileOf300MegabytesInTheMemoryOfAFew) {
+  constexpr std::size_t kSize = std::size_t{300} << 20;
+  const std::string path = testing::TempDir() + "qn_http_large.bin";
+  std::ofstream(path).close();
+  std::filesystem::resize_file(path, kSize);
+  std::atomic<std::size_t> most{0};
+  ScriptedServer server([&most](ServerConnection& connection) {
+    while (!connection.ReadLine().empty()) {
+    }
+    for (std::size_t received = 0, sampled = 0; received < kSize;) {
+      const std::string piece = connection.ReadSome(65536);
+      if (piece.empty()) return;
+      received += piece.size();
+      if (received - sampled < (4u << 20)) continue;
+      sampled = received;
+      most = std::max(most.load(), MemoryInUse());
+    }
+    connection.Send(HttpResponse("taken"));
+  });
+  const std::size_t before = MemoryInUse();
+  EXPECT_EQ(RunQn({"http", "put", server.Url("/"), path}), (Outcome{0, "taken"}));
+  std::remove(path.c_str());
+  EXPECT_NE(most, 0u);
+  RecordProperty("megabytes", std::to_string((most - std::min(most.load(), before)) >> 20));
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)  // they hold memory back
+  EXPECT_LT(most, before + (40u << 20));
+#endif
 }
 
 // Everything over TLS, too.
