@@ -48,9 +48,7 @@ void LineSource::Close() { *this = LineSource(); }
 
 void LineSource::Rewind() {
   read_error_ = GoToData();
-  std::memset(buffer_.get(), 0, size_);
-  position_ = 0;
-  zero_ = 0;
+  position_ = size_;
   end_ = size_;
 }
 
@@ -91,10 +89,12 @@ LineStatus LineSource::Next(Line& line) {
   }
 }
 
-// Passes over blank lines and leading blanks; a carriage return is none.
+// Passes over blank lines and leading blanks; a carriage return is none. What lies behind the end
+// of the file is blank.
 void LineSource::SkipBlanks() {
   const auto is_blank = [](char ch) { return ch == '\n' || ch == '\0' || ch == ' ' || ch == '\t'; };
-  while (position_ < size_ && is_blank(buffer_[position_])) ++position_;
+  while (position_ < end_ && is_blank(buffer_[position_])) ++position_;
+  if (position_ >= end_) position_ = size_;
 }
 
 // The index of the next line feed or zero byte, or the size of the buffer. Zero bytes are rare: the

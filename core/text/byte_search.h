@@ -14,26 +14,33 @@ namespace quarnfc {
 inline constexpr std::uint64_t kEveryByte = 0x0101010101010101;
 inline constexpr std::uint64_t kHighBits = 0x80 * kEveryByte;
 
-// The offset of the first of eight bytes that is the one looked for; 8 when none is.
+// Eight bytes, the first in the lowest place.
 template <class Char>
-int FindInWord(const Char* bytes, char byte) {
-  if constexpr (std::endian::native != std::endian::little) {
-    return static_cast<int>(std::find(bytes, bytes + 8, byte) - bytes);
+std::uint64_t LoadWord(const Char* bytes) {
+  std::uint64_t word = 0;
+  if constexpr (std::endian::native == std::endian::little) {
+    std::memcpy(&word, bytes, 8);
+  } else {
+    for (int i = 0; i < 8; ++i)
+      word |= std::uint64_t{static_cast<unsigned char>(bytes[i])} << 8 * i;
   }
-  std::uint64_t word;
-  std::memcpy(&word, bytes, 8);
-  word ^= kEveryByte * static_cast<unsigned char>(byte);
-  // The high bit of each byte that is 0 now; above the first of them others may be set, too.
-  const std::uint64_t found = (word - kEveryByte) & ~word & kHighBits;
-  return std::countr_zero(found) / 8;
+  return word;
+}
+
+// The high bit of the first of eight bytes that is the one looked for, and maybe those of bytes
+// behind it; 0 when none is.
+template <class Char>
+std::uint64_t MarkByte(const Char* bytes, char byte) {
+  const std::uint64_t word = LoadWord(bytes) ^ kEveryByte * static_cast<unsigned char>(byte);
+  return (word - kEveryByte) & ~word & kHighBits;
 }
 
 // The first place of the byte, or end.
 template <class Char>
 Char* FindByte(Char* from, Char* end, char byte) {
   for (; end - from >= 8; from += 8) {
-    const int offset = FindInWord(from, byte);
-    if (offset < 8) return from + offset;
+    const std::uint64_t mark = MarkByte(from, byte);
+    if (mark != 0) return from + std::countr_zero(mark) / 8;
   }
   return std::find(from, end, byte);
 }
@@ -41,10 +48,9 @@ Char* FindByte(Char* from, Char* end, char byte) {
 // The first place of a byte that is there. Up to seven bytes behind it are read.
 template <class Char>
 Char* FindPresentByte(Char* from, char byte) {
-  for (;; from += 8) {
-    const int offset = FindInWord(from, byte);
-    if (offset < 8) return from + offset;
-  }
+  std::uint64_t mark = MarkByte(from, byte);
+  for (; mark == 0; mark = MarkByte(from, byte)) from += 8;
+  return from + std::countr_zero(mark) / 8;
 }
 
 }  // namespace quarnfc
