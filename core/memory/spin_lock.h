@@ -9,8 +9,6 @@
 #define QUARNFC_CORE_MEMORY_SPIN_LOCK_H_
 
 #include <atomic>
-#include <chrono>
-#include <thread>
 
 #include "platform/thread_data.h"
 #include "platform/threads.h"
@@ -26,16 +24,9 @@ class SpinLock {
     // under a lock, is not needed.
     if (platform::HasOneThread() && holder_.load(std::memory_order_relaxed) == nullptr) {
       holder_.store(thread, std::memory_order_relaxed);
-      return;
-    }
-    for (int round = 0; !holder_.compare_exchange_weak(holder, thread, std::memory_order_acquire,
-                                                       std::memory_order_relaxed);
-         holder = nullptr) {
-      if (holder == thread) {
-        ++again_;
-        return;
-      }
-      Wait(round);
+    } else if (!holder_.compare_exchange_strong(holder, thread, std::memory_order_acquire,
+                                                std::memory_order_relaxed)) {
+      LockHeld(thread);
     }
   }
 
@@ -48,18 +39,9 @@ class SpinLock {
   }
 
  private:
-  void Wait(int& round) const noexcept {
-    constexpr int kSpins = 200;
-    constexpr int kYields = 50;
-    while (holder_.load(std::memory_order_relaxed) != nullptr) {
-      if (++round < kSpins) continue;
-      if (round < kSpins + kYields) {
-        std::this_thread::yield();
-      } else {
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-      }
-    }
-  }
+  // The rest of lock: apart, so that what is usual is short enough to be part of its callers.
+  void LockHeld(const void* thread) noexcept;
+  void Wait(int& round) const noexcept;
 
   std::atomic<const void*> holder_ = nullptr;
   int again_ = 0;  // how often the holder took it beyond the first time
