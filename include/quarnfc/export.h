@@ -1,6 +1,21 @@
 // SPDX-License-Identifier: MIT
 // Export and visibility: the one place that decides which names leave the module. Everything that
-// is not marked with one of these two is hidden. Hosts have no use for them.
+// is not marked with QN_API or QN_PLAIN_API is hidden. Hosts have no use for these two; the
+// switches below are theirs, and QN_FORMAT lets the compiler check their own functions as it checks
+// Format.
+//
+// Example:
+//   struct Log {
+//     QN_FORMAT(1, 2) static CQNString Line(const char* format, ...) {
+//       va_list arguments;
+//       va_start(arguments, format);
+//       CQNString line;
+//       line.FormatV(format, arguments);
+//       va_end(arguments);
+//       return line;
+//     }
+//   };
+//   Log::Line("%d of %s", 3, "x");    // == "3 of x"
 #ifndef QUARNFC_EXPORT_H_
 #define QUARNFC_EXPORT_H_
 

@@ -17,6 +17,20 @@
 //
 // Implemented in platform/posix/internet: session.cpp, options.cpp, cookies.cpp, query.cpp and
 // request_functions.cpp.
+//
+// Example:
+//   const HINTERNET session =
+//       InternetOpenA("MapClient", INTERNET_OPEN_TYPE_DIRECT, nullptr, nullptr, 0);
+//   const HINTERNET page =
+//       InternetOpenUrlA(session, "http://maps.example/", nullptr, 0, INTERNET_FLAG_RELOAD, 0);
+//   DWORD status = 0;
+//   DWORD length = sizeof(status);
+//   constexpr DWORD kWanted = HTTP_QUERY_STATUS_CODE | HTTP_QUERY_FLAG_NUMBER;
+//   if (page != nullptr && HttpQueryInfoA(page, kWanted, &status, &length, nullptr) != 0) {
+//     std::printf("%u\n", static_cast<unsigned int>(status));
+//   }
+//   InternetCloseHandle(page);
+//   InternetCloseHandle(session);
 #ifndef QUARNFC_INTERNET_API_H_
 #define QUARNFC_INTERNET_API_H_
 

@@ -6,15 +6,24 @@
 # more. Each becomes a test. A statement "expression;  // == value" becomes an expectation. Every
 # header must have an example.
 
-function basename(path) {
-  sub(/.*\//, "", path)
+# The path as hosts write it in an #include.
+function include_name(path) {
+  sub(/.*\/include\//, "", path)
+  return path
+}
+
+function test_name(path) {
+  path = include_name(path)
+  sub(/^quarnfc\//, "", path)
+  sub(/\.h$/, "", path)
+  gsub(/[^A-Za-z0-9]/, "_", path)
   return path
 }
 
 function end_example() {
   if (in_example) print "}\n" > out
   if (statement != "") {
-    print basename(header) ": an example ends within a statement: " statement > "/dev/stderr"
+    print include_name(header) ": an example ends within a statement: " statement > "/dev/stderr"
     statement = ""
     failed = 1
   }
@@ -24,7 +33,7 @@ function end_example() {
 function end_header() {
   end_example()
   if (header != "" && !examples) {
-    print basename(header) ": there is no \"Example:\"" > "/dev/stderr"
+    print include_name(header) ": there is no \"Example:\"" > "/dev/stderr"
     failed = 1
   }
 }
@@ -55,7 +64,9 @@ function write_line(line,    code, expected) {
 
 BEGIN {
   print "// Generated from the examples in the public headers." > out
-  print "#include \"tests/module/header_example.h\"\n\nnamespace {\n" > out
+  print "#include \"tests/module/header_example.h\"\n" > out
+  for (i = 1; i < ARGC; ++i) print "#include <" include_name(ARGV[i]) ">" > out
+  print "\nnamespace {\n" > out
 }
 
 FNR == 1 {
@@ -68,9 +79,8 @@ FNR == 1 {
   end_example()
   in_example = 1
   ++examples
-  name = basename(FILENAME)
-  sub(/\.h$/, "", name)
-  printf "TEST(HeaderExample, %s_%d) {\n#line %d \"%s\"\n", name, FNR, FNR + 1, FILENAME > out
+  printf "TEST(HeaderExample, %s_%d) {\n", test_name(FILENAME), FNR > out
+  printf "#line %d \"%s\"\n", FNR + 1, FILENAME > out
   next
 }
 

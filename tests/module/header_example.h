@@ -6,20 +6,22 @@
 #include <gtest/gtest.h>
 #include <quarnfc/quarnfc.h>
 
+#include <chrono>
+#include <cmath>
+#include <cstdarg>
 #include <cstdio>
 #include <cstring>
+#include <memory>
+#include <string>
+#include <thread>
 #include <vector>
 
 #if defined(_WIN32)
 #include <windows.h>
 
 #include <oleauto.h>
+#include <wininet.h>
 #endif
-
-#include <quarnfc/ext/json_access.h>
-#include <quarnfc/ext/owners.h>
-#include <quarnfc/ext/ranges.h>
-#include <quarnfc/ext/system_string.h>
 
 namespace header_example {
 

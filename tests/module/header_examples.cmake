@@ -3,27 +3,26 @@
 
 find_program(QUARNFC_AWK awk REQUIRED)
 # Listed by pattern: a header that somebody adds must have an example.
-file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/include/quarnfc/*.h")
-set(export_header ${headers})
-list(FILTER export_header INCLUDE REGEX "/export\\.h$")
-# Nothing in it is for hosts.
-list(REMOVE_ITEM headers ${export_header})
-# Names of the platform, which the examples of the HTTP client use.
-list(FILTER headers EXCLUDE REGEX "/internet_api\\.h$")
-
-# The additions whose examples say what comes out.
-foreach(name json_access owners ranges system_string)
-  list(APPEND headers "${PROJECT_SOURCE_DIR}/include/quarnfc/ext/${name}.h")
-endforeach()
+file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/include/quarnfc/*.h"
+     "${PROJECT_SOURCE_DIR}/include/quarnfc/c/*.h" "${PROJECT_SOURCE_DIR}/include/quarnfc/ext/*.h")
 
 # These need a server, or leave something behind beside the library.
 set(compiled_headers ${headers})
-set(compiled_only crash_dump internet internet_exception internet_file)
+set(compiled_only
+    c/http
+    crash_dump
+    ext/http_call
+    ext/http_transfer
+    ext/outcome
+    internet
+    internet_api
+    internet_exception
+    internet_file)
 if(NOT QUARNFC_HTTP)
-  list(APPEND compiled_only url)
+  list(APPEND compiled_only ext/http_response url)
 endif()
 list(JOIN compiled_only "|" compiled_only)
-list(FILTER compiled_headers INCLUDE REGEX "/(${compiled_only})\\.h$")
+list(FILTER compiled_headers INCLUDE REGEX "/quarnfc/(${compiled_only})\\.h$")
 list(REMOVE_ITEM headers ${compiled_headers})
 
 # header_examples(<source> <header>...): the examples of the headers as tests in a generated source.

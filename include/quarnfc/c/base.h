@@ -1,6 +1,18 @@
 /* SPDX-License-Identifier: MIT */
 /* Errors and text of the flat C interface (quarnfc.h in this folder says how everything works).
- * qnFreeMem and qnCloseHandle are in plain.h, qnGetVersion is in version.h. */
+ * qnFreeMem and qnCloseHandle are in plain.h, qnGetVersion is in version.h.
+ *
+ * Implemented in c/error.cpp and c/text.cpp.
+ *
+ * Example:
+ *   CQNObject* error = NULL;
+ *   qncAnsiFromUtf8("\xFF", &error) == NULL;  // == 1
+ *   qncErrorCode(error);                      // == QNC_ERROR_INVALID_DATA
+ *   qnCloseHandle(error);
+ *   size_t offset = 0;
+ *   qncIsUtf8("ab\xFF", 3, &offset);          // == 0
+ *   offset;                                   // == 2u
+ */
 #ifndef QUARNFC_C_BASE_H_
 #define QUARNFC_C_BASE_H_
 

@@ -1,6 +1,16 @@
 /* SPDX-License-Identifier: MIT */
 /* Codecs and digests of the flat C interface (quarnfc.h in this folder says how everything works).
- * Null data counts as no bytes. Inputs have at most 4,294,967,295 bytes. */
+ * Null data counts as no bytes. Inputs have at most 4,294,967,295 bytes.
+ *
+ * Example:
+ *   char* text = qncBase64Encode("foobar", 6, NULL);
+ *   text;                                     // == "Zm9vYmFy"
+ *   size_t size = 0;
+ *   unsigned char* bytes = qncBase64Decode(text, &size, NULL);
+ *   size;                                     // == 6u
+ *   qnFreeMem(bytes);
+ *   qnFreeMem(text);
+ */
 #ifndef QUARNFC_C_CODEC_H_
 #define QUARNFC_C_CODEC_H_
 

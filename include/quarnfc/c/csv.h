@@ -4,6 +4,18 @@
  * The first row is the header. A file that starts with the UTF-8 mark EF BB BF is UTF-8 (what the
  * code page lacks becomes its replacement character); any other is text of the code page. Lines
  * have at most 409,600 bytes.
+ *
+ * Example:
+ *   CQNObject* error = NULL;
+ *   QncCsv* csv = qncCsvOpen("no such file.csv", &error);
+ *   while (csv != NULL && qncCsvNextRow(csv, NULL) == 1) {
+ *     char* name = qncCsvText(csv, 0, NULL);
+ *     printf("%s\n", name);
+ *     qnFreeMem(name);
+ *   }
+ *   qncErrorCode(error);                      // == QNC_ERROR_FILE
+ *   qncCsvClose(csv);
+ *   qnCloseHandle(error);
  */
 #ifndef QUARNFC_C_CSV_H_
 #define QUARNFC_C_CSV_H_

@@ -3,6 +3,12 @@
  * any delimiter, line ends inside quotes (RFC 4180), rows of up to 16 MiB, and fields that are
  * never converted. It stands beside QncCsv, which knows commas, ends a field with its line and
  * keeps text in the code page.
+ *
+ * Example:
+ *   QncCsvText* csv = qncCsvTextFromMemory("1;\"a;b\"\n", 8, ';', NULL);
+ *   qncCsvTextNextRow(csv, NULL);             // == 1
+ *   qncCsvTextField(csv, 1, NULL);            // == "a;b"
+ *   qncCsvTextClose(csv);
  */
 #ifndef QUARNFC_C_CSV_TEXT_H_
 #define QUARNFC_C_CSV_TEXT_H_

@@ -1,6 +1,16 @@
 /* SPDX-License-Identifier: MIT */
 /* Digests of messages that arrive piece by piece, in the flat C interface (quarnfc.h in this folder
- * says how everything works). */
+ * says how everything works).
+ *
+ * Example:
+ *   QncDigest* digest = qncDigestNew(QNC_DIGEST_MD5, NULL, 0, NULL);
+ *   qncDigestUpdate(digest, "ab", 2);
+ *   qncDigestUpdate(digest, "c", 1);
+ *   char* text = qncDigestFinish(digest, NULL);
+ *   text;                                     // == "900150983cd24fb0d6963f7d28e17f72"
+ *   qnFreeMem(text);
+ *   qncDigestFree(digest);
+ */
 #ifndef QUARNFC_C_DIGEST_H_
 #define QUARNFC_C_DIGEST_H_
 

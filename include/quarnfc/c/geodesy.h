@@ -7,6 +7,16 @@
  * Nothing is checked: what is no number stays none.
  *
  * Systems never change after they are made: any number of threads may use one.
+ *
+ * Implemented in c/geographic.cpp and c/projected.cpp.
+ *
+ * Example:
+ *   QncProjected* zone = qncProjectedFromEpsg(4547, NULL); // CGCS2000, central meridian 114
+ *   const double from[2] = {114.0, 0.0};
+ *   double to[2];
+ *   qncProject(zone, from, to, 1);            // == 1
+ *   to[0];                                    // == 500000.0
+ *   qncProjectedFree(zone);
  */
 #ifndef QUARNFC_C_GEODESY_H_
 #define QUARNFC_C_GEODESY_H_

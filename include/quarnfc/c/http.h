@@ -8,6 +8,19 @@
  * for the whole call, in milliseconds, 0 for none. Without a response there is an error with the
  * platform's code, such as 12002 (the deadline), 12007 (unknown host), 12029 (nobody answers) or
  * 12030 (the body ended early); a response of any status, 404 too, is none.
+ *
+ * Example:
+ *   CQNObject* error = NULL;
+ *   QncHttpResponse* response = qncHttpGet("http://maps.example/index.json", 20000, &error);
+ *   if (qncHttpStatus(response) == 200) {
+ *     printf("%s\n", qncHttpBody(response, NULL));
+ *   } else if (response == NULL) {
+ *     char* message = qncErrorMessage(error);
+ *     printf("%d %s\n", qncErrorCode(error), message);
+ *     qnFreeMem(message);
+ *   }
+ *   qncHttpFree(response);
+ *   qnCloseHandle(error);
  */
 #ifndef QUARNFC_C_HTTP_H_
 #define QUARNFC_C_HTTP_H_

@@ -9,6 +9,19 @@
  * The grammar is the library's: lenient about commas; \u escapes are not decoded; numbers are
  * doubles and are written with at most 15 decimals. Keys keep their order and may occur twice. A
  * path is keys separated by one backslash each; keys compare exactly.
+ *
+ * Implemented in c/json_document.cpp, c/json_reading.cpp and c/json_changing.cpp.
+ *
+ * Example:
+ *   QncJson* settings = qncJsonParse("{\"server\":{\"port\":8080}}", NULL);
+ *   double port = 80;
+ *   qncJsonNumber(qncJsonFind(settings, "server\\port"), &port);    // == 1
+ *   port;                                                           // == 8080.0
+ *   qncJsonSetText(settings, "server\\host", "maps.example", NULL); // == 1
+ *   char* text = qncJsonWrite(settings, 0, NULL);
+ *   text;    // == "{\"server\":{\"port\":8080,\"host\":\"maps.example\"}}"
+ *   qnFreeMem(text);
+ *   qncJsonFree(settings);
  */
 #ifndef QUARNFC_C_JSON_H_
 #define QUARNFC_C_JSON_H_

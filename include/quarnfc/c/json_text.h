@@ -7,6 +7,14 @@
  * Pointers are those of RFC 6901: "" is the whole document, "/a/0" the first element of its member
  * a;
  * "~1" stands for "/" and "~0" for "~". Of a key that occurs again the last one counts.
+ *
+ * Example:
+ *   QncJsonText* document = qncJsonTextParse("{\"port\": 1.50}", 14, NULL, NULL);
+ *   qncJsonTextReplace(document, "/port", "9090", NULL);    // == 1
+ *   char* text = qncJsonTextWrite(document, NULL);
+ *   text;                                                   // == "{\"port\": 9090}"
+ *   qnFreeMem(text);
+ *   qncJsonTextFree(document);
  */
 #ifndef QUARNFC_C_JSON_TEXT_H_
 #define QUARNFC_C_JSON_TEXT_H_

@@ -19,6 +19,18 @@
  *
  * Threads: different handles may be used by different threads at the same time; one handle is used
  * by one thread at a time. Functions without a handle may be called from any thread.
+ *
+ * Example:
+ *   CQNObject* error = NULL;
+ *   QncJson* settings = qncJsonParse("{\"port\":", &error);
+ *   if (settings == NULL) {
+ *     char* message = qncErrorMessage(error);
+ *     printf("%d: %s\n", qncErrorCode(error), message);
+ *     qnFreeMem(message);
+ *   }
+ *   qncErrorCode(error);    // == QNC_ERROR_INVALID_DATA
+ *   qnCloseHandle(error);
+ *   qncJsonFree(settings);
  */
 #ifndef QUARNFC_C_QUARNFC_H_
 #define QUARNFC_C_QUARNFC_H_

@@ -7,6 +7,16 @@
  * degrees of the central meridian, has point scale and convergence, and takes its parameters from
  * the EPSG Dataset: eastings with the zone number in front where the code has it, southern UTM
  * zones at 32701, WGS 84 with its full flattening.
+ *
+ * Implemented in c/transverse_mercator.cpp and c/datum_shift.cpp.
+ *
+ * Example:
+ *   QncTransverseMercator* zone = qncTransverseMercatorFromEpsg(4526, NULL);
+ *   const double from[2] = {114.0, 0.0};
+ *   double to[2];
+ *   qncTransverseMercatorForward(zone, from, to, 1);    // == 1
+ *   to[0];                                              // == 38500000.0
+ *   qncTransverseMercatorFree(zone);
  */
 #ifndef QUARNFC_C_TRANSVERSE_MERCATOR_H_
 #define QUARNFC_C_TRANSVERSE_MERCATOR_H_

@@ -5,6 +5,11 @@
  *
  * A width is 3 or 6 degrees. Zones of 6 degrees have the central meridian 6z - 3, zones of 3
  * degrees 3z. China lies in the zones 13 to 23 of 6 degrees and 24 to 45 of 3 degrees.
+ *
+ * Example:
+ *   qncGaussZone(114.3055, 3);           // == 38
+ *   qncCentralMeridian(38, 3);           // == 114.0
+ *   qncPrefixEasting(38, 529283.25);     // == 38529283.25
  */
 #ifndef QUARNFC_C_ZONES_H_
 #define QUARNFC_C_ZONES_H_

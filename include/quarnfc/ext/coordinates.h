@@ -7,8 +7,10 @@
 //
 // Example:
 //   using namespace quarnfc::ext;
-//   const LonLat wuhan{114.3055, 30.5928};
-//   const Cartesian fixed = ToCartesian(kCgcs2000, wuhan, 23.3);
+//   const Cartesian fixed = ToCartesian(kCgcs2000, {114.3055, 30.5928}, 23.3);
+//   const LonLatHeight back = ToGeographic(kCgcs2000, fixed);
+//   std::round(back.lon * 1e9) / 1e9;    // == 114.3055
+//   std::round(back.height * 1e6) / 1e6; // == 23.3
 #ifndef QUARNFC_EXT_COORDINATES_H_
 #define QUARNFC_EXT_COORDINATES_H_
 

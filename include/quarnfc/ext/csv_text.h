@@ -17,10 +17,17 @@
 // Header only; needs nothing but the standard library. One thread at a time uses a reader.
 //
 // Example:
-//   quarnfc::ext::CsvTextReader rows([&] { return file.NextPiece(); }, ';');
+//   std::vector<std::string> pieces{"code;name\n1;\"Wu;", "han\"\n"};
+//   pieces.emplace_back();  // an empty piece is the end
+//   std::size_t next = 0;
+//   quarnfc::ext::CsvTextReader rows([&] { return pieces[next++]; }, ';');
 //   quarnfc::ext::CsvTextRow row;
-//   while (rows.Next(row)) Use(row.fields, row.line);
-//   if (!rows.Error().empty()) Complain(rows.Error());
+//   rows.Next(row);         // == true
+//   rows.Next(row);         // == true
+//   row.fields[1];          // == "Wu;han"
+//   row.line;               // == 2u
+//   rows.Next(row);         // == false
+//   rows.Error().empty();   // == true
 #ifndef QUARNFC_EXT_CSV_TEXT_H_
 #define QUARNFC_EXT_CSV_TEXT_H_
 

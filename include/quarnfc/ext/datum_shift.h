@@ -10,12 +10,14 @@
 //
 // Header-only, C++17, in the namespace quarnfc::ext. Plain values; any thread may call.
 //
-// Example: from a local datum to CGCS2000 and back.
+// Example:
+//   // from a local datum to CGCS2000 and back
 //   using namespace quarnfc::ext;
 //   const Helmert7 shift{{12.5, -107.1, -62.3}, {0.5, 1.2, -0.9}, 2.3,
 //                        RotationConvention::kCoordinateFrame};
 //   const LonLatHeight there = ShiftDatum(kKrassowsky1940, {114.3, 30.6, 20.0}, shift, kCgcs2000);
 //   const LonLatHeight back = ShiftDatumBack(kCgcs2000, there, shift, kKrassowsky1940);
+//   std::round(back.lon * 1e9) / 1e9;    // == 114.3
 #ifndef QUARNFC_EXT_DATUM_SHIFT_H_
 #define QUARNFC_EXT_DATUM_SHIFT_H_
 
@@ -29,7 +31,7 @@ inline constexpr double kRadiansPerArcSecond = kPi / 648000.0;
 
 // What a positive rotation turns.
 enum class RotationConvention {
-  kPositionVector,   // the point about the axes (Bursa-Wolf; EPSG method 1033)
+  kPositionVector,   // the point about the axes (EPSG method 1033)
   kCoordinateFrame,  // the axes about the point, signs opposite (EPSG method 1032), as in China
 };
 

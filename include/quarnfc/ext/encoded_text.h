@@ -14,8 +14,9 @@
 // Example:
 //   std::string text;
 //   quarnfc::ext::TextDecoder decoder;
-//   if (!decoder.Decode(bytes, true, text)) return Complain(decoder.ErrorOffset());
-//   Write(EncodeText(Changed(text), decoder.Found()).value());    // as it came
+//   decoder.Decode("\xFF\xFE\x2D\x4E", true, text);                    // == true
+//   text;                                                              // == "\xE4\xB8\xAD"
+//   quarnfc::ext::EncodeText(text + "a", decoder.Found()).value().size();    // == 4u
 #ifndef QUARNFC_EXT_ENCODED_TEXT_H_
 #define QUARNFC_EXT_ENCODED_TEXT_H_
 

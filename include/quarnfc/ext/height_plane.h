@@ -11,12 +11,15 @@
 // Header-only, C++17, in the namespace quarnfc::ext. Lengths in metres, angles in degrees. Any
 // thread may call.
 //
-// Example: a town at 1,900 m, 40 km east of the central meridian.
+// Example:
+//   // a town at 1,900 m, 40 km east of the central meridian
 //   using namespace quarnfc::ext;
 //   const double radius = MeanRadius(kCgcs2000, 25.0);
-//   const double plane = CompensationHeight(1900.0, 40000.0, radius);     // 1774 m
+//   const double plane = CompensationHeight(1900.0, 40000.0, radius);
+//   std::lround(plane);    // == 1774
 //   const Ellipsoid raised = RaisedEllipsoid(kCgcs2000, plane, 25.0);
 //   const TransverseMercator town(raised, {102.0, 0.0, 500000.0, 0.0, 1.0});
+//   std::lround(town.Forward({102.0, 25.0}).east);    // == 500000
 #ifndef QUARNFC_EXT_HEIGHT_PLANE_H_
 #define QUARNFC_EXT_HEIGHT_PLANE_H_
 

@@ -12,10 +12,12 @@
 //
 // Example:
 //   quarnfc::ext::JsonTextError error;
-//   quarnfc::ext::JsonDocument settings(LoadJsonUtf8(bytes, &error).release());
-//   if (error.fault != quarnfc::ext::JsonFault::kNone) {
-//     std::printf("%zu:%zu: %s\n", error.line, error.column, error.Message());
-//   }
+//   const auto settings = quarnfc::ext::LoadJsonUtf8("{\"port\":8080}", &error);
+//   int port = 0;
+//   settings->ValueObj()->ValueEx("port", port, true);               // == true
+//   port;                                                            // == 8080
+//   quarnfc::ext::LoadJsonUtf8("{\"port\":}", &error) == nullptr;    // == true
+//   error.column;                                                    // == 9u
 #ifndef QUARNFC_EXT_JSON_LOAD_H_
 #define QUARNFC_EXT_JSON_LOAD_H_
 

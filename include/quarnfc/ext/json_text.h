@@ -25,9 +25,11 @@
 //
 // Example:
 //   quarnfc::ext::JsonText settings;
+//   settings.Parse("{\"server\":{\"port\":8080}}");          // == true
+//   settings.Root().Find("/server/port")->Source();          // == "8080"
 //   quarnfc::ext::JsonTextError error;
-//   if (!settings.Parse(text, &error)) return Complain(error.line, error.column, error.Message());
-//   if (const auto port = settings.Root().Find("/server/port")) Use(port->Source());
+//   settings.Parse("[1,\n 2", &error);                       // == false
+//   error.line;                                              // == 2u
 #ifndef QUARNFC_EXT_JSON_TEXT_H_
 #define QUARNFC_EXT_JSON_TEXT_H_
 

@@ -7,10 +7,12 @@
 // Values are handed in as JSON, keys as UTF-8 text. Header only. Any thread may call.
 //
 // Example:
-//   std::string text = json.Text();
-//   if (const auto port = json.Root().Find("/server/port")) {
-//     text = ApplyJsonEdits(text, {ReplaceJsonValue(*port, "9090")});
-//   }
+//   using namespace quarnfc::ext;
+//   JsonText json;
+//   json.Parse("{\"server\": {\"port\": 8080}}");    // == true
+//   const auto port = json.Root().Find("/server/port");
+//   const std::string text = ApplyJsonEdits(json.Text(), {ReplaceJsonValue(*port, "9090")});
+//   text;    // == "{\"server\": {\"port\": 9090}}"
 #ifndef QUARNFC_EXT_JSON_TEXT_EDIT_H_
 #define QUARNFC_EXT_JSON_TEXT_EDIT_H_
 

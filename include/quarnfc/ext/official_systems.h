@@ -19,9 +19,9 @@
 //
 // Example:
 //   using namespace quarnfc::ext;
-//   if (const auto system = FindOfficialSystem(4526)) {  // CGCS2000, 3 degrees, zone 38
-//     const EastNorth plane = system->Projection().Forward({114.3055, 30.5928});   // 38529...
-//   }
+//   const auto system = FindOfficialSystem(4526);  // CGCS2000, 3 degrees, zone 38
+//   const EastNorth plane = system->Projection().Forward({114.3055, 30.5928});
+//   std::lround(plane.east);    // == 38529300
 #ifndef QUARNFC_EXT_OFFICIAL_SYSTEMS_H_
 #define QUARNFC_EXT_OFFICIAL_SYSTEMS_H_
 

@@ -10,8 +10,14 @@
 // is used by one thread at a time. Needs a library with its HTTP client.
 //
 // Example:
-//   const auto page = quarnfc::ext::Attempt([&] { return Read(session.OpenURL(address)); });
-//   if (!page) std::printf("%u: %s\n", page.Problem().code, page.Problem().message.c_str());
+//   CQNInternetSession session("MapClient");
+//   const auto status = quarnfc::ext::Attempt([&] {
+//     const std::unique_ptr<CQNHttpFile> page(session.OpenURL("http://maps.example/index.json"));
+//     DWORD code = 0;
+//     page->QueryInfoStatusCode(code);
+//     return code;
+//   });
+//   if (!status) std::printf("%u: %s\n", status.Problem().code, status.Problem().message.c_str());
 #ifndef QUARNFC_EXT_OUTCOME_H_
 #define QUARNFC_EXT_OUTCOME_H_
 

@@ -11,10 +11,12 @@
 //
 // Example:
 //   using namespace quarnfc::ext;
-//   std::vector<CommonPlanePoint> points = ...;  // {from, to} each
-//   if (const auto found = EstimateSimilarity(points)) {
-//     // found->parameters, found->residuals[i] (to - computed), found->standard_deviation
-//   }
+//   const std::vector<CommonPlanePoint> points{{{0, 0}, {10, 20}},
+//                                              {{100, 0}, {110, 20}},
+//                                              {{0, 100}, {10, 120}}};
+//   const auto found = EstimateSimilarity(points);
+//   std::lround(found->parameters.Scale() * 1e6);      // == 1000000
+//   std::lround(found->residuals[0].east * 1000);      // == 0
 #ifndef QUARNFC_EXT_PARAMETER_ESTIMATION_H_
 #define QUARNFC_EXT_PARAMETER_ESTIMATION_H_
 

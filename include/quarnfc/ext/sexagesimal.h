@@ -13,8 +13,9 @@
 //
 // Example:
 //   double angle = 0;
-//   if (quarnfc::ext::ReadAngle("30 35'34.1\"N", angle)) Use(angle);           // 30.592805...
-//   const std::string text = quarnfc::ext::WriteAngle(angle, 2);               // 30d35'34.10"
+//   quarnfc::ext::ReadAngle("30 35'34.1\"N", angle);    // == true
+//   std::lround(angle * 1e6);                           // == 30592806
+//   quarnfc::ext::WriteAngle(angle, 2);                 // == "30d35'34.10\""
 #ifndef QUARNFC_EXT_SEXAGESIMAL_H_
 #define QUARNFC_EXT_SEXAGESIMAL_H_
 

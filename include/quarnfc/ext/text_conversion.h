@@ -16,12 +16,12 @@
 // than 2,147,483,647 bytes or units. Any thread may call.
 //
 // Example:
+//   using namespace quarnfc::ext;
+//   StrictAnsiFromUtf8("\xE4\xB8\xAD").value();         // == "\xD6\xD0"
 //   TextLoss loss;
-//   if (const auto ansi = StrictAnsiFromUtf8(name, &loss)) {
-//     Open(ansi->c_str());
-//   } else {
-//     std::printf("U+%04X at byte %zu\n", unsigned(loss.character), loss.offset);
-//   }
+//   StrictAnsiFromUtf8("a\xE0\xB8\x81", &loss).has_value();    // == false
+//   loss.offset;                                        // == 1u
+//   loss.character;                                     // == U'\u0E01'
 #ifndef QUARNFC_EXT_TEXT_CONVERSION_H_
 #define QUARNFC_EXT_TEXT_CONVERSION_H_
 

@@ -11,11 +11,13 @@
 //
 // Header-only, C++17. An object never changes: any number of threads may use it.
 //
-// Example: a point of zone 38 (3 degrees, central meridian 114) on CGCS2000.
+// Example:
+//   // a point of zone 38 (3 degrees, central meridian 114) on CGCS2000
 //   using namespace quarnfc::ext;
 //   const TransverseMercator zone(kCgcs2000, {114.0, 0.0, 500000.0, 0.0, 1.0});
 //   const EastNorth plane = zone.Forward({114.3055, 30.5928});
-//   const PlaneScale scale = zone.ScaleAt({114.3055, 30.5928});   // scale.factor, .convergence
+//   std::lround(plane.east);                                   // == 529300
+//   zone.ScaleAt({114.3055, 30.5928}).factor > 1.0;            // == true
 #ifndef QUARNFC_EXT_TRANSVERSE_MERCATOR_H_
 #define QUARNFC_EXT_TRANSVERSE_MERCATOR_H_
 

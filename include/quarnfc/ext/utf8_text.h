@@ -5,8 +5,8 @@
 // only; needs nothing but the standard library. Every function may be called from any thread.
 //
 // Example:
-//   const std::size_t bad = quarnfc::ext::FindInvalidUtf8(bytes);
-//   if (bad != bytes.size()) std::printf("no UTF-8 from byte %zu on\n", bad);
+//   quarnfc::ext::IsUtf8("\xE4\xB8\xAD");               // == true
+//   quarnfc::ext::FindInvalidUtf8("ab\xFF");            // == 2u
 #ifndef QUARNFC_EXT_UTF8_TEXT_H_
 #define QUARNFC_EXT_UTF8_TEXT_H_
 

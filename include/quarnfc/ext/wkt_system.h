@@ -20,12 +20,15 @@
 //
 // Example:
 //   quarnfc::ext::WktReport report;
-//   if (const auto system = quarnfc::ext::ReadWktSystem(text, &report)) {
-//     for (const std::string& what : report.not_honoured) std::puts(what.c_str());
-//     const EastNorth plane = system->Projection().Forward({114.3, 30.6});    // metres
-//   } else {
-//     std::puts(report.error.c_str());
-//   }
+//   const auto system = quarnfc::ext::ReadWktSystem(
+//       "PROJCS[\"zone\",GEOGCS[\"CGCS2000\",DATUM[\"D\",SPHEROID[\"S\",6378137,298.257222101]],"
+//       "PRIMEM[\"Greenwich\",0],UNIT[\"degree\",0.0174532925199433]],"
+//       "PROJECTION[\"Transverse_Mercator\"],PARAMETER[\"latitude_of_origin\",0],"
+//       "PARAMETER[\"central_meridian\",114],PARAMETER[\"scale_factor\",1],"
+//       "PARAMETER[\"false_easting\",500000],PARAMETER[\"false_northing\",0],"
+//       "UNIT[\"metre\",1]]", &report);
+//   report.error;                                                          // == ""
+//   std::lround(system->Projection().Forward({114.3055, 30.5928}).east);   // == 529300
 #ifndef QUARNFC_EXT_WKT_SYSTEM_H_
 #define QUARNFC_EXT_WKT_SYSTEM_H_
 

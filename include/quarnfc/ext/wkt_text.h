@@ -11,8 +11,8 @@
 // Example:
 //   quarnfc::ext::WktNode root;
 //   std::string error;
-//   if (!quarnfc::ext::ParseWkt("UNIT[\"metre\",1]", root, error)) std::puts(error.c_str());
-//   const auto factor = root.NumberAt(1);    // 1.0
+//   quarnfc::ext::ParseWkt("UNIT[\"metre\",1]", root, error);    // == true
+//   root.NumberAt(1).value();                                    // == 1.0
 #ifndef QUARNFC_EXT_WKT_TEXT_H_
 #define QUARNFC_EXT_WKT_TEXT_H_
 

@@ -11,9 +11,9 @@
 //
 // Example:
 //   using namespace quarnfc::ext;
-//   const int zone = GaussZone(114.3055, ZoneWidth::k3Degrees);             // 38
-//   const double meridian = CentralMeridian(zone, ZoneWidth::k3Degrees);    // 114
-//   const auto split = SplitPrefixedEasting(38529283.4);                    // zone 38, 529283.4
+//   GaussZone(114.3055, ZoneWidth::k3Degrees);            // == 38
+//   CentralMeridian(38, ZoneWidth::k3Degrees);            // == 114.0
+//   SplitPrefixedEasting(38529283.25)->easting;           // == 529283.25
 #ifndef QUARNFC_EXT_ZONES_H_
 #define QUARNFC_EXT_ZONES_H_
 
