@@ -167,6 +167,30 @@ TEST_F(MemoryHttp, ABodyInPiecesHasItsLengthOrTheChunksOfTheHost) {
   EXPECT_EQ(network_->requests[1].Header("Transfer-Encoding"), "(none)");
 }
 
+// The bytes of a level, "(none)" when the query fails.
+std::string Queried(CQNHttpFile& file, DWORD level) {
+  char bytes[1000];
+  DWORD length = sizeof(bytes);
+  if (!file.QueryInfo(level, bytes, &length, nullptr)) return "(none)";
+  return {bytes, length};
+}
+
+TEST_F(MemoryHttp, WhatARequestHoldsIsThereBeforeItsAnswer) {
+  const auto file = Open("PUT");
+  file->AddRequestHeaders("X-Own: 1\r\n", HTTP_ADDREQ_FLAG_ADD);
+  EXPECT_EQ(Queried(*file, HTTP_QUERY_REQUEST_METHOD), "PUT");
+  constexpr DWORD kOfRequest = HTTP_QUERY_FLAG_REQUEST_HEADERS;
+  EXPECT_EQ(Queried(*file, HTTP_QUERY_RAW_HEADERS | kOfRequest),
+            std::string("PUT /a/b HTTP/1.1\0X-Own: 1\0", 27));
+  EXPECT_EQ(Queried(*file, HTTP_QUERY_RAW_HEADERS_CRLF | kOfRequest),
+            "PUT /a/b HTTP/1.1\r\nX-Own: 1\r\n\r\n");
+  for (const DWORD level : {HTTP_QUERY_VERSION, HTTP_QUERY_STATUS_CODE, HTTP_QUERY_STATUS_TEXT,
+                            HTTP_QUERY_RAW_HEADERS, HTTP_QUERY_RAW_HEADERS_CRLF}) {
+    EXPECT_EQ(Queried(*file, level), "(none)") << level;
+    EXPECT_EQ(GetLastError(), ERROR_HTTP_HEADER_NOT_FOUND) << level;
+  }
+}
+
 TEST_F(MemoryHttp, QueriesOfEveryForm) {
   network_->answers = {{{"HTTP/1.1 200 Very fine", "Content-Type: text/plain", "X-Own: a",
                          "X-Own: b", "Date: Mon, 15 Nov 1999 16:09:35 GMT", "Content-Length: 3"},

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 // What HttpQueryInfoA tells.
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <iterator>
 #include <string>
+#include <string_view>
 
 #include "platform/posix/internet/http_date.h"
 #include "platform/posix/internet/request.h"
@@ -48,51 +50,63 @@ const char* HeaderOf(DWORD level) {
   return nullptr;
 }
 
-// The lines of a head, each with end, and an empty one behind them.
-std::string RawHeaders(const Request& request, bool of_request, const char* end) {
+// The lines of a head, each with end behind it.
+std::string RawHeaders(const Request& request, bool of_request, std::string_view end) {
   std::string text;
-  if (of_request) {
-    text = request.verb + " " + request.target.object + " HTTP/1." +
-           (request.http_1_0 ? "0" : "1") + std::string(end, *end == '\0' ? 1 : 2);
-    for (const Header& header : request.headers.All()) {
-      text += header.name + ": " + header.value + std::string(end, *end == '\0' ? 1 : 2);
-    }
-  } else {
-    for (const std::string& line : request.response_lines) {
-      text += line + std::string(end, *end == '\0' ? 1 : 2);
-    }
+  const auto add = [&text, end](const std::string& line) { (text += line) += end; };
+  if (!of_request) {
+    for (const std::string& line : request.response_lines) add(line);
+    return text;
   }
-  return text + (*end == '\0' ? "" : end);
+  add(request.verb + " " + request.target.object + (request.http_1_0 ? " HTTP/1.0" : " HTTP/1.1"));
+  for (const Header& header : request.headers.All()) add(header.name + ": " + header.value);
+  return text;
 }
 
-// The text of a level; error says why there is none.
-DWORD TextOfLevel(const Request& request, DWORD level, const char* custom, DWORD& skip,
+// What a level that is no header needs to be there.
+enum class Needs { kNothing, kResponse, kResponseUnlessOfRequest };
+
+bool IsThere(const Request& request, Needs needs, bool of_request) {
+  if (needs == Needs::kNothing) return true;
+  if (needs == Needs::kResponseUnlessOfRequest && of_request) return true;
+  return !request.response_lines.empty();
+}
+
+struct Fact {
+  DWORD level;
+  Needs needs;
+  std::string (*text)(const Request& request, bool of_request);
+};
+
+constexpr Fact kFacts[] = {
+    {HTTP_QUERY_VERSION, Needs::kResponse,
+     [](const Request& request, bool) { return request.response.version; }},
+    {HTTP_QUERY_STATUS_CODE, Needs::kResponse,
+     [](const Request& request, bool) { return std::to_string(request.response.status); }},
+    {HTTP_QUERY_STATUS_TEXT, Needs::kResponse,
+     [](const Request& request, bool) { return request.response.reason; }},
+    {HTTP_QUERY_REQUEST_METHOD, Needs::kNothing,
+     [](const Request& request, bool) { return request.verb; }},
+    {HTTP_QUERY_RAW_HEADERS, Needs::kResponseUnlessOfRequest,
+     [](const Request& request, bool of_request) {
+       return RawHeaders(request, of_request, std::string_view("\0", 1));
+     }},
+    {HTTP_QUERY_RAW_HEADERS_CRLF, Needs::kResponseUnlessOfRequest,
+     [](const Request& request, bool of_request) {
+       return RawHeaders(request, of_request, "\r\n") + "\r\n";
+     }}};
+
+// The text of a level; error says why there is none, indexed whether it is one of several.
+DWORD TextOfLevel(const Request& request, DWORD level, const char* custom, DWORD skip,
                   bool& indexed, std::string& text) {
   const bool of_request = (level & HTTP_QUERY_FLAG_REQUEST_HEADERS) != 0;
   const DWORD what = level & kLevelMask;
-  const bool answered = !request.response_lines.empty();
-  indexed = false;
-  switch (what) {
-    case HTTP_QUERY_VERSION:
-      text = request.response.version;
-      return answered ? 0 : ERROR_HTTP_HEADER_NOT_FOUND;
-    case HTTP_QUERY_STATUS_CODE:
-      text = std::to_string(request.response.status);
-      return answered ? 0 : ERROR_HTTP_HEADER_NOT_FOUND;
-    case HTTP_QUERY_STATUS_TEXT:
-      text = request.response.reason;
-      return answered ? 0 : ERROR_HTTP_HEADER_NOT_FOUND;
-    case HTTP_QUERY_REQUEST_METHOD:
-      text = request.verb;
-      return 0;
-    case HTTP_QUERY_RAW_HEADERS:
-      text = RawHeaders(request, of_request, "\0");
-      return answered || of_request ? 0 : ERROR_HTTP_HEADER_NOT_FOUND;
-    case HTTP_QUERY_RAW_HEADERS_CRLF:
-      text = RawHeaders(request, of_request, "\r\n");
-      return answered || of_request ? 0 : ERROR_HTTP_HEADER_NOT_FOUND;
-    default:
-      break;
+  const auto* const fact = std::find_if(std::begin(kFacts), std::end(kFacts),
+                                        [what](const Fact& each) { return each.level == what; });
+  if (fact != std::end(kFacts)) {
+    if (!IsThere(request, fact->needs, of_request)) return ERROR_HTTP_HEADER_NOT_FOUND;
+    text = fact->text(request, of_request);
+    return 0;
   }
   const char* name = what == HTTP_QUERY_CUSTOM ? custom : HeaderOf(what);
   if (name == nullptr) return ERROR_HTTP_INVALID_QUERY_REQUEST;
@@ -138,24 +152,22 @@ DWORD StoreTime(const std::string& text, void* buffer, DWORD& length) {
   return 0;
 }
 
+// In the form that the level asks for.
+DWORD Store(DWORD level, const std::string& text, void* buffer, DWORD& length) {
+  if ((level & HTTP_QUERY_FLAG_NUMBER) != 0) return StoreNumber(text, buffer, length);
+  if ((level & HTTP_QUERY_FLAG_SYSTEMTIME) != 0) return StoreTime(text, buffer, length);
+  return StoreText(text, buffer, length);
+}
+
 DWORD Query(const Request& request, DWORD level, void* buffer, DWORD& length, DWORD* index) {
   const bool custom = (level & kLevelMask) == HTTP_QUERY_CUSTOM;
   if (custom && buffer == nullptr) return ERROR_INVALID_PARAMETER;
   const std::string name = custom ? static_cast<const char*>(buffer) : "";
-  DWORD skip = index != nullptr ? *index : 0;
+  const DWORD skip = index != nullptr ? *index : 0;
   bool indexed = false;
   std::string text;
-  if (const DWORD error = TextOfLevel(request, level, name.c_str(), skip, indexed, text)) {
-    return error;
-  }
-  DWORD error = 0;
-  if ((level & HTTP_QUERY_FLAG_NUMBER) != 0) {
-    error = StoreNumber(text, buffer, length);
-  } else if ((level & HTTP_QUERY_FLAG_SYSTEMTIME) != 0) {
-    error = StoreTime(text, buffer, length);
-  } else {
-    error = StoreText(text, buffer, length);
-  }
+  DWORD error = TextOfLevel(request, level, name.c_str(), skip, indexed, text);
+  if (error == 0) error = Store(level, text, buffer, length);
   if (error == 0 && indexed && index != nullptr) ++*index;
   return error;
 }
