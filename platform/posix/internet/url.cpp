@@ -34,6 +34,8 @@ void SplitAuthority(std::string_view text, UrlParts& parts) {
   if (colon != std::string_view::npos) parts.port = text.substr(colon + 1);
 }
 
+}  // namespace
+
 bool ParsePort(const std::string& text, unsigned short& port) {
   if (text.empty()) return true;
   unsigned int number = 0;
@@ -45,8 +47,6 @@ bool ParsePort(const std::string& text, unsigned short& port) {
   port = static_cast<unsigned short>(number);
   return true;
 }
-
-}  // namespace
 
 bool SplitUrl(std::string_view url, UrlParts& parts) {
   parts = UrlParts();

@@ -25,6 +25,9 @@ struct UrlParts {
 // False when the text starts with no scheme.
 bool SplitUrl(std::string_view url, UrlParts& parts);
 
+// The number of a port, up to 65,535; an empty text leaves port alone. False when it is none.
+bool ParsePort(const std::string& text, unsigned short& port);
+
 // Text with every byte escaped that may not stand in the object of a request.
 std::string EscapeObject(std::string_view text);
 

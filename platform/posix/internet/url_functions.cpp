@@ -14,6 +14,7 @@
 namespace {
 
 using quarnfc::internet::Answer;
+using quarnfc::internet::ParsePort;
 using quarnfc::internet::SplitUrl;
 using quarnfc::internet::StoreText;
 using quarnfc::internet::UrlParts;
@@ -151,17 +152,6 @@ bool StoreAll(const UrlParts& split, URL_COMPONENTSA& parts) {
   store(split.path, parts.lpszUrlPath, parts.dwUrlPathLength);
   store(split.extra, parts.lpszExtraInfo, parts.dwExtraInfoLength);
   return all;
-}
-
-bool ParsePort(const std::string& text, unsigned short& port) {
-  unsigned int number = 0;
-  for (const char ch : text) {
-    if (ch < '0' || ch > '9') return false;
-    number = number * 10 + static_cast<unsigned int>(ch - '0');
-    if (number > 0xFFFF) return false;
-  }
-  if (!text.empty()) port = static_cast<unsigned short>(number);
-  return true;
 }
 
 DWORD Crack(const std::string& url, DWORD flags, URL_COMPONENTSA& parts) {
