@@ -14,6 +14,7 @@
 #include "core/text/format_text.h"
 
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <cstddef>
 #include <cstdint>
@@ -35,6 +36,31 @@ constexpr std::string_view kNullText = "(null)";
 std::string_view View(const CQNString& text) {
   return {static_cast<const char*>(text), static_cast<std::size_t>(text.GetLength())};
 }
+
+// What a conversion character asks for.
+enum class Conversion : unsigned char {
+  kNone,
+  kText,
+  kSigned,
+  kUnsigned,
+  kPointer,
+  kFloat,
+  kNothing
+};
+
+constexpr std::array<Conversion, 256> kConversions = [] {
+  std::array<Conversion, 256> conversions{};
+  const auto set = [&conversions](std::string_view characters, Conversion conversion) {
+    for (const char ch : characters) conversions[static_cast<unsigned char>(ch)] = conversion;
+  };
+  set("cCsS", Conversion::kText);
+  set("di", Conversion::kSigned);
+  set("uxXo", Conversion::kUnsigned);
+  set("p", Conversion::kPointer);
+  set("eEfgG", Conversion::kFloat);
+  set("n", Conversion::kNothing);
+  return conversions;
+}();
 
 class Formatter {
  public:
@@ -76,6 +102,7 @@ class Formatter {
   }
 
   void AppendItem();
+  bool TakesWideText() const;
   void AppendText();
   void AppendWideText();
   void AppendSigned();
@@ -111,48 +138,37 @@ void Formatter::AppendItem() {
   ++format_;
   spec_ = ReadFormatSpec(format_, arguments_);
   estimate_ += 2LL * spec_.alternates;
-  switch (spec_.conversion) {
-    case '\0':
+  switch (kConversions[static_cast<unsigned char>(spec_.conversion)]) {
+    case Conversion::kText:
+      TakesWideText() ? AppendWideText() : AppendText();
       break;
-    case 'c':
-    case 'C':
-    case 's':
-    case 'S': {
-      const bool is_upper = spec_.conversion < 'a';
-      const bool is_narrow = spec_.size == ArgumentSize::kShort;
-      const bool is_wide = spec_.size == ArgumentSize::kLong || (is_upper && !is_narrow);
-      is_wide ? AppendWideText() : AppendText();
-      break;
-    }
-    case 'd':
-    case 'i':
+    case Conversion::kSigned:
       AppendSigned();
       break;
-    case 'u':
-    case 'x':
-    case 'X':
-    case 'o':
+    case Conversion::kUnsigned:
       AppendUnsigned();
       break;
-    case 'p':
+    case Conversion::kPointer:
       AppendPointer();
       break;
-    case 'e':
-    case 'E':
-    case 'f':
-    case 'g':
-    case 'G':
+    case Conversion::kFloat:
       AppendFloat();
       break;
-    case 'n':
+    case Conversion::kNothing:
       // Takes its argument; nothing is ever written through it.
       static_cast<void>(va_arg(arguments_.list, void*));
       break;
-    default:
-      // Not a conversion: the character stands for itself.
-      result_.Append(1, spec_.conversion);
+    case Conversion::kNone:
+      // The character stands for itself, unless the format has ended.
+      if (spec_.conversion != '\0') result_.Append(1, spec_.conversion);
       break;
   }
+}
+
+// A prefix decides; without one it is the upper-case conversions.
+bool Formatter::TakesWideText() const {
+  if (spec_.size == ArgumentSize::kLong) return true;
+  return spec_.conversion < 'a' && spec_.size != ArgumentSize::kShort;
 }
 
 void Formatter::CountText(long long item) {
