@@ -5,14 +5,14 @@
 #include <string>
 
 #include "core/text/collation.h"
+#include "tests/core/text/text.h"
 #include "tests/platform/wine.h"
 #include "tests/support/bytes.h"
 
 namespace {
 
 using quarnfc_test::Bytes;
-
-int Sign(int order) { return order > 0 ? 1 : order < 0 ? -1 : 0; }
+using text_test::Sign;
 
 struct CollateCase {
   const char* left;

@@ -8,11 +8,13 @@
 
 #include "core/text/character.h"
 #include "core/text/multibyte.h"
+#include "tests/core/text/text.h"
 #include "tests/support/bytes.h"
 
 namespace {
 
 using quarnfc_test::Bytes;
+using text_test::Sign;
 
 constexpr std::ptrdiff_t kNotFound = -1;
 
@@ -101,8 +103,6 @@ TEST(Multibyte, SpansByCharactersOfASet) {
     EXPECT_EQ(hit, quarnfc::MbsPBrk(Bytes(c.text), Bytes(c.set))) << c.text;
   }
 }
-
-int Sign(int order) { return order > 0 ? 1 : order < 0 ? -1 : 0; }
 
 struct CompareCase {
   const char* left;

@@ -17,9 +17,8 @@
 namespace {
 
 using text_test::Bytes;
+using text_test::Chars;
 using namespace std::string_literals;
-
-const char* Chars(const CQNString& text) { return text; }
 
 // The header in front of the characters: three signed 32-bit words.
 struct Header {

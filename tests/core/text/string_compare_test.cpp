@@ -9,7 +9,7 @@
 
 namespace {
 
-int Sign(int value) { return (value > 0) - (value < 0); }
+using text_test::Sign;
 
 struct CompareCase {
   const char* left;

@@ -14,9 +14,8 @@
 namespace {
 
 using text_test::Bytes;
+using text_test::Chars;
 using namespace std::string_literals;
-
-const char* Chars(const CQNString& text) { return text; }
 
 // --- Insert -----------------------------------------------------------------------------------
 

@@ -12,8 +12,7 @@
 namespace {
 
 using text_test::Bytes;
-
-const char* Chars(const CQNString& text) { return text; }
+using text_test::Chars;
 
 // --- Find -------------------------------------------------------------------------------------
 

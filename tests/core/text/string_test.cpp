@@ -13,9 +13,8 @@
 namespace {
 
 using text_test::Bytes;
+using text_test::Chars;
 using namespace std::string_literals;
-
-const char* Chars(const CQNString& text) { return text; }
 
 TEST(String, IsOnePointerWide) { EXPECT_EQ(sizeof(CQNString), sizeof(void*)); }
 

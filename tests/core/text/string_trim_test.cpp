@@ -11,8 +11,7 @@
 namespace {
 
 using text_test::Bytes;
-
-const char* Chars(const CQNString& text) { return text; }
+using text_test::Chars;
 
 struct TrimCase {
   const char* text;

@@ -14,6 +14,11 @@ namespace text_test {
 using quarnfc_test::Bytes;
 using quarnfc_test::TakeText;
 
+inline const char* Chars(const CQNString& text) { return text; }
+
+// -1, 0 or 1: of the results of comparisons the sign alone is promised.
+inline int Sign(int order) { return (order > 0) - (order < 0); }
+
 // Zero-terminated UTF-16 text.
 inline std::u16string Utf16(const wchar_t* text) {
   std::u16string result;
