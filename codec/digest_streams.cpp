@@ -55,8 +55,7 @@ using quarnfc::codec::Md5Packing;
 using quarnfc::codec::Sha256;
 using quarnfc::codec::Store;
 
-// --- MD5
-// ------------------------------------------------------------------------------------------
+// --- MD5 ----------------------------------------------------------------------------------------
 
 CQNMD5Stream::CQNMD5Stream() { Init(); }
 
@@ -96,8 +95,7 @@ void CQNPackedMD5Stream::Digest(const void* data, std::size_t size, unsigned cha
   stream.Finish(digest);
 }
 
-// --- SHA-256 and HMAC
-// -----------------------------------------------------------------------------
+// --- SHA-256 and HMAC ---------------------------------------------------------------------------
 
 CQNSHA256Stream::CQNSHA256Stream() { Init(); }
 
@@ -145,8 +143,7 @@ void CQNHMACSHA256Stream::Digest(const void* key, std::size_t keySize, const voi
   stream.Finish(digest);
 }
 
-// --- CRC-64
-// ---------------------------------------------------------------------------------------
+// --- CRC-64 -------------------------------------------------------------------------------------
 
 CQNCRC64Stream::CQNCRC64Stream() { Init(); }
 
@@ -169,8 +166,7 @@ unsigned __int64 CQNCRC64Stream::Digest(const void* data, std::size_t size) {
   return stream.Finish();
 }
 
-// --- text
-// -----------------------------------------------------------------------------------------
+// --- text ---------------------------------------------------------------------------------------
 
 CQNString QNDigestUtils::HexText(const unsigned char* digest, int size, bool upperCase) {
   CQNString text;

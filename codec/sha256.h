@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-// SHA-256 (FIPS 180-4).
+// SHA-256 (FIPS 180-4): blocks of 64 bytes, the last filled up with one set bit, zeros and the
+// length in bits. Blocks are compressed where they lie, by the processor's own instructions where
+// it has them; nothing is allocated.
 #ifndef QUARNFC_CODEC_SHA256_H_
 #define QUARNFC_CODEC_SHA256_H_
 

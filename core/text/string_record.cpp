@@ -1,4 +1,10 @@
 // SPDX-License-Identifier: MIT
+// Strings in binary files:
+//
+//   record = count (32 bits, the low byte first) bytes zero
+//
+// where the count includes the zero byte. Records of at most 10,240 bytes are read, through one
+// scratch buffer of their size; deliberately, longer ones are written all the same.
 #include <quarnfc/string_utils.h>
 
 #include <cstddef>

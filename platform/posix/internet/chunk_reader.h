@@ -1,5 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Chunks that a host frames itself.
+// Chunks that a host frames itself (RFC 9112, 7.1):
+//
+//   body  = { chunk } "0" [ extension ] end { trailer end } end
+//   chunk = size in hexadecimal digits [ extension ] end bytes end
+//
+// where an end is LF or CR LF, and what stands behind the size goes unread. Pieces of any size go
+// in; lines are held up to 4,096 bytes, contents are handed on where they lie.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_CHUNK_READER_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_CHUNK_READER_H_
 

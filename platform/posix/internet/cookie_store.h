@@ -1,5 +1,13 @@
 // SPDX-License-Identifier: MIT
-// The cookies of the process.
+// The cookies of the process (RFC 6265).
+//
+//   text      = name "=" value { ";" attribute }
+//   attribute = "secure" | "httponly" | ( "path" | "domain" | "max-age" | "expires" ) "=" value
+//
+// with blanks around every part left out. One pass, no recursion; memory is bounded, since a cookie
+// has at most 4,096 bytes and the store 3,000 of them. Deviations from the RFC, all deliberate: a
+// cookie lives 400 days at most by max-age; there is no list of public suffixes, a domain without a
+// dot inside is refused instead; what servers mark for HTTP only no host sees or sets.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_COOKIE_STORE_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_COOKIE_STORE_H_
 

@@ -1,5 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Headers of requests and heads of responses.
+// Headers of requests and heads of responses (RFC 9110, RFC 9112), line by line:
+//
+//   status line = "HTTP/" version " " three digits [ " " reason ]
+//   header      = name { blank } ":" { blank } value { blank }
+//
+// Names compare without regard to the case of ASCII letters and keep their order; a name with a
+// blank inside is none. Lines are not continued: of a response one that is no header is left out,
+// of a host it is refused.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_HEAD_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_HEAD_H_
 

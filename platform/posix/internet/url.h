@@ -1,5 +1,12 @@
 // SPDX-License-Identifier: MIT
-// URLs: canonical form, parts, percent escapes, references.
+// URLs: parts, percent escapes, references (RFC 3986).
+//
+//   url       = scheme ":" [ "//" authority ] path [ "?" query ] [ "#" fragment ]
+//   authority = [ user [ ":" password ] "@" ] host [ ":" port ]
+//
+// Parts are cut at the first delimiter, credentials at the last "@". Text is bytes; nothing
+// recurses, memory is that of the parts. Deviations, deliberate: bytes are escaped only where a
+// request cannot carry them (blanks, control characters), and references keep no credentials.
 #ifndef QUARNFC_PLATFORM_POSIX_INTERNET_URL_H_
 #define QUARNFC_PLATFORM_POSIX_INTERNET_URL_H_
 
