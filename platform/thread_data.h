@@ -16,7 +16,8 @@
 namespace quarnfc::platform {
 
 // Sets the pointer that ThreadData returns on this thread (null before). When the thread ends,
-// at_end receives it; every call passes the same function. Throws std::bad_alloc.
+// at_end receives it unless it is null, and ThreadData returns null; every call passes the same
+// function. Throws std::bad_alloc.
 void SetThreadData(void* data, void (*at_end)(void* data));
 
 // The module is unloading: no thread that ends calls into it any more.
