@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "c/guarded.h"
+#include "c/json_refused.h"
 #include "c/text.h"
 
 struct QncJsonText {
@@ -23,15 +24,10 @@ using quarnfc::c::Given;
 using quarnfc::c::Guarded;
 using quarnfc::c::GuardedNew;
 using quarnfc::c::NewText;
+using quarnfc::c::RefusedText;
 using quarnfc::ext::JsonKind;
 using quarnfc::ext::JsonTextError;
 using quarnfc::ext::JsonTextNode;
-
-Failure RefusedText(const JsonTextError& error) {
-  const std::string message = "Quarn: line " + std::to_string(error.line) + ", column " +
-                              std::to_string(error.column) + ": " + error.Message();
-  return Failure(QNC_ERROR_INVALID_DATA, message.c_str());
-}
 
 QncJsonText* Parse(std::string_view text, size_t* offset) {
   auto document = std::make_unique<QncJsonText>();

@@ -31,6 +31,11 @@ public static class QuarnNative
     [DllImport(Dll)] public static extern IntPtr qncJsonReadFile(byte[] path, out IntPtr error);
     [DllImport(Dll)]
     public static extern int qncJsonSaveFile(IntPtr value, byte[] path, int utf8, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncJsonLoadStrict(byte[] text, UIntPtr size, out UIntPtr offset,
+        out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncJsonWriteStrict(IntPtr value, int indent, out IntPtr error);
     [DllImport(Dll)] public static extern IntPtr qncJsonNewObject(out IntPtr error);
     [DllImport(Dll)] public static extern IntPtr qncJsonNewArray(out IntPtr error);
     [DllImport(Dll)] public static extern void qncJsonFree(IntPtr value);
@@ -188,6 +193,18 @@ public static class QuarnNative
     public static extern IntPtr qncCsvTextField(IntPtr csv, int index, out UIntPtr size);
     [DllImport(Dll)]
     public static extern IntPtr qncCsvTextWriteRow(IntPtr[] fields, UIntPtr count, byte delimiter,
+        out IntPtr error);
+
+    // --- Text in other encodings, files written whole ---
+    [DllImport(Dll)] public static extern int qncFindEncoding(byte[] data, UIntPtr size);
+    [DllImport(Dll)]
+    public static extern IntPtr qncTextFromEncoding(byte[] data, UIntPtr size, int encoding,
+        out UIntPtr textSize, out UIntPtr offset, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncTextToEncoding(byte[] text, UIntPtr size, int encoding,
+        out UIntPtr dataSize, out UIntPtr offset, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncWriteFile(byte[] path, byte[] data, UIntPtr size,
         out IntPtr error);
 
     // --- HTTP in one call ---

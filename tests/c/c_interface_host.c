@@ -25,7 +25,7 @@ static int Says(char* text, const char* expected) {
 }
 
 static void Versions(void) {
-  CHECK(qncInterfaceVersion() == 2);
+  CHECK(qncInterfaceVersion() == 3);
   CHECK(qnGetVersion() == QUARNFC_VERSION_NUMBER);
 }
 

@@ -4,6 +4,7 @@
 
 #include <quarnfc/c/csv.h>
 #include <quarnfc/c/csv_text.h>
+#include <quarnfc/c/files.h>
 #include <quarnfc/c/json.h>
 
 #include <filesystem>
@@ -124,6 +125,32 @@ TEST(CInterfacePaths, NamesBeyondTheCodePageAreOpenedWhereTheSystemTakesThem) {
   } else {
     EXPECT_EQ(FirstHeader(qncCsvOpen(file.path(), error.Out())), "a") << error.Text();
   }
+}
+
+TEST(CInterfacePaths, FilesOfEveryNameAreWrittenWhole) {
+  const TempFolder folder;
+  for (const char16_t* name : {kChineseName, kWorldlyName}) {
+    const NamedFile file(folder, name);
+    Error error;
+    EXPECT_EQ(qncWriteFile(file.path(), "a\0b", 3, error.Out()), 1) << error.Text();
+    EXPECT_EQ(file.Read(), std::string("a\0b", 3));
+    EXPECT_EQ(qncWriteFile(file.path(), nullptr, 7, error.Out()), 1) << error.Text();
+    EXPECT_EQ(file.Read(), "");
+  }
+  EXPECT_EQ(folder.FileCount(), 2u);
+}
+
+TEST(CInterfacePaths, FilesThatCannotBeWrittenAreAnError) {
+  const TempFolder folder;
+  Error error;
+  const std::string missing = folder.PathOf("none") + "/\xE5\x8C\x97.txt";
+  EXPECT_EQ(qncWriteFile(missing.c_str(), "x", 1, error.Out()), 0);
+  EXPECT_EQ(error.Text().find("2: Quarn: Can't save " + missing + ", error: 0x"), 0u)
+      << error.Text();
+  EXPECT_EQ(qncWriteFile("\xFF.txt", "x", 1, error.Out()), 0);
+  EXPECT_EQ(error.Text(), "5: Quarn: the path is not UTF-8");
+  EXPECT_EQ(qncWriteFile(nullptr, "x", 1, error.Out()), 0);
+  EXPECT_EQ(error.Text(), "87: Quarn: an argument is null");
 }
 
 TEST(CInterfacePaths, NoPathIsRefused) {

@@ -3,6 +3,8 @@
 // there is no memory for the handle either, null; no exception ever leaves it.
 #include <quarnfc/c/codec.h>
 #include <quarnfc/c/csv.h>
+#include <quarnfc/c/encoded_text.h>
+#include <quarnfc/c/files.h>
 #include <quarnfc/c/geodesy.h>
 #include <quarnfc/c/json.h>
 
@@ -76,6 +78,26 @@ void AddTexts(Scenarios& scenarios) {
   }
 }
 
+void AddEncodedTexts(Scenarios& scenarios) {
+  static const std::string kText = "a\xE9\x95\xBF";
+  for (const int encoding : {QNC_ENCODING_UTF8, QNC_ENCODING_UTF16_BE, QNC_ENCODING_ANSI}) {
+    const std::string name = " of encoding " + std::to_string(encoding);
+    scenarios.push_back(CCall("qncTextToEncoding" + name, [=](CQNObject** error) {
+      return Freed(
+          qncTextToEncoding(kText.data(), kText.size(), encoding, nullptr, nullptr, error));
+    }));
+    scenarios.push_back(CCall("qncTextFromEncoding" + name, [=](CQNObject** error) {
+      return Freed(qncTextFromEncoding("ab", 2, encoding, nullptr, nullptr, error));
+    }));
+  }
+  scenarios.push_back({"qncWriteFile", [](Attempt& attempt) {
+                         const ScratchFile file("");
+                         CCall("", [&](CQNObject** error) {
+                           return qncWriteFile(file.path(), "abc", 3, error) != 0;
+                         }).run(attempt);
+                       }});
+}
+
 using JsonFunction = bool (*)(QncJson* json, CQNObject** error);
 
 // The functions on a document; the document stays readable.
@@ -87,6 +109,8 @@ const struct {
      [](QncJson* json, CQNObject** error) { return Freed(qncJsonWrite(json, 1, error)); }},
     {"qncJsonWriteA",
      [](QncJson* json, CQNObject** error) { return Freed(qncJsonWriteA(json, 0, error)); }},
+    {"qncJsonWriteStrict",
+     [](QncJson* json, CQNObject** error) { return Freed(qncJsonWriteStrict(json, 1, error)); }},
     {"qncJsonKey",
      [](QncJson* json, CQNObject** error) { return Freed(qncJsonKey(json, 0, error)); }},
     {"qncJsonText",
@@ -126,6 +150,10 @@ void AddJson(Scenarios& scenarios) {
       return JsonOwner(qncJsonParse(text.text.c_str(), error)) != nullptr;
     }));
   }
+  scenarios.push_back(CCall("qncJsonLoadStrict", [](CQNObject** error) {
+    const size_t size = sizeof(kUtf8Document) - 1;
+    return JsonOwner(qncJsonLoadStrict(kUtf8Document, size, nullptr, error)) != nullptr;
+  }));
   for (const auto& function : kJsonFunctions) {
     scenarios.push_back({function.name, [&](Attempt& attempt) {
                            const ScratchFile file("");
@@ -194,6 +222,7 @@ void AddGeodesy(Scenarios& scenarios) {
 Scenarios CInterfaceScenarios() {
   Scenarios scenarios;
   AddTexts(scenarios);
+  AddEncodedTexts(scenarios);
   AddJson(scenarios);
   AddCsv(scenarios);
   AddGeodesy(scenarios);

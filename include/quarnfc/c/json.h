@@ -45,6 +45,14 @@ enum {
 QN_PLAIN_API QncJson* qncJsonParse(const char* text, CQNObject** error);
 QN_PLAIN_API QncJson* qncJsonParseA(const char* text, CQNObject** error);
 
+/* The value that size bytes of strict JSON (RFC 8259) hold, with a mark EF BB BF in front or
+ * without; \u escapes are decoded. Null when they are refused, also for what a document cannot
+ * hold: characters that the code page lacks, zero characters, numbers beyond the range of doubles,
+ * keys that occur twice in an object. The message then has line, column and reason, and *offset,
+ * when offset is not null, is the place in bytes. */
+QN_PLAIN_API QncJson* qncJsonLoadStrict(const char* text, size_t size, size_t* offset,
+                                        CQNObject** error);
+
 /* The value in a file of 11 to 52,428,800 bytes: UTF-8 behind the mark EF BB BF, otherwise text of
  * the code page. (What UTF-8 the code page lacks becomes its replacement character there.) */
 QN_PLAIN_API QncJson* qncJsonReadFile(const char* path, CQNObject** error);
@@ -63,6 +71,11 @@ QN_PLAIN_API void qncJsonFree(QncJson* value);
 /* The value as JSON text: in lines with tabs when indent is not 0. A null value gives "". */
 QN_PLAIN_API char* qncJsonWrite(const QncJson* value, int indent, CQNObject** error);
 QN_PLAIN_API char* qncJsonWriteA(const QncJson* value, int indent, CQNObject** error);
+
+/* The value as strict JSON: numbers in the shortest form that reads back as the same double,
+ * escapes where RFC 8259 wants them; in lines with two blanks a level when indent is not 0. Null
+ * for what JSON cannot say: not-a-number, infinities, bytes that are no text of the code page. */
+QN_PLAIN_API char* qncJsonWriteStrict(const QncJson* value, int indent, CQNObject** error);
 
 /* --- reading: null arguments read as a null value ----------------------------------------- */
 

@@ -40,6 +40,8 @@
 #include <quarnfc/c/csv.h>
 #include <quarnfc/c/csv_text.h>
 #include <quarnfc/c/digest.h>
+#include <quarnfc/c/encoded_text.h>
+#include <quarnfc/c/files.h>
 #include <quarnfc/c/geodesy.h>
 #include <quarnfc/c/http.h>
 #include <quarnfc/c/json.h>
