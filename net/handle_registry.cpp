@@ -7,11 +7,25 @@
 
 #include "net/status_call.h"
 #include "platform/internet.h"
+#include "platform/module.h"
 
 namespace quarnfc::net {
 namespace {
 
-HandleRegistry g_registry;
+// As the pools it stays at the end of the process: other threads may go on.
+union RegistryPlace {
+  RegistryPlace() : registry() {}
+  RegistryPlace(const RegistryPlace&) = delete;
+  RegistryPlace& operator=(const RegistryPlace&) = delete;
+  ~RegistryPlace() {
+    if (platform::ModuleIsUnloading()) registry.~HandleRegistry();
+  }
+
+  HandleRegistry registry;
+};
+
+RegistryPlace g_place;
+HandleRegistry& g_registry = g_place.registry;
 
 unsigned __int64 KeyOf(HINTERNET handle) { return reinterpret_cast<std::uintptr_t>(handle); }
 

@@ -12,6 +12,9 @@
 #include <quarnfc/json_value.h>
 #include <quarnfc/plain.h>
 #include <quarnfc/qn_string.h>
+#if defined(ENDING_HOST_USES_HTTP)
+#include <quarnfc/internet.h>
+#endif
 
 #include <atomic>
 #include <cstdio>
@@ -29,8 +32,16 @@ constexpr int kRounds = 8;
 
 std::atomic<int> g_working = 0;
 
+// A session comes and goes in the registry of handles; nothing touches the network.
+void UseHttp() {
+#if defined(ENDING_HOST_USES_HTTP)
+  const CQNInternetSession session("agent");
+#endif
+}
+
 // Pool blocks, nodes and blocks of the plain heap; whether the results are right.
 bool UseLibrary() {
+  UseHttp();
   CQNString text;
   text.Format("%d-%s", 7, "seven");
   CQNString copy(text);
