@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 
+#include "core/memory/memory.h"
 #include "platform/system_string.h"
 #include "tests/failing_memory/scenario.h"
 
@@ -176,7 +177,7 @@ Scenario SetSysStringScenario(const Representation& representation) {
             BSTR string = CQNString("old").AllocSysString();
             const bool completed = attempt.Run([&] { texts->text.SetSysString(&string); });
             if (!completed && !ConverterWasRefused())
-              attempt.Check(SysStringLen(string) == 3, "the old string is gone");
+              attempt.Check(quarnfc::WideLength(string) == 3, "the old string is gone");
             quarnfc::platform::FreeSystemString(string);
           }};
 }
