@@ -69,5 +69,6 @@ add_library(quarnfc_libcxx STATIC ${sources})
 target_include_directories(quarnfc_libcxx PRIVATE "${QUARNFC_LIBCXX_SOURCE_DIR}")
 target_compile_definitions(
   quarnfc_libcxx PRIVATE _LIBCPP_BUILDING_LIBRARY LIBCXX_BUILDING_LIBCXXABI=0 _CRT_STDIO_ISO_WIDE_SPECIFIERS
+                         _FILE_OFFSET_BITS=64
                          _LIBCPP_REMOVE_TRANSITIVE_INCLUDES)
 target_compile_options(quarnfc_libcxx PRIVATE /std:c++latest /EHsc -w -Wno-error)

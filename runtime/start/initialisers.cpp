@@ -20,6 +20,9 @@ QUARNFC_IN_SECTION(".CRT$XCZ") extern const Initialiser __xc_z[] = {nullptr};
 // The compiler refers to it where floating-point numbers are used.
 int _fltused = 0x9875;
 
+// <locale.h> refers to it in programs whose plain char is unsigned.
+int __mingw_initcharmax = 0;
+
 }  // extern "C"
 
 namespace quarnfc::runtime {

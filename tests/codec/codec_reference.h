@@ -27,19 +27,19 @@ struct Base64 {
   static constexpr char kAlphabet[] =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
   static constexpr int kBits = 6;
-  static constexpr auto EncodeA = QNBase64::qnEncodeBase64A;
-  static constexpr auto EncodeW = QNBase64::qnEncodeBase64W;
-  static constexpr auto DecodeA = QNBase64::qnDecodeBase64A;
-  static constexpr auto DecodeW = QNBase64::qnDecodeBase64W;
+  static inline const auto EncodeA = QNBase64::qnEncodeBase64A;
+  static inline const auto EncodeW = QNBase64::qnEncodeBase64W;
+  static inline const auto DecodeA = QNBase64::qnDecodeBase64A;
+  static inline const auto DecodeW = QNBase64::qnDecodeBase64W;
 };
 
 struct Base32 {
   static constexpr char kAlphabet[] = "abcdefghijklmnopqrstuvwxyz654321";
   static constexpr int kBits = 5;
-  static constexpr auto EncodeA = QNBase32::qnEncodeBase32A;
-  static constexpr auto EncodeW = QNBase32::qnEncodeBase32W;
-  static constexpr auto DecodeA = QNBase32::qnDecodeBase32A;
-  static constexpr auto DecodeW = QNBase32::qnDecodeBase32W;
+  static inline const auto EncodeA = QNBase32::qnEncodeBase32A;
+  static inline const auto EncodeW = QNBase32::qnEncodeBase32W;
+  static inline const auto DecodeA = QNBase32::qnDecodeBase32A;
+  static inline const auto DecodeW = QNBase32::qnDecodeBase32W;
 };
 
 template <class Codec>

@@ -52,7 +52,12 @@ add_library(quarnfc_headers_c OBJECT ${units_c})
 set_target_properties(quarnfc_headers_c PROPERTIES C_STANDARD 99 C_EXTENSIONS OFF)
 foreach(target quarnfc_headers_cxx17 quarnfc_headers_cxx20 quarnfc_headers_c)
   target_link_libraries(${target} PRIVATE QuarnFC::QuarnFC)
-  if(NOT MSVC)
+  if(MSVC)
+    target_compile_options(
+      ${target} PRIVATE /Od /W4 /utf-8 /permissive- $<$<BOOL:${QUARNFC_WERROR}>:/WX>
+                        # As below.
+                        $<$<COMPILE_LANG_AND_ID:CXX,Clang>:-Wno-delete-non-abstract-non-virtual-dtor>)
+  else()
     target_compile_options(
       ${target} PRIVATE -O0 -Wall -Wextra -Wpedantic -Wshadow $<$<BOOL:${QUARNFC_WERROR}>:-Werror>
                         $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Wdelete-non-virtual-dtor>
@@ -60,6 +65,10 @@ foreach(target quarnfc_headers_cxx17 quarnfc_headers_cxx20 quarnfc_headers_c)
                         $<$<COMPILE_LANG_AND_ID:CXX,Clang>:-Wno-delete-non-abstract-non-virtual-dtor>)
   endif()
 endforeach()
+if(QUARNFC_MSVC_ABI)
+  # The platform's headers are the other compiler's, which has done it with them.
+  set_target_properties(quarnfc_headers_cxx20 PROPERTIES EXCLUDE_FROM_ALL ON)
+endif()
 if(WIN32)
   # Included first in every unit, and read only once.
   target_precompile_headers(quarnfc_headers_cxx20 PRIVATE <windows.h> <wininet.h>)

@@ -23,16 +23,17 @@ namespace {
 constexpr std::size_t kDataPiece = 3 * 5 * 64 * 1024;
 constexpr std::size_t kTextPiece = 8 * 128 * 1024;
 
+// (The address of an imported function is no constant for Visual C++.)
 struct Base64 {
-  static constexpr auto Encode = QNBase64::qnEncodeBase64A;
-  static constexpr auto Decode = QNBase64::qnDecodeBase64A;
+  static inline const auto Encode = QNBase64::qnEncodeBase64A;
+  static inline const auto Decode = QNBase64::qnDecodeBase64A;
   static constexpr std::size_t kGroup = 4;  // characters that make whole bytes
   static constexpr std::size_t kOddTails[] = {1};
 };
 
 struct Base32 {
-  static constexpr auto Encode = QNBase32::qnEncodeBase32A;
-  static constexpr auto Decode = QNBase32::qnDecodeBase32A;
+  static inline const auto Encode = QNBase32::qnEncodeBase32A;
+  static inline const auto Decode = QNBase32::qnDecodeBase32A;
   static constexpr std::size_t kGroup = 8;
   static constexpr std::size_t kOddTails[] = {1, 3, 6};
 };

@@ -13,6 +13,7 @@
 #include <cmath>
 #include <cstdarg>
 #include <cstdint>
+#include <cstdio>
 #include <limits>
 #include <random>
 #include <string>
@@ -268,8 +269,17 @@ TEST(StringFormat, DecimalsAreRoundedExactlyAndTiesToEven) {
   ExpectFormats(kCases);
 }
 
+bool CLibraryRoundsHalvesToEven() {
+  char text[16];
+  std::snprintf(text, sizeof(text), "%.1f", 0.25);
+  return std::string(text) == "0.2";
+}
+
 // "#" changes nothing about these but takes the C library's way, which the others avoid.
 TEST(StringFormat, NumbersAreAsTheCLibraryPrintsThem) {
+  if (!CLibraryRoundsHalvesToEven()) {
+    GTEST_SKIP() << "Wine: the universal C library rounds halves up; that of Windows to even";
+  }
   std::mt19937_64 random(1);
   const auto format = [](const char* conversion, int precision, double value) {
     CQNString text;
