@@ -1,0 +1,142 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""What the tests reach, from what gcovr counted.
+
+Usage: coverage_report.py folders GCOVR.json
+       coverage_report.py corpus TARGET GCOVR.json FILE...
+
+The first prints lines and branches of each folder of the library, and every line that was not
+reached with its explanation from coverage_explained.txt. (Of a line that was reached an explanation
+is one of branches that were not taken, which then do not count.) The second prints how many lines of a
+parser's files its corpus reaches, and those it does not. Branches of exceptions do not count. The
+exit code is 1 below a bar, on a line without an explanation, and on an explanation without a line.
+"""
+import functools
+import json
+import sys
+from pathlib import Path
+
+FOLDERS = ("core", "json", "io", "codec", "geo", "net", "platform")
+LINES_BAR = 99.0
+BRANCHES_BAR = 97.0
+CORPUS_BAR = 95.0
+ROOT = Path(__file__).resolve().parent.parent
+EXPLAINED = Path(__file__).with_name("coverage_explained.txt")
+
+
+def read_lines(report):
+    """The lines that hold code: {file: {number: gcovr's record}}; a line counted for several
+    instances of a template is one."""
+    files = {}
+    for file in json.loads(Path(report).read_text())["files"]:
+        lines = files.setdefault(file["file"], {})
+        for line in file["lines"]:
+            if line.get("gcovr/noncode"):
+                continue
+            known = lines.setdefault(line["line_number"], {"count": 0, "branches": []})
+            known["count"] += line["count"]
+            known["branches"] += [b["count"] for b in line["branches"] if not b["throw"]]
+    return files
+
+
+def percent(part, whole):
+    return 100.0 * part / whole if whole else 100.0
+
+
+def missed(lines):
+    return sorted(number for number, line in lines.items() if line["count"] == 0)
+
+
+@functools.cache
+def source_of(file):
+    return (ROOT / file).read_text(errors="replace").splitlines()
+
+
+def text_of(file, number):
+    return source_of(file)[number - 1].strip()
+
+
+def print_missed(file, numbers):
+    for number in numbers:
+        print(f"      {file}:{number}: {text_of(file, number)}")
+
+
+def read_explanations():
+    """{(file, text of the line): reason}"""
+    explained = {}
+    for entry in EXPLAINED.read_text().splitlines():
+        if entry and not entry.startswith("#"):
+            file, rest = entry.split(" | ", 1)
+            text, reason = rest.rsplit(" | ", 1)
+            explained[file, text] = reason
+    return explained
+
+
+def report_corpus(target, report, wanted):
+    files = read_lines(report)
+    lines = {(file, number): line for file in wanted for number, line in files.get(file, {}).items()}
+    reached = sum(line["count"] > 0 for line in lines.values())
+    share = percent(reached, len(lines))
+    good = bool(lines) and share >= CORPUS_BAR
+    print(f"   {target:<14} {share:6.1f} % of {len(lines):4} lines   bar {CORPUS_BAR:.0f}"
+          + ("" if good else ": TOO LITTLE"))
+    for file in wanted:
+        if not good:
+            print_missed(file, missed(files.get(file, {})))
+    return good
+
+
+def report_folder(folder, files, explained):
+    numbered = [(file, number, line) for file, each in files.items()
+                if file.startswith(folder + "/") for number, line in each.items()]
+    lines = [line for _, _, line in numbered]
+    branches = [count for file, number, line in numbered for count in line["branches"]
+                if count > 0 or (file, text_of(file, number)) not in explained]
+    line_share = percent(sum(line["count"] > 0 for line in lines), len(lines))
+    branch_share = percent(sum(count > 0 for count in branches), len(branches))
+    good = bool(lines) and line_share >= LINES_BAR and branch_share >= BRANCHES_BAR
+    print(f"   {folder:<10} lines {line_share:6.2f} % of {len(lines):5}   branches {branch_share:6.2f} %"
+          f" of {len(branches):5}   bars {LINES_BAR:.0f}, {BRANCHES_BAR:.0f}"
+          + ("" if good else ": TOO LITTLE"))
+    return good
+
+
+def needed(files):
+    """The lines that were not reached, or whose branches were not all taken."""
+    return {(file, text_of(file, number)) for file, lines in files.items() if file.startswith(FOLDERS)
+            for number, line in lines.items() if line["count"] == 0 or 0 in line["branches"]}
+
+
+def report_missed(files, explained):
+    """Every line that was not reached. True when each has an explanation and none is left over."""
+    good = True
+    for file in sorted(files):
+        if not file.startswith(FOLDERS):
+            continue
+        for number in missed(files[file]):
+            text = text_of(file, number)
+            reason = explained.get((file, text))
+            print(f"      {file}:{number}: {text}   [{reason or 'NOT EXPLAINED'}]")
+            good = good and reason is not None
+    for file, text in sorted(set(explained) - needed(files)):
+        print(f"      {file}: {text}   [EXPLAINED, BUT REACHED]")
+        good = False
+    return good
+
+
+def main(arguments):
+    match arguments:
+        case ["folders", report]:
+            files = read_lines(report)
+            explained = read_explanations()
+            results = [report_folder(folder, files, explained) for folder in FOLDERS]
+            good = all([*results, report_missed(files, explained)])
+        case ["corpus", target, report, *wanted] if wanted:
+            good = report_corpus(target, report, wanted)
+        case _:
+            sys.exit(__doc__)
+    return 0 if good else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
