@@ -1,5 +1,9 @@
 /* SPDX-License-Identifier: MIT */
-/* Files of the flat C interface (quarnfc.h in this folder says how everything works). */
+/* Files of the flat C interface (quarnfc.h in this folder says how everything works).
+ *
+ * Example:
+ *   qncWriteFile("station.txt", "BJ01", 4, NULL);  // == 1
+ */
 #ifndef QUARNFC_C_FILES_H_
 #define QUARNFC_C_FILES_H_
 
