@@ -49,6 +49,15 @@ if(runtime_files)
           COMPONENT runtime OPTIONAL)
 endif()
 
+if(QUARNFC_MSVC_ABI)
+  # The standard library that is linked in.
+  install(FILES "${PROJECT_SOURCE_DIR}/packaging/licences/standard-library.txt"
+          DESTINATION "${QUARNFC_INSTALL_LICENCEDIR}" COMPONENT runtime)
+  install(FILES /usr/share/doc/libc++-19-dev/copyright
+          DESTINATION "${QUARNFC_INSTALL_LICENCEDIR}" RENAME libcxx-copyright.txt
+          COMPONENT runtime OPTIONAL)
+endif()
+
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/quarnfc"
         DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT devel)
 if(WIN32)
@@ -84,8 +93,11 @@ install(FILES "${PROJECT_BINARY_DIR}/quarnfc.pc" DESTINATION "${pkgconfig_dir}" 
 if(MSVC)
   install(FILES "$<TARGET_PDB_FILE:QuarnFC>" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT debug
           OPTIONAL)
-endif()
-if(QUARNFC_SPLIT_DEBUG)
+  if(TARGET qn)
+    install(FILES "$<TARGET_PDB_FILE:qn>" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT debug
+            OPTIONAL)
+  endif()
+elseif(QUARNFC_SPLIT_DEBUG)
   set(module_dir "${CMAKE_INSTALL_LIBDIR}")
   if(WIN32)
     set(module_dir "${CMAKE_INSTALL_BINDIR}")
@@ -100,7 +112,9 @@ endif()
 set(printers "${PROJECT_SOURCE_DIR}/tools/debug/quarnfc-gdb.py")
 install(FILES "${PROJECT_SOURCE_DIR}/tools/debug/quarnfc.natvis"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/quarnfc" COMPONENT devel)
-if(WIN32)
+if(MSVC)
+  # gdb reads no debug information of this kind.
+elseif(WIN32)
   install(FILES "${printers}" DESTINATION "${CMAKE_INSTALL_BINDIR}"
           RENAME QuarnFC.dll-gdb.py COMPONENT devel)
 else()

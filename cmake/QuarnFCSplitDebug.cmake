@@ -3,9 +3,9 @@
 # the same bytes wherever and whenever they are built.
 
 # quarnfc_split_debug(<target>): NAME.debug beside the binary NAME, found by debuggers through a
-# link in the binary.
+# link in the binary. With Visual C++'s linker that is NAME.pdb in any case.
 function(quarnfc_split_debug target)
-  if(NOT QUARNFC_SPLIT_DEBUG)
+  if(NOT QUARNFC_SPLIT_DEBUG OR MSVC)
     return()
   endif()
   # A path of the build would leave its length in the file.
@@ -32,6 +32,13 @@ if(QUARNFC_SPLIT_DEBUG)
   set(folder "/usr/src/quarnfc-${PROJECT_VERSION}")
   set(maps "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=${folder}"
            "-ffile-prefix-map=${PROJECT_BINARY_DIR}=${folder}/build")
-  add_compile_options(${maps})
-  add_link_options(${maps})
+  if(MSVC)
+    list(TRANSFORM maps PREPEND "/clang:")
+    add_compile_options(/Brepro -gno-codeview-command-line
+                        "-ffile-compilation-dir=${folder}/build" ${maps})
+    add_link_options("/pdbsourcepath:${folder}/build")
+  else()
+    add_compile_options(${maps})
+    add_link_options(${maps})
+  endif()
 endif()

@@ -3,7 +3,7 @@
 # Makes the packages in build/packages, a check sum (.sha256) and a list of contents (.spdx) for
 # each, and tests every one: hosts are built and run against what it holds. The same sources give
 # the same bytes.
-# Usage: package.sh [windows|linux]
+# Usage: package.sh [windows|windows-msvc|linux]
 set -euo pipefail
 source "$(dirname "$0")/lib.sh"
 
@@ -22,10 +22,11 @@ export CCACHE_BASEDIR='' CCACHE_HASHDIR=1
 unset CCACHE_NOHASHDIR
 umask 022
 
-# make_packages windows|linux: the files that cpack makes are put in $packages.
+# make_packages TARGET: the files that cpack makes are put in $packages.
 make_packages() {
   local preset=package-$1 out="$project/build/package-$1/packages" file
   rm -rf "$out"
+  [ "$1" != windows-msvc ] || "$project/scripts/fetch-libcxx.sh"
   configure_preset "$preset"
   build_preset "$preset"
   logged "cpack-$1" cpack --config "$project/build/$preset/CPackConfig.cmake" -B "$out"
@@ -38,11 +39,11 @@ make_packages() {
   cp "$out"/* "$packages"
 }
 
-targets=(windows linux)
+targets=(windows windows-msvc linux)
 case ${1:-} in
-  windows | linux) targets=("$1") ;;
+  windows | windows-msvc | linux) targets=("$1") ;;
   '') rm -rf "$packages" ;;
-  *) die "usage: package.sh [windows|linux]" ;;
+  *) die "usage: package.sh [windows|windows-msvc|linux]" ;;
 esac
 for target in "${targets[@]}"; do
   step "Packages for $target"

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 # Unpacks the packages of a folder, each kind into an empty folder, and builds and runs hosts
 # against what they hold.
-# Usage: check-packages.sh windows|linux FOLDER
+# Usage: check-packages.sh windows|windows-msvc|linux FOLDER
 set -euo pipefail
 source "$(dirname "$0")/lib.sh"
 
@@ -10,7 +10,8 @@ target=$1
 packages=$(cd "$2" && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-[ "$target" != windows ] || export WINEPREFIX="${WINEPREFIX:-$source/build/package-windows/wine}"
+build="$source/build/package-$target"
+[[ $target != windows* ]] || export WINEPREFIX="${WINEPREFIX:-$build/wine}"
 
 # one PATTERN: the only package of that name.
 one() {
@@ -57,13 +58,42 @@ check_addresses() {
   echo "ok: an address of the DLL"
 }
 
-check_zip() {
+# unpack_zip KIND: the ZIP of that kind with its debug information into $work/zip.
+unpack_zip() {
   local archive debug
-  archive=$(one 'quarnfc-*-windows-x64-mingw.zip')
-  debug=$(one 'quarnfc-*-windows-x64-mingw-debug.zip')
+  archive=$(one "quarnfc-*-windows-x64-$1.zip")
+  debug=$(one "quarnfc-*-windows-x64-$1-debug.zip")
   unzip -q "$archive" -d "$work/zip"
   unzip -q "$debug" -d "$work/zip"
   forgets_paths -a "$work/zip"
+}
+
+# check_pdb BINARY: the debug information beside it is its own and knows the lines of the sources.
+check_pdb() {
+  local llvm=/usr/lib/llvm-19/bin pdb=${1%.*}.pdb guid section address place
+  guid=$("$llvm/llvm-readobj" --coff-debug-directory "$1" | sed -n 's/^ *PDBGUID: //p')
+  [ -n "$guid" ] || fail "$1 names no debug information"
+  "$llvm/llvm-pdbutil" dump --summary "$pdb" | grep -F "GUID: $guid" >/dev/null ||
+    fail "the debug information beside $1 is another one's"
+  section=$("$llvm/llvm-readobj" --sections "$1" |
+    awk '$1 == "Name:" { name = $2 } $1 == "VirtualAddress:" && name == ".text" { print $2 }')
+  address=$("$llvm/llvm-readobj" --coff-exports "$1" |
+    awk '$1 == "Name:" { name = $2 } $1 == "RVA:" && name == "qnGetVersion" { print $2 }')
+  place=$(printf '%08X' $((address - section)))
+  "$llvm/llvm-pdbutil" dump -l "$pdb" | grep -A 2 'core.diagnostics.version\.cpp (MD5' |
+    grep -iF " $place " >/dev/null || fail "qnGetVersion at $place is not in version.cpp"
+  printf 'ok: debug information of %s\n' "${1##*/}"
+}
+
+check_msvc_zip() {
+  unpack_zip msvc
+  "$here/check-prefix.sh" windows-msvc "$work/zip"/*/ "$build"
+  "$here/../msvc_abi/check-module.sh" /usr/lib/llvm-19/bin/llvm-readobj "$work"/zip/*/bin/QuarnFC.dll
+  check_pdb "$(echo "$work"/zip/*/bin/QuarnFC.dll)"
+}
+
+check_zip() {
+  unpack_zip mingw
   "$here/check-prefix.sh" windows "$work/zip"/*/
   check_debug "$work"/zip/*/bin/QuarnFC.dll
   check_addresses "$work"/zip/*/bin/QuarnFC.dll
@@ -117,10 +147,15 @@ check_subdirectory() {
 }
 
 check_lists
-check_subdirectory
-if [ "$target" = windows ]; then
-  check_zip
-else
-  check_tgz
-  check_deb
-fi
+case $target in
+  windows-msvc) check_msvc_zip ;;
+  windows)
+    check_subdirectory
+    check_zip
+    ;;
+  linux)
+    check_subdirectory
+    check_tgz
+    check_deb
+    ;;
+esac

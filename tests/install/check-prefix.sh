@@ -2,11 +2,15 @@
 # SPDX-License-Identifier: MIT
 # Builds hosts against the library that is installed in a folder, and runs them.
 # Usage: check-prefix.sh windows|linux FOLDER
+#        check-prefix.sh windows-msvc FOLDER BUILD_FOLDER
+#                                     with the run-time part that is in the build folder
 set -euo pipefail
 source "$(dirname "$0")/lib.sh"
 
 target=$1
 prefix=$(cd "$2" && pwd)
+# shellcheck disable=SC2034 # lib.sh uses it
+runtime_build=${3:-}
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export LC_ALL=C
@@ -24,9 +28,10 @@ check_cmake() {
   run "$target" "$work/outside_c/host_c"
 }
 
-# The compiler called by hand with what pkg-config says.
+# The compiler called by hand with what pkg-config says, in the dialect of GNU's compilers.
 check_pkg_config() {
   local compiler=g++ flags folder
+  [ "$target" != windows-msvc ] || return 0
   command -v pkg-config >/dev/null || return 0
   [ "$target" != windows ] || compiler=x86_64-w64-mingw32-g++-posix
   folder=$(dirname "$(find "$prefix" -name quarnfc.pc)")

@@ -31,11 +31,18 @@ forgets_paths() {
   [ -z "$hits" ] || fail "the path of the build is in: $hits"
 }
 
-# configure TARGET SOURCE BUILD [OPTION...]: an outside project for windows or linux.
+# configure TARGET SOURCE BUILD [OPTION...]: an outside project for windows, windows-msvc or linux.
+# For windows-msvc $runtime_build is the folder of a build whose run-time part stands in for that of
+# Visual C++.
 configure() {
   local toolchain=()
-  [ "$1" != windows ] ||
-    toolchain=("-DCMAKE_TOOLCHAIN_FILE=$source/cmake/toolchain-mingw-w64.cmake")
+  case $1 in
+    windows) toolchain=("-DCMAKE_TOOLCHAIN_FILE=$source/cmake/toolchain-mingw-w64.cmake") ;;
+    windows-msvc)
+      toolchain=("-DCMAKE_TOOLCHAIN_FILE=$here/toolchain-visual-cpp.cmake"
+        "-DQUARNFC_RUNTIME_BUILD=${runtime_build:?}")
+      ;;
+  esac
   quiet cmake -S "$2" -B "$3" -G Ninja -DCMAKE_BUILD_TYPE=Debug "${toolchain[@]}" "${@:4}"
 }
 
@@ -43,7 +50,7 @@ configure() {
 # with "ok".
 run() {
   local program=$2 runner=() output
-  [ "$1" != windows ] || { runner=("$source/scripts/run-wine.sh") program=$2.exe; }
+  [[ $1 != windows* ]] || { runner=("$source/scripts/run-wine.sh") program=$2.exe; }
   output=$(cd / && "${runner[@]}" "$program" 2>&1 </dev/null | tr -d '\r') ||
     fail "$(basename "$program"): $output"
   [ "$output" = ok ] || fail "$(basename "$program") says: $output"
