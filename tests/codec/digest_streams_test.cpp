@@ -146,6 +146,10 @@ TEST(DigestStreams, AKeyServesSeveralMessagesAndCanBeReplaced) {
   stream.Finish(second);
   CQNHMACSHA256Stream::Digest("", 0, "message", 7, expected);
   EXPECT_TRUE(std::equal(second, second + 32, expected));
+  CQNHMACSHA256Stream keyless;
+  keyless.Update("message", 7);
+  keyless.Finish(second);
+  EXPECT_TRUE(std::equal(second, second + 32, expected));
 }
 
 TEST(DigestStreams, ACopyGoesOnByItself) {

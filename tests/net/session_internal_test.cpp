@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -156,6 +157,29 @@ TEST(HandleReuse, OfTwoCopiesTheFirstOneClosesAndTheOtherDoesNothing) {
     copy.Close();
   }
   EXPECT_EQ(TheFakeInternet().calls, Texts{"close 1234"});
+}
+
+TEST(ConnectionCopies, KnowTheServerAndTheSessionOfTheFirst) {
+  CQNInternetSession session;
+  const CQNInternetConnection connection(&session, "h.test", 80);
+  const CQNInternetConnection copy(connection);
+  CQNInternetConnection assigned(nullptr, "other.test");
+  assigned = copy;
+  const CQNInternetConnection& same = assigned;
+  assigned = same;
+  for (const CQNInternetConnection* each : {&copy, &same}) {
+    EXPECT_EQ(TextOf(each->GetServerName()), "h.test");
+    EXPECT_EQ(each->GetSession(), &session);
+    EXPECT_EQ(static_cast<HINTERNET>(*each), nullptr);
+  }
+}
+
+TEST(ConnectionMemory, NewThatDoesNotThrowGivesAConnection) {
+  CQNInternetSession session;
+  auto* const connection = new (std::nothrow) CQNInternetConnection(&session, "h.test");
+  ASSERT_NE(connection, nullptr);
+  EXPECT_EQ(TextOf(connection->GetServerName()), "h.test");
+  delete connection;
 }
 
 TEST(SessionCookies, AStringMeasuresItselfWhenThePlatformDoesNotCount) {

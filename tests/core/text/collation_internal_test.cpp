@@ -41,6 +41,7 @@ TEST(Collation, OrdersByTheLocale) {
       {"1", "a", -1, -1},
       {"_", "1", -1, -1},
       {"~", "a", -1, -1},
+      {"\xA3\xA1", "1", -1, -1},  // a full-width exclamation mark
       {"z", "\xB0\xA1", -1, -1},
       {"A", "\xA3\xC1", -1, -1},
       {"\xA3\xE1", "\xA3\xC1", -1, 0},
