@@ -14,8 +14,9 @@ gates=(format shell licence layers docs asan tsan clang)
 # Before a release, by hand: the plain build and clang-tidy, a quarter of an hour each; the build with
 # the Microsoft C++ ABI, whose test programs have not all run so far; modules and packages as they
 # are released, which are built twice more with link-time optimisation; what the fuzzers and
-# benchmarks are made of, which seldom changes; and what lines and branches the tests reach.
-release_gates=(plain tidy msvc release packages bench fuzz coverage)
+# benchmarks are made of, which seldom changes; what lines and branches the tests reach; and the native
+# tests under valgrind, which takes hours.
+release_gates=(plain tidy msvc release packages bench fuzz coverage valgrind)
 last_gates=(bars)
 
 passed=0

@@ -25,7 +25,7 @@ packages=(
 if [ "${1:-}" = --checks ]; then
   packages+=(
     # What reads the sources; the run-time of the fuzzers; the benchmarks and their peers.
-    clang-format clang-tidy shellcheck pmccabe libclang-rt-14-dev gcovr
+    clang-format clang-tidy shellcheck pmccabe valgrind libclang-rt-14-dev gcovr
     libbenchmark-dev rapidjson-dev nlohmann-json3-dev
     # The build with the Microsoft C++ ABI; its sources of libc++ are unpacked.
     clang-19 lld-19 llvm-19 libc++-19-dev xz-utils
