@@ -25,6 +25,10 @@ void CloseDoor(long n, Refusal refusal) { t_door = {true, refusal, n}; }
 
 void OpenDoor() { t_door.closed = false; }
 
+DoorAjar::DoorAjar() : was_closed_(t_door.closed) { t_door.closed = false; }
+
+DoorAjar::~DoorAjar() { t_door.closed = was_closed_; }
+
 bool IsRefused() {
   Door& door = t_door;
   if (!door.closed) return false;

@@ -9,6 +9,8 @@
 #include <sstream>
 #include <utility>
 
+#include "tests/failing_memory/door.h"
+
 namespace {
 
 #if defined(_WIN32)
@@ -37,6 +39,7 @@ BOOL Answer(DWORD error) {
 
 template <class... Parts>
 void Record(const Parts&... parts) {
+  const failing::DoorAjar ajar;
   std::ostringstream text;
   (text << ... << parts);
   g_fake.calls.push_back(text.str());
@@ -108,7 +111,20 @@ INTERNET_STATUS_CALLBACK FakeSetStatusCallback(HINTERNET, INTERNET_STATUS_CALLBA
   return std::exchange(g_fake.callback, callback);
 }
 
+HINTERNET FakeConnect(HINTERNET, const char* server, unsigned short port, const char*, const char*,
+                      DWORD, DWORD flags, unsigned __int64 context) {
+  Record("connect ", server, " ", port, " flags ", flags, " context ", context);
+  return FakeConnectionHandle();
+}
+
+HINTERNET FakeOpenRequest(HINTERNET, const char* verb, const char* object, const char* version,
+                          const char*, const char**, DWORD flags, unsigned __int64 context) {
+  Record("request ", verb, " ", object, " ", version, " flags ", flags, " context ", context);
+  return FakeUrlHandle();
+}
+
 int FakeCloseHandle(HINTERNET handle) {
+  const failing::DoorAjar ajar;
   std::ostringstream number;
   number << std::hex << reinterpret_cast<std::uintptr_t>(handle);
   Record("close ", number.str());

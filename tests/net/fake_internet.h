@@ -63,6 +63,8 @@ inline HINTERNET FakeHandle() { return reinterpret_cast<HINTERNET>(0x1234); }
 
 inline HINTERNET FakeUrlHandle() { return reinterpret_cast<HINTERNET>(0x5678); }
 
+inline HINTERNET FakeConnectionHandle() { return reinterpret_cast<HINTERNET>(0x4321); }
+
 // A file over a handle of the fake, as a host's derived class would make it.
 class FakeFile : public CQNInternetFile {
  public:

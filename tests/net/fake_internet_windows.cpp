@@ -28,6 +28,8 @@ extern "C" {
 decltype(InternetOpenA) FakeOpen;
 decltype(InternetSetStatusCallback) FakeSetStatusCallback;
 decltype(InternetOpenUrlA) FakeOpenUrl;
+decltype(InternetConnectA) FakeConnect;
+decltype(HttpOpenRequestA) FakeOpenRequest;
 decltype(InternetQueryOptionA) FakeQueryOption;
 decltype(InternetReadFile) FakeReadFile;
 decltype(InternetWriteFile) FakeWriteFile;
@@ -44,6 +46,8 @@ extern decltype(&FakeOpen) const __imp_InternetOpenA = FakeOpen;
 extern decltype(&FakeSetStatusCallback) const __imp_InternetSetStatusCallback =
     FakeSetStatusCallback;
 extern decltype(&FakeOpenUrl) const __imp_InternetOpenUrlA = FakeOpenUrl;
+extern decltype(&FakeConnect) const __imp_InternetConnectA = FakeConnect;
+extern decltype(&FakeOpenRequest) const __imp_HttpOpenRequestA = FakeOpenRequest;
 extern decltype(&FakeQueryOption) const __imp_InternetQueryOptionA = FakeQueryOption;
 extern decltype(&FakeReadFile) const __imp_InternetReadFile = FakeReadFile;
 extern decltype(&FakeWriteFile) const __imp_InternetWriteFile = FakeWriteFile;
