@@ -53,6 +53,15 @@ class OwnConsole {
 
 SECURITY_ATTRIBUTES Inheritable() { return {sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE}; }
 
+// This program is on the same console and lets the interrupt pass. It arrives on a thread of its
+// own, and until then the handler stays.
+HANDLE g_interrupted = nullptr;
+
+BOOL WINAPI LetPass(DWORD /*event*/) {
+  SetEvent(g_interrupted);
+  return TRUE;
+}
+
 std::string CommandLine(const std::vector<std::string>& arguments) {
   char own[MAX_PATH] = "";
   GetModuleFileNameA(nullptr, own, MAX_PATH);
@@ -120,17 +129,17 @@ bool InterruptibleQn::Runs() const {
          WaitForSingleObject(state_->process.get(), 0) == WAIT_TIMEOUT;
 }
 
-// This program is on the same console and lets it pass, which it says only now, because programs
-// that it starts would do the same.
 void InterruptibleQn::Interrupt() {
-  SetConsoleCtrlHandler(nullptr, TRUE);
-  GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
+  const Handle interrupted(CreateEventA(nullptr, TRUE, FALSE, nullptr));
+  g_interrupted = interrupted.get();
+  SetConsoleCtrlHandler(LetPass, TRUE);
+  if (GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0)) WaitForSingleObject(g_interrupted, INFINITE);
+  SetConsoleCtrlHandler(LetPass, FALSE);
 }
 
 int InterruptibleQn::Wait() {
   WaitForSingleObject(state_->process.get(), INFINITE);
   DWORD code = 0;
   GetExitCodeProcess(state_->process.get(), &code);
-  SetConsoleCtrlHandler(nullptr, FALSE);
   return static_cast<int>(code);
 }
