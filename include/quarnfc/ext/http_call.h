@@ -27,7 +27,7 @@
 //   if (response.Succeeded()) {
 //     std::printf("%s\n", response.body.c_str());
 //   } else {
-//     std::printf("%u %s\n", response.status, response.Message().c_str());
+//     std::printf("%s\n", response.Message().c_str());
 //   }
 #ifndef QUARNFC_EXT_HTTP_CALL_H_
 #define QUARNFC_EXT_HTTP_CALL_H_
