@@ -55,6 +55,13 @@ std::vector<double> RandomNumbers(std::mt19937_64& random) {
   return numbers;
 }
 
+// What is refused stays here and is destroyed.
+bool Move(CMyJsonValue& array, ValuePtr value, int position) {
+  const bool moved = array.MoveToArr(value.get(), position);
+  if (moved) static_cast<void>(value.release());
+  return moved;
+}
+
 struct Edit {
   const char* name;
   bool (*run)(CMyJsonValue& array, int position);
@@ -69,11 +76,11 @@ const Edit kEdits[] = {
        return array.AddToArr(Packed({8, 9}).get(), at);
      }},
     {"AddToArr itself", [](CMyJsonValue& array, int at) { return array.AddToArr(&array, at); }},
-    {"MoveToArr number",
-     [](CMyJsonValue& array, int at) { return array.MoveToArr(new CMyJsonValue(5), at); }},
+    {"MoveToArr number", [](CMyJsonValue& array,
+                            int at) { return Move(array, std::make_unique<CMyJsonValue>(5), at); }},
     {"MoveToArr numbers",
      [](CMyJsonValue& array, int at) {
-       return array.MoveToArr(Packed({5, 6}).release(), at);
+       return Move(array, Packed({5, 6}), at);
      }},
     {"RemoveFromArr",
      [](CMyJsonValue& array, int at) { return array.RemoveFromArr(at, true), true; }},
