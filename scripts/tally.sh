@@ -46,17 +46,20 @@ report() {
 shards_of() { if [ "$1" = quarnfc_tests ]; then echo 3; else echo 1; fi; }
 
 # shellcheck disable=SC2154 # lib.sh sets $logs
-# run_program PRESET PROGRAM FILTER SHARD: one of the processes of a test program; its report is in
+# run_program PRESET PROGRAM FILTER SHARD: one of the processes of a test program, in a folder of its
+# own, since tests leave files in the folder they run in; its report is in
 # $logs/test-PRESET-PROGRAM-SHARD.xml.
 run_program() {
-  local preset=$1 program=bin/$2 run=() log="$logs/test-$1-$2-$4"
+  local preset=$1 program=../../bin/$2 run=() log="$logs/test-$1-$2-$4"
+  local folder="$project/build/$preset/run/$2-$4"
   [[ $preset != windows* ]] || { run=("$project/scripts/run-wine.sh") program=$program.exe; }
   [ "$2" != quarnfc_net_tests ] || run=("$project/tests/net/run-with-nginx.sh" "${run[@]}")
   rm -f "$log.xml"
-  cd "$project/build/$preset" || return
+  mkdir -p "$folder"
+  cd "$folder" || return
   GTEST_TOTAL_SHARDS=$(shards_of "$2") GTEST_SHARD_INDEX=$4 \
     "${run[@]}" "$program" --gtest_color=no --gtest_filter="$3" \
-    --gtest_output="xml:../logs/${log##*/}.xml" >"$log.log" 2>&1 </dev/null
+    --gtest_output="xml:../../../logs/${log##*/}.xml" >"$log.log" 2>&1 </dev/null
 }
 
 # run_programs PRESET FILTER PROGRAM...: test programs, all at the same time.

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 // A host whose threads and whose process end while others are inside the library. Each way to end
-// runs in processes of its own, since only some of them meet the bad moment:
+// runs in several processes of its own, since only some of them meet the bad moment:
 //   main          main returns while threads work
 //   worker        a thread ends the process while the others work
 //   at_once       the process ends without the destructors of static objects
 //   thread_local  objects of threads use the library when their thread ends
 //   static        static objects use the library when the process ends, beside threads
-// Usage: ending_host            all of them
-//        ending_host WAY
+// Usage: ending_host WAY [once]
 #include <quarnfc/error.h>
 #include <quarnfc/json_value.h>
 #include <quarnfc/plain.h>
@@ -25,10 +24,13 @@
 #include <thread>
 #include <vector>
 
+#include "tests/platform/wine.h"
+
 namespace {
 
 constexpr int kThreads = 4;
 constexpr int kRounds = 8;
+constexpr int kSkipped = 77;
 
 std::atomic<int> g_working = 0;
 
@@ -111,22 +113,30 @@ int EndWithStaticObjects() {
   return 0;
 }
 
-const struct {
+struct Way {
   const char* name;
   int (*run)();
-} kWays[] = {
-    {"main", EndInMain},          {"worker", EndInWorker},          {"at_once", EndAtOnce},
-    {"thread_local", EndThreads}, {"static", EndWithStaticObjects},
+  bool stops_threads;  // the end of the process stops threads wherever they are
 };
 
-int RunAll(const std::string& program) {
-  for (const auto& way : kWays) {
-    for (int round = 0; round < kRounds; ++round) {
-      const int result = std::system((program + " " + way.name).c_str());
-      if (result == 0) continue;
-      std::fprintf(stderr, "failed: %s ended with %d in round %d\n", way.name, result, round);
-      return 1;
-    }
+constexpr Way kWays[] = {
+    {"main", EndInMain, true},
+    {"worker", EndInWorker, true},
+    {"at_once", EndAtOnce, true},
+    {"thread_local", EndThreads, false},
+    {"static", EndWithStaticObjects, true},
+};
+
+int RunRounds(const std::string& program, const Way& way) {
+  if (way.stops_threads && quarnfc_test::RunsUnderWine()) {
+    std::puts("skipped: a thread that Wine stops inside a wait keeps a lock that the end needs");
+    return kSkipped;
+  }
+  for (int round = 0; round < kRounds; ++round) {
+    const int result = std::system((program + " " + way.name + " once").c_str());
+    if (result == 0) continue;
+    std::fprintf(stderr, "failed: %s ended with %d in round %d\n", way.name, result, round);
+    return 1;
   }
   return 0;
 }
@@ -134,9 +144,10 @@ int RunAll(const std::string& program) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 2) return RunAll(std::filesystem::path(argv[0]).make_preferred().string());
-  for (const auto& way : kWays) {
-    if (std::strcmp(argv[1], way.name) == 0) return way.run();
+  for (const Way& way : kWays) {
+    if (argc < 2 || std::strcmp(argv[1], way.name) != 0) continue;
+    if (argc > 2) return way.run();
+    return RunRounds(std::filesystem::path(argv[0]).make_preferred().string(), way);
   }
   return 2;
 }
