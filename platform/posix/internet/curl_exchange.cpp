@@ -219,7 +219,7 @@ size_t CurlExchange::OnBody(char* data, size_t size, size_t count, void* self) {
   }
   ++exchange.activity_;
   const std::size_t taken = std::min(room, length);
-  std::memcpy(exchange.lent_ + exchange.lent_used_, data, taken);
+  if (taken > 0) std::memcpy(exchange.lent_ + exchange.lent_used_, data, taken);
   exchange.lent_used_ += taken;
   exchange.spilled_.append(data + taken, length - taken);
   return length;
