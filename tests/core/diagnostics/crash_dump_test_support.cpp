@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <system_error>
 
 #include "support/build_paths.h"
@@ -54,6 +55,8 @@ Crash RunCrashHost(const std::string& prefix) {
 }  // namespace
 
 const Crash& HostCrash() {
-  static const Crash crash = RunCrashHost("CrashHost");
+  // Other processes of the tests look at a crash of their own at the same time.
+  static const Crash crash =
+      RunCrashHost("Crash" + std::to_string(std::random_device{}()) + "Host");
   return crash;
 }
