@@ -68,8 +68,9 @@ char* Decoded(std::string_view bytes, int encoding, size_t* text_size, size_t* o
     Store(offset, static_cast<size_t>(decoder.ErrorOffset()));
     throw Failure(QNC_ERROR_INVALID_DATA, "Quarn: the bytes are no text in this encoding");
   }
+  char* const made = NewText(text);
   Store(text_size, text.size());
-  return NewText(text);
+  return made;
 }
 
 unsigned char* Encoded(std::string_view text, int encoding, size_t* data_size, size_t* offset) {
@@ -81,8 +82,9 @@ unsigned char* Encoded(std::string_view text, int encoding, size_t* data_size, s
     Store(offset, loss.offset);
     throw Failure(QNC_ERROR_INVALID_DATA, "Quarn: a character cannot be had in this encoding");
   }
+  char* const made = NewText(*bytes);
   Store(data_size, bytes->size());
-  return reinterpret_cast<unsigned char*>(NewText(*bytes));
+  return reinterpret_cast<unsigned char*>(made);
 }
 
 }  // namespace

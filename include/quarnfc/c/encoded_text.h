@@ -2,7 +2,7 @@
 /* Text in other encodings than UTF-8, in the flat C interface (quarnfc.h in this folder says how
  * everything works). Lengths count and zero bytes are characters, so that a whole file is one text.
  * Nothing is lost silently: what is no text in its encoding, or what an encoding lacks, is an error
- * with its place. Any thread may call.
+ * with its place; sizes are stored on success only. Any thread may call.
  *
  * Example:
  *   unsigned char* units = qncTextToEncoding("BJ", 2, QNC_ENCODING_UTF16_LE, NULL, NULL, NULL);

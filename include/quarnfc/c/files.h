@@ -3,6 +3,7 @@
  *
  * Example:
  *   qncWriteFile("station.txt", "BJ01", 4, NULL);  // == 1
+ *   remove("station.txt");
  */
 #ifndef QUARNFC_C_FILES_H_
 #define QUARNFC_C_FILES_H_
