@@ -16,6 +16,7 @@ thread_tests="*Threads*:*Concurren*:$http_tests"
 
 export ASAN_OPTIONS="detect_leaks=1:${ASAN_OPTIONS:-}"
 export UBSAN_OPTIONS="print_stacktrace=1:${UBSAN_OPTIONS:-}"
+# shellcheck disable=SC2154 # lib.sh sets $project
 export TSAN_OPTIONS="halt_on_error=1:suppressions=$project/tests/thread_sanitizer.supp:${TSAN_OPTIONS:-}"
 
 # count WHERE: reads lines "passed", "failed NAME" and "skipped NAME: REASON" and adds them up.

@@ -36,13 +36,6 @@ class HttpFile : public testing::Test {
 
   std::string LastRequest() { return server_->LastRequest(); }
 
-  static std::string ReadAll(CQNInternetFile& file) {
-    std::string all;
-    char bytes[1000];
-    while (const unsigned int count = file.Read(bytes, sizeof(bytes))) all.append(bytes, count);
-    return all;
-  }
-
   CQNInternetSession session_{"test", 5};
   std::unique_ptr<ScriptedServer> server_;
   std::unique_ptr<CQNHttpConnection> connection_;

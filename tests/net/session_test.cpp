@@ -30,13 +30,6 @@ std::string FirstLineOf(const std::string& request) {
   return request.substr(0, request.find("\r\n"));
 }
 
-std::string ReadAll(CQNInternetFile& file) {
-  std::string all;
-  char bytes[4096];
-  while (const unsigned int count = file.Read(bytes, sizeof(bytes))) all.append(bytes, count);
-  return all;
-}
-
 // --- sessions ------------------------------------------------------------------------------------
 
 TEST(Session, ANullAgentIsCalledUnknow) {

@@ -4,6 +4,7 @@
 #define QUARNFC_TESTS_NET_TEST_TEXT_H_
 
 #include <quarnfc/internet_exception.h>
+#include <quarnfc/internet_file.h>
 #include <quarnfc/qn_string.h>
 
 #include <gtest/gtest.h>
@@ -15,6 +16,14 @@
 
 inline std::string TextOf(const CQNString& text) {
   return std::string(static_cast<const char*>(text), static_cast<size_t>(text.GetLength()));
+}
+
+// What is left of a response, read in pieces of at most piece bytes.
+inline std::string ReadAll(CQNInternetFile& file, unsigned int piece = 4096) {
+  std::string all;
+  std::string bytes(piece, '\0');
+  while (const unsigned int count = file.Read(bytes.data(), piece)) all.append(bytes, 0, count);
+  return all;
 }
 
 // What an action throws: the exception's code and context, or kNothingThrown.

@@ -29,13 +29,6 @@ MemoryAnswer Redirect(const std::string& status, const std::string& location) {
   return {{"HTTP/1.1 " + status, "Location: " + location}, "moved"};
 }
 
-std::string ReadAll(CQNInternetFile& file) {
-  std::string all;
-  char bytes[100];
-  while (const unsigned int count = file.Read(bytes, sizeof(bytes))) all.append(bytes, count);
-  return all;
-}
-
 class MemoryHttp : public testing::Test {
  protected:
   std::unique_ptr<CQNHttpFile> Open(const char* verb, const char* object = "/a/b",

@@ -34,13 +34,6 @@ unsigned short PortFrom(const char* name) {
   return static_cast<unsigned short>(std::atoi(Environment(name).c_str()));
 }
 
-std::string ReadAll(CQNInternetFile& file) {
-  std::string all;
-  char bytes[65536];
-  while (const unsigned int count = file.Read(bytes, sizeof(bytes))) all.append(bytes, count);
-  return all;
-}
-
 // The checksum of a response, and its length.
 std::string Md5Of(CQNInternetFile& file, unsigned int& length) {
   Md5 md5;

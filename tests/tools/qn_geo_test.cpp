@@ -452,6 +452,14 @@ TEST(QnGeo, InfoMayComeOutAsJson) {
                         "\"equals_epsg_codes\":[2435,4526,4547],\"datum\":\"CGCS2000\"}\n"}));
 }
 
+TEST(QnGeo, WhatHasNoEndIsNullForPrograms) {
+  const TempFile sphere(
+      "GEOGCS[\"s\",DATUM[\"d\",SPHEROID[\"sphere\",6371000,0]],PRIMEM[\"Greenwich\",0],"
+      "UNIT[\"degree\",0.0174532925199433]]");
+  const std::string facts = RunGeo({"info", "--json", sphere.path()}).output;
+  EXPECT_TRUE(Holds(facts, "\"semi_major_axis\":6371000.0000,\"semi_minor_axis\":null,")) << facts;
+}
+
 TEST(QnGeo, WktIsWrittenForCodesAndNames) {
   EXPECT_EQ(RunGeo({"wkt", "4547"}).output.find("PROJCS[\"CGCS2000 / 3-degree"), 0u);
   EXPECT_EQ(RunGeo({"wkt", "wgs84"}).output.find("GEOGCS[\"WGS 84\""), 0u);

@@ -48,6 +48,21 @@ bool HasControl(const char* text) {
 
 bool IsToken(const char* verb) { return std::strpbrk(verb, " \t\"(),/:;<=>?@[\\]{}") == nullptr; }
 
+// Whether these can stand in a head: nothing in them ends a line or a word of the request line.
+bool CanBeSent(const std::string& verb, const char* referer, const std::string& types) {
+  return IsToken(verb.c_str()) && !HasControl(verb.c_str()) && !HasControl(referer) &&
+         !HasControl(types.c_str());
+}
+
+bool IsVersion10(const char* version) {
+  return version != nullptr && std::strcmp(version, "HTTP/1.0") == 0;
+}
+
+void AddGiven(Request& request, const char* referer, const std::string& types) {
+  if (referer != nullptr) request.headers.Add("Referer", referer);
+  if (!types.empty()) request.headers.Add("Accept", types);
+}
+
 DWORD AddHeaders(Request& request, const char* headers, DWORD length) {
   return request.headers.AddLines(HeaderText(headers, length),
                                   HTTP_ADDREQ_FLAG_ADD | HTTP_ADDREQ_FLAG_REPLACE);
@@ -71,21 +86,19 @@ HINTERNET HttpOpenRequestA(HINTERNET connection, const char* verb, const char* o
   if (owner == nullptr) return nullptr;
   const std::string method = verb != nullptr && *verb != '\0' ? verb : "GET";
   const std::string types = JoinTypes(acceptTypes);
-  if (HasControl(method.c_str()) || !IsToken(method.c_str()) || HasControl(referer) ||
-      HasControl(types.c_str())) {
+  if (!CanBeSent(method, referer, types)) {
     SetLastError(ERROR_INVALID_PARAMETER);
     return nullptr;
   }
   const auto request = std::make_shared<Request>(owner, context);
   request->verb = method;
   request->flags = flags;
-  request->http_1_0 = version != nullptr && std::strcmp(version, "HTTP/1.0") == 0;
+  request->http_1_0 = IsVersion10(version);
   request->settings.security_flags |= SecurityFlags(flags);
   request->target = MakeTarget((flags & INTERNET_FLAG_SECURE) != 0, owner->server, owner->port,
                                object != nullptr ? object : "");
   request->url = TextOf(request->target);
-  if (referer != nullptr) request->headers.Add("Referer", referer);
-  if (!types.empty()) request->headers.Add("Accept", types);
+  AddGiven(*request, referer, types);
   return Enter(request);
 }
 

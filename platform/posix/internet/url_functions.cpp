@@ -154,14 +154,17 @@ bool StoreAll(const UrlParts& split, URL_COMPONENTSA& parts) {
   return all;
 }
 
+// Whether a server is missing where the scheme's objects are on one.
+bool LacksServer(const UrlParts& split) {
+  return IsHierarchical(split.scheme) && (!split.has_authority || split.host.empty());
+}
+
 DWORD Crack(const std::string& url, DWORD flags, URL_COMPONENTSA& parts) {
   UrlParts split;
   if (!SplitUrl(url, split)) return ERROR_INTERNET_UNRECOGNIZED_SCHEME;
   const Scheme* scheme = FindScheme(split.scheme);
   unsigned short port = scheme != nullptr ? scheme->port : 0;
-  if (!ParsePort(split.port, port)) return ERROR_INTERNET_INVALID_URL;
-  const bool needs_host = IsHierarchical(split.scheme);
-  if (needs_host && (!split.has_authority || split.host.empty())) return ERROR_INTERNET_INVALID_URL;
+  if (!ParsePort(split.port, port) || LacksServer(split)) return ERROR_INTERNET_INVALID_URL;
   if (parts.lpszExtraInfo == nullptr) split.path += split.extra;
   if ((flags & (ICU_ESCAPE | ICU_DECODE)) != 0) split.path = QNPercentEncoding::Decode(split.path);
   if (!StoreAll(split, parts)) return ERROR_INSUFFICIENT_BUFFER;

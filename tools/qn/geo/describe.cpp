@@ -127,11 +127,18 @@ void PrintForPeople(const Facts& facts) {
   for (const Fact& fact : facts) PrintLine(Format("%-19s ", fact.label) + fact.value + fact.unit);
 }
 
+// A number without end is null: the semi-minor axis of a sphere (inverse flattening 0) is -infinity.
+std::string JsonOf(const Fact& fact) {
+  if (fact.kind == Fact::kText) return QuoteJson(fact.value);
+  const bool finite = fact.value.find_first_not_of("+-.0123456789e") == std::string::npos;
+  return finite ? fact.value : "null";
+}
+
 void PrintForPrograms(const Facts& facts) {
   std::string text;
   std::string_view open_list;
   for (const Fact& fact : facts) {
-    const std::string value = fact.kind == Fact::kText ? QuoteJson(fact.value) : fact.value;
+    const std::string value = JsonOf(fact);
     if (fact.key == open_list) {
       text.insert(text.size() - 1, "," + value);
       continue;
