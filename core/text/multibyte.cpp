@@ -93,11 +93,16 @@ std::uint64_t SwitchCase(std::uint64_t word, unsigned char first) {
   return word ^ ((from_first & ~above_last & kHighBits) >> 2);
 }
 
+std::uint64_t WordAt(const unsigned char* bytes) {
+  std::uint64_t word;
+  std::memcpy(&word, bytes, sizeof(word));
+  return word;
+}
+
 // Whether eight bytes of each text are plain and equal in lower case.
 bool AreEqualWords(const unsigned char* left, const unsigned char* right) {
-  std::uint64_t a, b;
-  std::memcpy(&a, left, 8);
-  std::memcpy(&b, right, 8);
+  const std::uint64_t a = WordAt(left);
+  const std::uint64_t b = WordAt(right);
   return ((a | b) & kHighBits) == 0 && SwitchCase(a, 'A') == SwitchCase(b, 'A');
 }
 
@@ -115,15 +120,17 @@ std::size_t EqualWords(const unsigned char* left, const unsigned char* right) {
   }
 }
 
-// Changes the case of sixty-four bytes if all are plain. Compilers make wide steps of the loops.
+// Changes the case of sixty-four bytes if all are plain. Compilers make wide steps of the loops;
+// the bytes are not taken into an array first, since wide loads wait for narrow stores in front of
+// them.
 bool SwitchCaseOfPlainBlock(unsigned char* block, unsigned char first) {
-  std::uint64_t words[kBlockSize / 8];
-  std::memcpy(words, block, kBlockSize);
   std::uint64_t all = 0;
-  for (const std::uint64_t word : words) all |= word;
+  for (std::ptrdiff_t i = 0; i < kBlockSize; i += 8) all |= WordAt(block + i);
   if ((all & kHighBits) != 0) return false;
-  for (std::uint64_t& word : words) word = SwitchCase(word, first);
-  std::memcpy(block, words, kBlockSize);
+  for (std::ptrdiff_t i = 0; i < kBlockSize; i += 8) {
+    const std::uint64_t word = SwitchCase(WordAt(block + i), first);
+    std::memcpy(block + i, &word, sizeof(word));
+  }
   return true;
 }
 
@@ -133,11 +140,9 @@ template <typename Mapping>
 unsigned char* MapUpTo(unsigned char* position, const unsigned char* stop, unsigned char* end,
                        unsigned char first, Mapping mapping) {
   while (position < stop) {
-    std::uint64_t word = kHighBits;
-    if (end - position >= 8) std::memcpy(&word, position, 8);
-    if ((word & kHighBits) == 0) {
-      word = SwitchCase(word, first);
-      std::memcpy(position, &word, 8);
+    if (end - position >= 8 && (WordAt(position) & kHighBits) == 0) {
+      const std::uint64_t word = SwitchCase(WordAt(position), first);
+      std::memcpy(position, &word, sizeof(word));
       position += 8;
       continue;
     }
