@@ -34,7 +34,7 @@ def read_run(folder):
         for entry in json.loads(path.read_text())["benchmarks"]:
             if entry.get("aggregate_name", "median") != "median":
                 continue
-            name = re.sub(r"/threads:\d+$", "", entry["run_name"])
+            name = re.sub(r"/(threads|iterations):\d+$", "", entry["run_name"])
             work, inputs, who = split_name(name)
             time = entry["real_time"] * scale[entry["time_unit"]]
             run.setdefault((work, inputs), {})[who] = entry.get("bytes", time)
@@ -65,10 +65,14 @@ def row_order(targets, rows):
     return sorted(rows, key=lambda row: (place.get(row[0], len(works)), row[0]))
 
 
-def misses(ours, best, target):
-    """Whether ours is above the target: a ratio, or a number of bytes."""
-    number, _, is_bytes = target.partition(" ")
-    return bool(target) and ours / (1 if is_bytes else best) > float(number)
+def misses(ours, peers, target):
+    """Whether ours is above the target: "1.0" times the best peer, "0.8 of PEER", or "64 B"."""
+    if not target:
+        return False
+    number, _, whose = target.partition(" ")
+    if whose == "B":
+        return ours > float(number)
+    return ours / peers.get(whose.removeprefix("of "), min(peers.values())) > float(number)
 
 
 def cells(work, times, target):
@@ -79,7 +83,7 @@ def cells(work, times, target):
     if not peers:
         return [nice(times[OURS], work), "-", "-"]
     who = min(peers, key=peers.get)
-    missed = " *" if misses(times[OURS], peers[who], target) else ""
+    missed = " *" if misses(times[OURS], peers, target) else ""
     ratio = f"{times[OURS] / peers[who]:.2f}{missed}"
     return [nice(times[OURS], work), f"{who} {nice(peers[who], work)}", ratio]
 
