@@ -4,7 +4,9 @@
 #ifndef QUARNFC_CODEC_BYTE_ORDER_H_
 #define QUARNFC_CODEC_BYTE_ORDER_H_
 
+#include <bit>
 #include <cstdint>
+#include <cstring>
 
 namespace quarnfc::codec {
 
@@ -22,8 +24,12 @@ inline std::uint32_t LoadBig32(const unsigned char* from) {
          from[3];
 }
 
+// As one word: of single bytes, compilers that see several such stores together make long detours.
 inline void StoreBig32(std::uint32_t value, unsigned char* to) {
-  for (int i = 0; i < 4; ++i) to[i] = static_cast<unsigned char>(value >> (24 - 8 * i));
+  if constexpr (std::endian::native != std::endian::big) {
+    value = value << 24 | (value & 0xFF00) << 8 | (value >> 8 & 0xFF00) | value >> 24;
+  }
+  std::memcpy(to, &value, sizeof(value));
 }
 
 inline void StoreBig64(std::uint64_t value, unsigned char* to) {

@@ -38,8 +38,7 @@ Sha256::Digest Sha256::Finish() {
   constexpr std::size_t kMarkerAndLength = 1 + 8;
   unsigned char last[2 * kBlockBytes] = {};
   const std::size_t pending = buffer_.PendingSize();
-  std::memcpy(last, buffer_.Pending(), kBlockBytes);
-  std::memset(last + pending, 0, kBlockBytes - pending);
+  std::memcpy(last, buffer_.Pending(), pending);
   last[pending] = 0x80;
   const std::size_t blocks = pending + kMarkerAndLength > kBlockBytes ? 2 : 1;
   StoreBig64(buffer_.MessageBytes() * 8, last + blocks * kBlockBytes - 8);
