@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "codec_data.h"
+#include "machine_limit.h"
 #include "row.h"
 
 namespace {
@@ -31,6 +32,8 @@ void AddCodec(const std::string& name, const std::string& input, const Bytes& da
   std::vector<Char> text;
   for (const Char* at = encoded; *at != 0; ++at) text.push_back(*at);
   qnFreeMem(encoded);
+  bench::CopyLimit(name + " encode", input, text.size() * sizeof(Char));
+  bench::CopyLimit(name + " decode", input, data.size());
   Row(name + " decode", input, kOurs, [text, decode] {
     unsigned char* bytes = nullptr;
     decode(text.data(), static_cast<unsigned int>(text.size()), &bytes);
@@ -52,6 +55,7 @@ void AddDigests(const std::string& input, const Bytes& data) {
   });
   Row("CRC-64", input, kOurs,
       [data] { qnFreeMem(QNCRC64::qnGetCRC64StrA(data.data(), Size(data))); });
+  bench::ReadLimit("CRC-64", input, data.size());
 }
 
 }  // namespace

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The codecs and digests by OpenSSL, isa-l and liblzma.
+#define OPENSSL_SUPPRESS_DEPRECATED  // the plain functions of SHA-256
 #include <isa-l/crc64.h>
 #include <lzma.h>
 #include <openssl/evp.h>
 #include <openssl/hmac.h>
+#include <openssl/sha.h>
+
+#include <cstring>
 
 #include <string>
 
@@ -30,6 +34,23 @@ void AddBase64(const std::string& input, const Bytes& data) {
   });
 }
 
+// HMAC as a program writes it that has SHA-256 alone.
+void HmacByHand(const char* key, std::size_t key_length, const Bytes& data, unsigned char* digest) {
+  unsigned char pad[SHA256_CBLOCK] = {};
+  std::memcpy(pad, key, key_length);
+  for (unsigned char& byte : pad) byte ^= 0x36;
+  SHA256_CTX context;
+  SHA256_Init(&context);
+  SHA256_Update(&context, pad, sizeof(pad));
+  SHA256_Update(&context, data.data(), data.size());
+  SHA256_Final(digest, &context);
+  for (unsigned char& byte : pad) byte ^= 0x36 ^ 0x5C;
+  SHA256_Init(&context);
+  SHA256_Update(&context, pad, sizeof(pad));
+  SHA256_Update(&context, digest, SHA256_DIGEST_LENGTH);
+  SHA256_Final(digest, &context);
+}
+
 void AddDigests(const std::string& input, const Bytes& data) {
   Row("MD5", input, "OpenSSL", [data] {
     unsigned char digest[16];
@@ -39,6 +60,11 @@ void AddDigests(const std::string& input, const Bytes& data) {
   Row("HMAC-SHA256", input, "OpenSSL", [data] {
     unsigned char digest[32];
     HMAC(EVP_sha256(), "key", 3, data.data(), data.size(), digest, nullptr);
+    Keep(digest);
+  });
+  Row("HMAC-SHA256", input, "OpenSSL's SHA-256 by hand", [data] {
+    unsigned char digest[SHA256_DIGEST_LENGTH];
+    HmacByHand("key", 3, data, digest);
     Keep(digest);
   });
   // Of another polynomial of the same length and bit order: the work is the same.

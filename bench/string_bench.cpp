@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "machine_limit.h"
 #include "row.h"
 #include "string_data.h"
 
@@ -109,6 +110,10 @@ void AddSearch(const std::string& input, const std::string& haystack, const std:
       [reverse] { Keep(reverse.ReverseFind('#')); });
   Row("string find last character in 64 kB", input, "strrchr",
       [line = '#' + haystack] { Keep(std::strrchr(Opaque(line), '#')); });
+  for (const char* work : {"string find text in 64 kB", "string find character in 64 kB",
+                           "string find last character in 64 kB"}) {
+    bench::ReadLimit(work, input, kLong);
+  }
 }
 
 void AddReplacement() {
@@ -134,6 +139,9 @@ void AddReplacement() {
     std::replace(copy.begin(), copy.end(), 'a', 'b');
     Keep(copy);
   });
+  bench::CopyLimit("string replace text in 64 kB", "hov by XY", kLong);
+  bench::CopyLimit("string replace character in 64 kB", "a by b", kLong);
+  bench::CopyLimit("string upper case of 64 kB", "ASCII", kLong);
   Row("string upper case of 64 kB", "ASCII", kOurs, [ours] {
     CQNString copy(ours);
     copy.MakeUpper();

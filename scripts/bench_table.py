@@ -5,8 +5,8 @@
 Usage: bench_table.py [--markdown] [--save FILE] [--compare FILE] TARGETS.txt TITLE=FOLDER...
 
 Each FOLDER holds what the programs of one target wrote in Google Benchmark's JSON format. A row is
-named "work|input|who"; who is QuarnFC or a peer. The medians count. --save keeps our times, and
---compare shows how they changed against times that were kept.
+named "work|input|who"; who is QuarnFC, a peer, or "limit: WHAT" for what the bytes alone cost on the
+machine. The medians count. --save keeps our times, and --compare shows how they changed against times that were kept.
 """
 import argparse
 import json
@@ -14,6 +14,7 @@ import pathlib
 import re
 
 OURS = "QuarnFC"
+LIMIT = "limit: "
 
 
 def read_targets(path):
@@ -76,22 +77,24 @@ def misses(ours, peers, target):
 
 
 def cells(work, times, target):
-    """Ours, the best peer and who that is, the ratio; a star where it misses the target."""
-    peers = {who: time for who, time in times.items() if who != OURS}
+    """Ours, the best peer and who that is, the ratio; a star where it misses the target; the limit."""
+    limits = [who for who in times if who.startswith(LIMIT)]
+    limit = f"{limits[0].removeprefix(LIMIT)} {nice(times[limits[0]], work)}" if limits else "-"
+    peers = {who: times[who] for who in times if who != OURS and who not in limits}
     if OURS not in times:
-        return ["-", "-", "-"]
+        return ["-", "-", "-", limit]
     if not peers:
-        return [nice(times[OURS], work), "-", "-"]
+        return [nice(times[OURS], work), "-", "-", limit]
     who = min(peers, key=peers.get)
     missed = " *" if misses(times[OURS], peers, target) else ""
     ratio = f"{times[OURS] / peers[who]:.2f}{missed}"
-    return [nice(times[OURS], work), f"{who} {nice(peers[who], work)}", ratio]
+    return [nice(times[OURS], work), f"{who} {nice(peers[who], work)}", ratio, limit]
 
 
 def table(targets, runs):
     head = ["work", "input", "aim"]
     for title in runs:
-        head += [f"{title}: ours", "best peer", "ratio"]
+        head += [f"{title}: ours", "best peer", "ratio", "limit"]
     rows = dict.fromkeys(row for run in runs.values() for row in run)
     lines = [head]
     for row in row_order(targets, rows):
