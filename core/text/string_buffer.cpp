@@ -175,10 +175,16 @@ void AppendBytes(char*& text, const char* source, int length) {
 }
 
 void AppendByte(char*& text, char byte) {
-  const int length = HeaderOf(text)->length;
-  if (length == kMaxLength || !HasRoom(text, length + 1)) return AppendBytes(text, &byte, 1);
-  text[length] = byte;
-  SetStringLength(text, length + 1);
+  // A store of a byte may change any pointer for all that the compiler knows: one is kept.
+  char* const bytes = text;
+  const int length = HeaderOf(bytes)->length;
+  if (length == kMaxLength || !HasRoom(bytes, length + 1)) {
+    const char source = byte;
+    return AppendBytes(text, &source, 1);
+  }
+  HeaderOf(bytes)->length = length + 1;
+  bytes[length] = byte;
+  bytes[length + 1] = '\0';
 }
 
 void Unshare(char*& text) {
