@@ -9,29 +9,14 @@ namespace {
 
 constexpr std::size_t kMostIdle = 16;
 
-// All that two exchanges on one connection must have in common. What certificates were accepted for
-// is part of it: a connection that was trusted on demand serves only those who demand the same.
-std::string NameOf(const Route& route) {
-  std::string name = route.secure ? "https\n" : "http\n";
-  for (const std::string* text : {&route.host, &route.proxy.name, &route.proxy.bypass,
-                                  &route.proxy_user, &route.proxy_password}) {
-    name += *text + '\n';
-  }
-  for (const DWORD number : {DWORD{route.port}, route.security_flags, route.proxy.access_type}) {
-    name += std::to_string(number) + '\n';
-  }
-  return name;
-}
-
 }  // namespace
 
 CurlLine CurlPool::Take(const Route& route) {
   static const CURLcode ready = curl_global_init(CURL_GLOBAL_DEFAULT);
-  std::string name = NameOf(route);
   {
     const std::lock_guard lock(mutex_);
     const auto found = std::find_if(idle_.begin(), idle_.end(),
-                                    [&](const CurlLine& line) { return line.route == name; });
+                                    [&](const CurlLine& line) { return line.route == route; });
     if (found != idle_.end()) {
       CurlLine line = std::move(*found);
       idle_.erase(found);
@@ -44,7 +29,7 @@ CurlLine CurlPool::Take(const Route& route) {
     line.easy.reset(curl_easy_init());
     line.multi.reset(curl_multi_init());
   }
-  line.route = std::move(name);
+  line.route = route;
   return line;
 }
 

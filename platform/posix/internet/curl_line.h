@@ -8,7 +8,6 @@
 #include <list>
 #include <memory>
 #include <mutex>
-#include <string>
 
 #include "platform/posix/internet/curl_signals.h"
 #include "platform/posix/internet/transport.h"
@@ -30,7 +29,7 @@ struct MultiCloser {
 struct CurlLine {
   std::unique_ptr<CURL, EasyCloser> easy;
   std::unique_ptr<CURLM, MultiCloser> multi;
-  std::string route;
+  Route route;
 };
 
 // The idle lines of a session.

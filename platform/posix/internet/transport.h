@@ -19,9 +19,12 @@ struct Proxy {
   DWORD access_type = 0;  // one of INTERNET_OPEN_TYPE_
   std::string name;       // "host:port", of INTERNET_OPEN_TYPE_PROXY
   std::string bypass;     // hosts that are reached directly, separated by spaces or commas
+
+  bool operator==(const Proxy&) const = default;
 };
 
-// Requests with equal routes may share a connection.
+// Requests with equal routes may share a connection. What certificates are accepted for is part of
+// it: a connection that was trusted on demand serves only those who demand the same.
 struct Route {
   bool secure = false;
   std::string host;
@@ -30,6 +33,8 @@ struct Route {
   Proxy proxy;
   std::string proxy_user;
   std::string proxy_password;
+
+  bool operator==(const Route&) const = default;
 };
 
 enum class BodyKind { kNone, kLength, kChunked };
