@@ -22,7 +22,7 @@
 namespace quarnfc::codec::folding {
 namespace {
 
-constexpr std::size_t kBlockBytes = 16;
+inline constexpr std::size_t kBlockBytes = 16;
 
 // One power of x more, modulo P.
 constexpr std::uint64_t TimesX(std::uint64_t value) {
@@ -56,20 +56,20 @@ __m128i Factors() {
 }
 
 // The value in the low half.
-__m128i Low(std::uint64_t value) { return _mm_cvtsi64_si128(static_cast<long long>(value)); }
+inline __m128i Low(std::uint64_t value) { return _mm_cvtsi64_si128(static_cast<long long>(value)); }
 
-__m128i LoadBlock(const unsigned char* data) {
+inline __m128i LoadBlock(const unsigned char* data) {
   return _mm_loadu_si128(reinterpret_cast<const __m128i*>(data));
 }
 
-__m128i Moved(__m128i block, __m128i factors) {
+inline __m128i Moved(__m128i block, __m128i factors) {
   return _mm_xor_si128(_mm_clmulepi64_si128(block, factors, 0x00),
                        _mm_clmulepi64_si128(block, factors, 0x11));
 }
 
 // The remainder of a block with eight zero bytes behind it: L is moved there, then P is taken off
 // as often as the quotient says (Barrett's reduction).
-std::uint64_t Remainder(__m128i block) {
+inline std::uint64_t Remainder(__m128i block) {
   constexpr std::uint64_t kToEnd = PowerOfX(127);
   constexpr std::uint64_t kQuotient = Quotient();
   const __m128i to_end = Low(kToEnd);
@@ -85,7 +85,7 @@ std::uint64_t Remainder(__m128i block) {
 }
 
 // Goes on from a block that holds the message so far, through whole blocks, then bytes.
-std::uint64_t Finish(__m128i block, const unsigned char* data, std::size_t size) {
+inline std::uint64_t Finish(__m128i block, const unsigned char* data, std::size_t size) {
   const __m128i factors = Factors<kBlockBytes>();
   for (; size >= kBlockBytes; size -= kBlockBytes, data += kBlockBytes) {
     block = _mm_xor_si128(Moved(block, factors), LoadBlock(data));

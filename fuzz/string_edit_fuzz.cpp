@@ -13,7 +13,8 @@ constexpr int kMaxLength = 100000;
 
 void Edit(CQNString& text, fuzz::Input& input) {
   const int code = input.Byte();
-  const int position = static_cast<signed char>(input.Byte());
+  const int place = input.Byte();
+  const int position = place < 128 ? place : place - 256;
   const std::string first = input.Text();
   const std::string second = input.Text();
   const char ch = first.empty() ? ' ' : first[0];

@@ -6,6 +6,8 @@
 #include <quarnfc/string_utils.h>
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -24,6 +26,9 @@ constexpr int kMaxBrackets = 2000;
 
 // --- the tree -----------------------------------------------------------------------------------
 
+// Tells zeros of either sign apart.
+std::uint64_t BitsOf(double number) { return std::bit_cast<std::uint64_t>(number); }
+
 void ExpectEqual(const quarnfc::geo::CWKTDef& node, const Node& expected);
 
 void ExpectEqual(const quarnfc::geo::CWKTDefValue& value, const Node& expected) {
@@ -34,8 +39,7 @@ void ExpectEqual(const quarnfc::geo::CWKTDefValue& value, const Node& expected) 
   }
   fuzz::Expect(static_cast<int>(value.Kind()) == static_cast<int>(expected.kind) + 1);
   fuzz::Expect(fuzz::BytesOf(value.Text()) == expected.text);
-  const double number = value.Number();
-  fuzz::Expect(std::memcmp(&number, &expected.number, sizeof(number)) == 0);
+  fuzz::Expect(BitsOf(value.Number()) == BitsOf(expected.number));
 }
 
 void ExpectEqual(const quarnfc::geo::CWKTDef& node, const Node& expected) {
@@ -133,7 +137,10 @@ std::string SetFromWkt(const std::string& text, std::size_t buffer_size, System&
 
 template <class System>
 void ExpectEqual(const System& system, const System& expected) {
-  fuzz::Expect(std::memcmp(&system, &expected, sizeof(system)) == 0);
+  // Whole objects: their layouts have no gaps that could differ by chance.
+  const void* const bytes = &system;
+  const void* const expected_bytes = &expected;
+  fuzz::Expect(std::memcmp(bytes, expected_bytes, sizeof(system)) == 0);
 }
 
 // The text as it comes back from UTF-16: broken characters are question marks.

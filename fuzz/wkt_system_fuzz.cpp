@@ -56,7 +56,7 @@ std::string PlainValue(const std::string& text) { return std::to_string(text.siz
 std::string Canonical(const std::vector<Token>& tokens, std::size_t& at, int depth) {
   constexpr int kDeepest = 32;
   if (at == tokens.size() || depth > kDeepest) return "";
-  const Token token = tokens[at++];
+  const Token& token = tokens[at++];
   const char open = at < tokens.size() ? tokens[at].kind : '\0';
   if (token.kind == 'q') return PlainValue(token.text);
   if (token.kind != 'w') return "";

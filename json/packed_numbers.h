@@ -13,6 +13,7 @@
 
 namespace quarnfc::json {
 
+// NOLINTNEXTLINE(bugprone-sizeof-expression): the pointer's size is meant
 static_assert(sizeof(CMyJsonValue*) == sizeof(double), "a slot holds a pointer or a number");
 
 inline double NumberIn(CMyJsonValue* slot) { return std::bit_cast<double>(slot); }

@@ -98,16 +98,18 @@ inline void FreeNode(void* node, std::size_t size) noexcept {
 template <class Item>
 struct NodeAllocator {
   using value_type = Item;
+  // NOLINTNEXTLINE(bugprone-sizeof-expression): an item may be a pointer
+  static constexpr std::size_t kItemBytes = sizeof(Item);
 
   NodeAllocator() = default;
   template <class Other>
   NodeAllocator(const NodeAllocator<Other>& /*other*/) {}
 
   Item* allocate(std::size_t count) {
-    if (count > PTRDIFF_MAX / sizeof(Item)) throw std::bad_alloc();
-    return static_cast<Item*>(AllocNode(count * sizeof(Item)));
+    if (count > PTRDIFF_MAX / kItemBytes) throw std::bad_alloc();
+    return static_cast<Item*>(AllocNode(count * kItemBytes));
   }
-  void deallocate(Item* items, std::size_t count) { FreeNode(items, count * sizeof(Item)); }
+  void deallocate(Item* items, std::size_t count) { FreeNode(items, count * kItemBytes); }
 
   friend bool operator==(const NodeAllocator& /*left*/, const NodeAllocator& /*right*/) {
     return true;

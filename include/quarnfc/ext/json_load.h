@@ -135,14 +135,14 @@ class JsonModelBuilder {
     Value value;
     if (done.object != nullptr) {
       value = std::make_unique<CMyJsonValue>(done.object.get());
-      done.object.release();
+      (void)done.object.release();
     } else {
       std::vector<CMyJsonValue*> elements;
       elements.reserve(done.elements.size());
       for (const Value& element : done.elements) elements.push_back(element.get());
       value =
           std::make_unique<CMyJsonValue>(elements.data(), static_cast<int>(done.elements.size()));
-      for (Value& element : done.elements) element.release();
+      for (Value& element : done.elements) (void)element.release();
     }
     Put(std::move(value), done.key);
   }
@@ -153,7 +153,7 @@ class JsonModelBuilder {
       root_ = std::move(value);
     } else if (open_.back().object != nullptr) {
       open_.back().object->AddItem(key.c_str(), value.get());
-      value.release();
+      (void)value.release();
     } else {
       open_.back().elements.push_back(std::move(value));
     }

@@ -197,8 +197,10 @@ inline std::string WriteAngle(double angle, int decimals, std::string_view degre
 inline bool FromPackedAngle(double packed, double& angle) {
   if (!(std::fabs(packed) <= detail::kLargestAngle)) return false;
   const auto digits = static_cast<long long>(std::llround(std::fabs(packed) * 1e9));
-  const auto degrees = static_cast<double>(digits / 1000000000);
-  const auto minutes = static_cast<double>(digits / 10000000 % 100);
+  const long long whole_degrees = digits / 1000000000;
+  const long long whole_minutes = digits / 10000000 % 100;
+  const auto degrees = static_cast<double>(whole_degrees);
+  const auto minutes = static_cast<double>(whole_minutes);
   const double seconds = static_cast<double>(digits % 10000000) / 1e5;
   if (!(minutes < 60 && seconds < 60)) return false;
   const double magnitude = degrees + minutes / 60.0 + seconds / 3600.0;

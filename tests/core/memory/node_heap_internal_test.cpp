@@ -147,6 +147,7 @@ TEST(NodeHeapThreads, ThreadsExchangeNodesWithoutMixingThemUp) {
   std::vector<std::vector<Node>> given(kThreads);
   for (int round = 0; round < 10; ++round) {
     std::vector<std::thread> threads;
+    threads.reserve(kThreads);
     std::vector<char> intact(kThreads);
     for (int i = 0; i < kThreads; ++i) {
       threads.emplace_back([&, i] {

@@ -16,6 +16,7 @@ TEST(SpinLockThreads, OneThreadAtATimeIsInside) {
   SpinLock lock;
   int count = 0;
   std::vector<std::thread> threads;
+  threads.reserve(4);
   for (int i = 0; i < 4; ++i) {
     threads.emplace_back([&] {
       for (int round = 0; round < 5000; ++round) {
