@@ -239,10 +239,10 @@ class QN_API CMyJsonValue {
   // Inserts value itself, which passes to this array on success and stays the caller's on refusal.
   // It must not be owned by a tree already: detach it there first (RemoveFromArr(index, false)).
   // This array itself is refused, and so is one that it is an element of; what stands further above
-  // must not be passed. An array value gives up its elements as AddToArr takes copies of them, and is
-  // itself destroyed. When such a call stops part-way, the elements moved so far are in both arrays,
-  // deliberately: detach them from one of the two with RemoveFromArr(index, false) before either is
-  // destroyed.
+  // must not be passed. An array value gives up its elements as AddToArr takes copies of them, and
+  // is itself destroyed. When such a call stops part-way, the elements moved so far are in both
+  // arrays, deliberately: detach them from one of the two with RemoveFromArr(index, false) before
+  // either is destroyed.
   bool MoveToArr(CMyJsonValue* value, int pos);
 
   // Inserts a new object value that takes over obj itself on success; on refusal it stays the

@@ -127,7 +127,8 @@ void PrintForPeople(const Facts& facts) {
   for (const Fact& fact : facts) PrintLine(Format("%-19s ", fact.label) + fact.value + fact.unit);
 }
 
-// A number without end is null: the semi-minor axis of a sphere (inverse flattening 0) is -infinity.
+// A number without end is null: the semi-minor axis of a sphere (inverse flattening 0) is
+// -infinity.
 std::string JsonOf(const Fact& fact) {
   if (fact.kind == Fact::kText) return QuoteJson(fact.value);
   const bool finite = fact.value.find_first_not_of("+-.0123456789e") == std::string::npos;
