@@ -28,7 +28,7 @@ if [ "${1:-}" = --checks ]; then
     clang-format clang-tidy shellcheck pmccabe valgrind libclang-rt-14-dev gcovr
     libbenchmark-dev rapidjson-dev nlohmann-json3-dev
     # The build with the Microsoft C++ ABI; its sources of libc++ are unpacked.
-    clang-19 lld-19 llvm-19 libc++-19-dev xz-utils
+    clang-19 clang-tools-19 lld-19 llvm-19 libc++-19-dev xz-utils
   )
 fi
 
