@@ -28,7 +28,7 @@ Failure TakeFailure(unsigned long long handle) {
 
 }  // namespace quarnfc::c
 
-int qncInterfaceVersion(void) { return 3; }
+int qncInterfaceVersion(void) { return 4; }
 
 int qncErrorCode(const CQNObject* error) {
   return error == nullptr ? QNC_ERROR_NONE : static_cast<int>(error->GetErrorCode());

@@ -3,9 +3,12 @@
 #ifndef QUARNFC_C_GEODESY_HANDLE_H_
 #define QUARNFC_C_GEODESY_HANDLE_H_
 
-#include <quarnfc/c/geodesy.h>
+#include <quarnfc/c/transverse_mercator.h>
+#include <quarnfc/ext/datum_shift.h>
 #include <quarnfc/geographic.h>
 #include <quarnfc/projected.h>
+
+#include <optional>
 
 #include "c/guarded.h"
 #include "c/text.h"
@@ -26,6 +29,27 @@ inline QncGeographic* NewHandle(const CQNGeoCoordinateSystem& system) {
 
 inline QncProjected* NewHandle(const CQNProCoordinateSystem& system) {
   return reinterpret_cast<QncProjected*>(new CQNProCoordinateSystem(system));
+}
+
+inline ext::Ellipsoid EllipsoidOf(const QncGeographic* handle) {
+  const CQNGeoCoordinateSystem& system = SystemOf(handle);
+  return {system.GetSemiMajorAxis(), system.GetInverseFlattening()};
+}
+
+inline QncGeographic* NewHandle(const ext::Ellipsoid& ellipsoid) {
+  return NewHandle(CQNGeoCoordinateSystem(ellipsoid.semi_major_axis, ellipsoid.inverse_flattening));
+}
+
+// A convention of the interface; nothing for another number.
+inline std::optional<ext::RotationConvention> ConventionOf(int convention) {
+  switch (convention) {
+    case QNC_POSITION_VECTOR:
+      return ext::RotationConvention::kPositionVector;
+    case QNC_COORDINATE_FRAME:
+      return ext::RotationConvention::kCoordinateFrame;
+    default:
+      return std::nullopt;
+  }
 }
 
 // The system of a text.
@@ -49,8 +73,8 @@ inline void Store(double* target, double value) {
 }
 
 // Calls convert(from, to) for every point of size doubles; 0 when an array is null.
-template <int size, class Convert>
-int ForEachPoint(const double* from, double* to, size_t count, const Convert& convert) {
+template <int size, class Target, class Convert>
+int ForEachPoint(const double* from, Target* to, size_t count, const Convert& convert) {
   if (from == nullptr || to == nullptr) return 0;
   for (size_t i = 0; i < count; ++i, from += size, to += size) convert(from, to);
   return 1;

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <quarnfc/c/transverse_mercator.h>
 #include <quarnfc/ext/official_systems.h>
 #include <quarnfc/ext/transverse_mercator.h>
 
@@ -11,13 +10,12 @@ struct QncTransverseMercator {
 
 namespace {
 
+using quarnfc::c::EllipsoidOf;
 using quarnfc::c::Failure;
 using quarnfc::c::ForEachPoint;
 using quarnfc::c::GuardedNew;
 using quarnfc::c::NewHandle;
 using quarnfc::c::Store;
-using quarnfc::c::SystemOf;
-using quarnfc::ext::Ellipsoid;
 using quarnfc::ext::OfficialSystem;
 using quarnfc::ext::SystemKind;
 using quarnfc::ext::TransverseMercator;
@@ -38,11 +36,7 @@ QncTransverseMercator* FromEpsg(int code) {
 }  // namespace
 
 QncGeographic* qncGeographicFromEpsg(int code, CQNObject** error) {
-  return GuardedNew(error, [=] {
-    const Ellipsoid ellipsoid = SystemOfCode(code).ellipsoid;
-    return NewHandle(
-        CQNGeoCoordinateSystem(ellipsoid.semi_major_axis, ellipsoid.inverse_flattening));
-  });
+  return GuardedNew(error, [=] { return NewHandle(SystemOfCode(code).ellipsoid); });
 }
 
 QncTransverseMercator* qncTransverseMercatorFromEpsg(int code, CQNObject** error) {
@@ -54,10 +48,8 @@ QncTransverseMercator* qncTransverseMercatorNew(const QncGeographic* geographic,
                                                 double false_easting, double false_northing,
                                                 double scale_factor, CQNObject** error) {
   return GuardedNew(error, [=] {
-    const auto& system = SystemOf(geographic);
-    const Ellipsoid ellipsoid{system.GetSemiMajorAxis(), system.GetInverseFlattening()};
     return new QncTransverseMercator{TransverseMercator(
-        ellipsoid,
+        EllipsoidOf(geographic),
         {central_meridian, latitude_of_origin, false_easting, false_northing, scale_factor})};
   });
 }

@@ -25,6 +25,10 @@ double qncCentralMeridian(int zone, int width) {
   return IsWidth(width) ? quarnfc::ext::CentralMeridian(zone, ZoneWidth{width}) : std::nan("");
 }
 
+int qncBestZone(double west, double east, int width) {
+  return IsWidth(width) ? quarnfc::ext::BestZone(west, east, ZoneWidth{width}) : 0;
+}
+
 int qncUtmZone(double longitude, double latitude) {
   return quarnfc::ext::UtmZone(longitude, latitude);
 }

@@ -225,6 +225,8 @@ public static class QuarnNative
     // --- Zones ---
     [DllImport(Dll)] public static extern int qncGaussZone(double longitude, int width);
     [DllImport(Dll)] public static extern double qncCentralMeridian(int zone, int width);
+    [DllImport(Dll)]
+    public static extern int qncBestZone(double west, double east, int width);
     [DllImport(Dll)] public static extern int qncUtmZone(double longitude, double latitude);
     [DllImport(Dll)] public static extern double qncPrefixEasting(int zone, double easting);
     [DllImport(Dll)]
@@ -259,6 +261,45 @@ public static class QuarnNative
     [DllImport(Dll)]
     public static extern int qncShiftDatumBack(IntPtr fromSystem, IntPtr toSystem,
         double[] parameters, int convention, double[] from, double[] to, UIntPtr count);
+
+    // --- Similarities, estimation of parameters (null for what is not wanted) ---
+    [DllImport(Dll)]
+    public static extern int qncApplySimilarity(double[] parameters, double[] from, double[] to,
+        UIntPtr count);
+    [DllImport(Dll)]
+    public static extern int qncApplySimilarityBack(double[] parameters, double[] from, double[] to,
+        UIntPtr count);
+    [DllImport(Dll)]
+    public static extern int qncEstimateSimilarity(double[] from, double[] to, UIntPtr count,
+        double[] parameters, double[] residuals, out double standardDeviation, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncEstimateHelmert(double[] from, double[] to, UIntPtr count,
+        int convention, double[] parameters, double[] residuals, out double standardDeviation,
+        double[] parameterDeviations, out IntPtr error);
+
+    // --- Height planes ---
+    [DllImport(Dll)] public static extern double qncMeanRadius(IntPtr system, double latitude);
+    [DllImport(Dll)]
+    public static extern double qncCombinedScale(double pointScale, double height, double radius);
+    [DllImport(Dll)]
+    public static extern double qncDeformation(double pointScale, double height, double radius);
+    [DllImport(Dll)]
+    public static extern double qncCompensationHeight(double groundHeight, double offset,
+        double radius);
+    [DllImport(Dll)]
+    public static extern double qncCompensatedOffset(double groundHeight, double planeHeight,
+        double radius);
+    [DllImport(Dll)]
+    public static extern IntPtr qncGeographicRaised(IntPtr system, double height, double latitude,
+        out IntPtr error);
+
+    // --- Angles as text ---
+    [DllImport(Dll)] public static extern int qncReadAngle(byte[] text, out double angle);
+    [DllImport(Dll)]
+    public static extern IntPtr qncWriteAngle(double angle, int decimals, byte[] degreeSign,
+        out IntPtr error);
+    [DllImport(Dll)] public static extern int qncFromPackedAngle(double packed, out double angle);
+    [DllImport(Dll)] public static extern double qncToPackedAngle(double angle);
 }
 
 // A failure of the library: its code and its message.

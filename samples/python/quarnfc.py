@@ -131,6 +131,7 @@ FUNCTIONS = {
     "qncHttpHeader": (_BUFFER, [_HANDLE, _TEXT, _ERROR]),
     "qncGaussZone": (_INT, [_DOUBLE, _INT]),
     "qncCentralMeridian": (_DOUBLE, [_INT, _INT]),
+    "qncBestZone": (_INT, [_DOUBLE, _DOUBLE, _INT]),
     "qncUtmZone": (_INT, [_DOUBLE, _DOUBLE]),
     "qncPrefixEasting": (_DOUBLE, [_INT, _DOUBLE]),
     "qncSplitEasting": (_INT, [_DOUBLE, _INT_OUT, _DOUBLES, _INT_OUT]),
@@ -146,6 +147,22 @@ FUNCTIONS = {
     "qncTransverseMercatorScale": (_INT, [_HANDLE, _DOUBLES, _DOUBLES, _SIZE]),
     "qncShiftDatum": (_INT, [_HANDLE, _HANDLE, _DOUBLES, _INT, _DOUBLES, _DOUBLES, _SIZE]),
     "qncShiftDatumBack": (_INT, [_HANDLE, _HANDLE, _DOUBLES, _INT, _DOUBLES, _DOUBLES, _SIZE]),
+    "qncApplySimilarity": (_INT, [_DOUBLES, _DOUBLES, _DOUBLES, _SIZE]),
+    "qncApplySimilarityBack": (_INT, [_DOUBLES, _DOUBLES, _DOUBLES, _SIZE]),
+    "qncEstimateSimilarity": (
+        _INT, [_DOUBLES, _DOUBLES, _SIZE, _DOUBLES, _DOUBLES, _DOUBLES, _ERROR]),
+    "qncEstimateHelmert": (
+        _INT, [_DOUBLES, _DOUBLES, _SIZE, _INT, _DOUBLES, _DOUBLES, _DOUBLES, _DOUBLES, _ERROR]),
+    "qncMeanRadius": (_DOUBLE, [_HANDLE, _DOUBLE]),
+    "qncCombinedScale": (_DOUBLE, [_DOUBLE, _DOUBLE, _DOUBLE]),
+    "qncDeformation": (_DOUBLE, [_DOUBLE, _DOUBLE, _DOUBLE]),
+    "qncCompensationHeight": (_DOUBLE, [_DOUBLE, _DOUBLE, _DOUBLE]),
+    "qncCompensatedOffset": (_DOUBLE, [_DOUBLE, _DOUBLE, _DOUBLE]),
+    "qncGeographicRaised": (_HANDLE, [_HANDLE, _DOUBLE, _DOUBLE, _ERROR]),
+    "qncReadAngle": (_INT, [_TEXT, _DOUBLES]),
+    "qncWriteAngle": (_BUFFER, [_DOUBLE, _INT, _TEXT, _ERROR]),
+    "qncFromPackedAngle": (_INT, [_DOUBLE, _DOUBLES]),
+    "qncToPackedAngle": (_DOUBLE, [_DOUBLE]),
 }
 
 

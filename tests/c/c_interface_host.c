@@ -25,7 +25,7 @@ static int Says(char* text, const char* expected) {
 }
 
 static void Versions(void) {
-  CHECK(qncInterfaceVersion() == 3);
+  CHECK(qncInterfaceVersion() == 4);
   CHECK(qnGetVersion() == QUARNFC_VERSION_NUMBER);
 }
 

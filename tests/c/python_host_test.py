@@ -99,6 +99,28 @@ class Additions(unittest.TestCase):
             self.assertAlmostEqual(lon, lon2, places=9)
             self.assertAlmostEqual(lat, lat2, places=9)
 
+    def test_similarity_of_points_and_its_residuals(self):
+        doubles = ctypes.c_double * 6
+        source = doubles(0, 0, 100, 0, 0, 100)
+        target = doubles(10, 20, 110, 20, 10, 120)
+        parameters = (ctypes.c_double * 4)()
+        residuals = doubles()
+        library.call("qncEstimateSimilarity", source, target, 3, parameters, residuals, None)
+        for found, expected in zip(parameters, (10, 20, 1, 0)):
+            self.assertAlmostEqual(found, expected, places=9)
+        self.assertLess(max(map(abs, residuals)), 1e-9)
+        with self.assertRaises(QuarnError) as raised:
+            library.call("qncEstimateSimilarity", source, target, 1, parameters, None, None)
+        self.assertEqual(raised.exception.code, 5)
+
+    def test_angles_go_both_ways(self):
+        angle = ctypes.c_double()
+        self.assertEqual(library.qncReadAngle("114°03'27.36\"E".encode(), angle), 1)
+        self.assertAlmostEqual(angle.value, 114.0576, places=12)
+        text = library.call("qncWriteAngle", angle, 2, None)
+        self.assertEqual(ctypes.string_at(text), b"114d03'27.36\"")
+        library.qnFreeMem(text)
+
     def test_csv_with_semicolons_is_read_as_pythons_own_reader_does(self):
         text = 'a;"b;\n""c"""\n1;2\n'
         csv_text = library.call("qncCsvTextFromMemory", text.encode(), len(text), b";")

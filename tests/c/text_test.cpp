@@ -72,4 +72,4 @@ TEST(CInterfaceErrors, NullHandleHasNoCodeAndNoMessage) {
   EXPECT_EQ(qncErrorMessage(nullptr), nullptr);
 }
 
-TEST(CInterface, TellsItsVersion) { EXPECT_EQ(qncInterfaceVersion(), 3); }
+TEST(CInterface, TellsItsVersion) { EXPECT_EQ(qncInterfaceVersion(), 4); }

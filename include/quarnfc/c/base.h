@@ -32,7 +32,7 @@ enum {
   QNC_ERROR_ARGUMENT = 87     /* an argument is null, or out of its range */
 };
 
-/* The version of this interface: 3. It grows when functions are added; functions that are there
+/* The version of this interface: 4. It grows when functions are added; functions that are there
  * stay as they are. */
 QN_PLAIN_API int qncInterfaceVersion(void);
 

@@ -35,6 +35,7 @@
 #ifndef QUARNFC_C_QUARNFC_H_
 #define QUARNFC_C_QUARNFC_H_
 
+#include <quarnfc/c/angles.h>
 #include <quarnfc/c/base.h>
 #include <quarnfc/c/codec.h>
 #include <quarnfc/c/csv.h>
@@ -43,9 +44,11 @@
 #include <quarnfc/c/encoded_text.h>
 #include <quarnfc/c/files.h>
 #include <quarnfc/c/geodesy.h>
+#include <quarnfc/c/height_plane.h>
 #include <quarnfc/c/http.h>
 #include <quarnfc/c/json.h>
 #include <quarnfc/c/json_text.h>
+#include <quarnfc/c/parameter_estimation.h>
 #include <quarnfc/c/transverse_mercator.h>
 #include <quarnfc/c/zones.h>
 

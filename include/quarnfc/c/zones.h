@@ -8,6 +8,7 @@
  *
  * Example:
  *   qncGaussZone(114.3055, 3);           // == 38
+ *   qncBestZone(113.0, 114.6, 3);        // == 38
  *   qncCentralMeridian(38, 3);           // == 114.0
  *   qncPrefixEasting(38, 529283.25);     // == 38529283.25
  */
@@ -23,6 +24,11 @@ QN_PLAIN_API int qncGaussZone(double longitude, int width);
 /* The central meridian of a zone in degrees, above -180 and at most 180; not-a-number for another
  * width and for a zone that there is none. */
 QN_PLAIN_API double qncCentralMeridian(int zone, int width);
+
+/* The zone whose central meridian is nearest to the middle of an extent from west to east (degrees;
+ * east below west spans the meridian of 180 degrees): no other zone keeps its farthest point
+ * nearer. 0 for another width and for what is no number. */
+QN_PLAIN_API int qncBestZone(double west, double east, int width);
 
 /* The UTM zone of a position in degrees, 1 to 60, with the exceptions of Norway and Svalbard;
  * negative on the southern hemisphere, as qncProjectedFromUtmZone takes it. 0 outside the latitudes
