@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <quarnfc/ext/official_systems.h>
-#include <quarnfc/ext/transverse_mercator.h>
 
 #include "c/geodesy_handle.h"
-
-struct QncTransverseMercator {
-  quarnfc::ext::TransverseMercator projection;
-};
+#include "c/transverse_mercator_handle.h"
 
 namespace {
 

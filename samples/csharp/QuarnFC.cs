@@ -262,6 +262,22 @@ public static class QuarnNative
     public static extern int qncShiftDatumBack(IntPtr fromSystem, IntPtr toSystem,
         double[] parameters, int convention, double[] from, double[] to, UIntPtr count);
 
+    // --- Well-Known Text of other programs (borrowed texts: Marshal.PtrToStringUTF8) ---
+    [DllImport(Dll)] public static extern IntPtr qncWktSystemRead(byte[] wkt, out IntPtr error);
+    [DllImport(Dll)] public static extern void qncWktSystemFree(IntPtr system);
+    [DllImport(Dll)] public static extern int qncWktSystemKind(IntPtr system);
+    [DllImport(Dll)] public static extern IntPtr qncWktSystemName(IntPtr system);
+    [DllImport(Dll)] public static extern IntPtr qncWktSystemDatum(IntPtr system);
+    [DllImport(Dll)] public static extern double qncWktSystemUnit(IntPtr system);
+    [DllImport(Dll)] public static extern int qncWktSystemIsNorthFirst(IntPtr system);
+    [DllImport(Dll)] public static extern int qncWktSystemNotHonouredCount(IntPtr system);
+    [DllImport(Dll)]
+    public static extern IntPtr qncWktSystemNotHonoured(IntPtr system, int index);
+    [DllImport(Dll)]
+    public static extern IntPtr qncWktSystemGeographic(IntPtr system, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncWktSystemTransverseMercator(IntPtr system, out IntPtr error);
+
     // --- Similarities, estimation of parameters (null for what is not wanted) ---
     [DllImport(Dll)]
     public static extern int qncApplySimilarity(double[] parameters, double[] from, double[] to,

@@ -50,6 +50,7 @@
 #include <quarnfc/c/json_text.h>
 #include <quarnfc/c/parameter_estimation.h>
 #include <quarnfc/c/transverse_mercator.h>
+#include <quarnfc/c/wkt_system.h>
 #include <quarnfc/c/zones.h>
 
 #endif /* QUARNFC_C_QUARNFC_H_ */
