@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <quarnfc/c/json_text.h>
+// Reading strict JSON text.
 #include <quarnfc/ext/json_text.h>
-#include <quarnfc/ext/json_text_edit.h>
 
 #include <cstring>
 #include <memory>
@@ -11,15 +10,13 @@
 
 #include "c/guarded.h"
 #include "c/json_refused.h"
+#include "c/json_text_handle.h"
 #include "c/text.h"
-
-struct QncJsonText {
-  quarnfc::ext::JsonText text;
-};
 
 namespace {
 
-using quarnfc::c::Failure;
+using quarnfc::c::Find;
+using quarnfc::c::Found;
 using quarnfc::c::Given;
 using quarnfc::c::Guarded;
 using quarnfc::c::GuardedNew;
@@ -35,15 +32,6 @@ QncJsonText* Parse(std::string_view text, size_t* offset) {
   if (document->text.Parse(std::string(text), &error)) return document.release();
   if (offset != nullptr) *offset = error.offset;
   throw RefusedText(error);
-}
-
-std::optional<JsonTextNode> Find(const QncJsonText* document, const char* pointer) {
-  return Given(document)->text.Root().Find(Given(pointer));
-}
-
-JsonTextNode Found(const QncJsonText* document, const char* pointer) {
-  if (const auto node = Find(document, pointer)) return *node;
-  throw Failure(QNC_ERROR_NOT_FOUND, "Quarn: there is no value at the pointer");
 }
 
 int TypeOf(JsonKind kind) {
@@ -70,18 +58,6 @@ char* NewString(const JsonTextNode& node, size_t* size) {
   const std::string text = node.String();
   if (size != nullptr) *size = text.size();
   return NewText(text);
-}
-
-int Replace(QncJsonText* document, const char* pointer, const char* json) {
-  const JsonTextNode place = Found(document, pointer);
-  quarnfc::ext::JsonText replacement;
-  JsonTextError error;
-  if (!replacement.Parse(Given(json), &error)) throw RefusedText(error);
-  const auto edit = quarnfc::ext::ReplaceJsonValue(place, json);
-  std::string text = quarnfc::ext::ApplyJsonEdits(document->text.Text(), {edit});
-  // Refused only when it has become too deep or too long.
-  if (!document->text.Parse(std::move(text), &error)) throw RefusedText(error);
-  return 1;
 }
 
 }  // namespace
@@ -126,9 +102,4 @@ int qncJsonTextNumber(const QncJsonText* document, const char* pointer, double* 
     *Given(number) = value;
     return 1;
   });
-}
-
-int qncJsonTextReplace(QncJsonText* document, const char* pointer, const char* json,
-                       CQNObject** error) {
-  return Guarded(error, 0, [=] { return Replace(document, pointer, json); });
 }

@@ -178,6 +178,11 @@ public static class QuarnNative
     [DllImport(Dll)]
     public static extern int qncJsonTextReplace(IntPtr document, byte[] pointer, byte[] json,
         out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncJsonTextAdd(IntPtr document, byte[] pointer, byte[] json,
+        out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncJsonTextRemove(IntPtr document, byte[] pointer, out IntPtr error);
 
     // --- CSV with options ---
     [DllImport(Dll)]

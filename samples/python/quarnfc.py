@@ -109,6 +109,8 @@ FUNCTIONS = {
     "qncJsonTextString": (_BUFFER, [_HANDLE, _TEXT, _SIZE_OUT, _ERROR]),
     "qncJsonTextNumber": (_INT, [_HANDLE, _TEXT, _DOUBLES]),
     "qncJsonTextReplace": (_INT, [_HANDLE, _TEXT, _TEXT, _ERROR]),
+    "qncJsonTextAdd": (_INT, [_HANDLE, _TEXT, _TEXT, _ERROR]),
+    "qncJsonTextRemove": (_INT, [_HANDLE, _TEXT, _ERROR]),
     "qncCsvTextOpen": (_HANDLE, [_TEXT, ctypes.c_char, _ERROR]),
     "qncCsvTextFromMemory": (_HANDLE, [_TEXT, _SIZE, ctypes.c_char, _ERROR]),
     "qncCsvTextClose": (None, [_HANDLE]),

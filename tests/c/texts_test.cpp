@@ -99,6 +99,83 @@ TEST(CInterfaceJsonText, EditChangesTheBytesOfOneValueAlone) {
   EXPECT_EQ(Taken(qncJsonTextSource(json.get(), "/port", nullptr)), "9090");
 }
 
+TEST(CInterfaceJsonText, AddedValuesGoWherePointersLead) {
+  struct Case {
+    const char* pointer;
+    const char* expected;
+  };
+  const Case cases[] = {
+      {"/c", "{\"a\": [1.50, 2], \"b\": {}, \"c\": true}"},
+      {"/~1~0", "{\"a\": [1.50, 2], \"b\": {}, \"/~\": true}"},
+      {"/b/", "{\"a\": [1.50, 2], \"b\": {\"\": true}}"},
+      {"/b", "{\"a\": [1.50, 2], \"b\": true}"},
+      {"/a/0", "{\"a\": [true, 1.50, 2], \"b\": {}}"},
+      {"/a/1", "{\"a\": [1.50, true, 2], \"b\": {}}"},
+      {"/a/2", "{\"a\": [1.50, 2, true], \"b\": {}}"},
+      {"/a/-", "{\"a\": [1.50, 2, true], \"b\": {}}"},
+      {"", "true"},
+  };
+  for (const Case& c : cases) {
+    const Json json = Parsed("{\"a\": [1.50, 2], \"b\": {}}");
+    EXPECT_EQ(qncJsonTextAdd(json.get(), c.pointer, "true", nullptr), 1) << c.pointer;
+    EXPECT_EQ(Taken(qncJsonTextWrite(json.get(), nullptr)), c.expected) << c.pointer;
+  }
+}
+
+TEST(CInterfaceJsonText, RemovedValuesTakeOneCommaWithThem) {
+  struct Case {
+    const char* pointer;
+    const char* expected;
+  };
+  const Case cases[] = {{"/a", "{\"b\": 1e2 , \"c\": [1, 2]}"},
+                        {"/b", "{\"a\": 0 , \"c\": [1, 2], \"a\": 3}"},
+                        {"/c/0", "{\"a\": 0, \"b\": 1e2 , \"c\": [2], \"a\": 3}"},
+                        {"/c/1", "{\"a\": 0, \"b\": 1e2 , \"c\": [1], \"a\": 3}"}};
+  for (const Case& c : cases) {
+    const Json json = Parsed("{\"a\": 0, \"b\": 1e2 , \"c\": [1, 2], \"a\": 3}");
+    EXPECT_EQ(qncJsonTextRemove(json.get(), c.pointer, nullptr), 1) << c.pointer;
+    EXPECT_EQ(Taken(qncJsonTextWrite(json.get(), nullptr)), c.expected) << c.pointer;
+  }
+}
+
+TEST(CInterfaceJsonText, RefusedEditsLeaveTheDocumentAsItIs) {
+  const std::string text = "{\"a\": [1, 2], \"b\": 0}";
+  const Json json = Parsed(text);
+  const auto added = [&](const char* pointer, const char* value) {
+    Error error;
+    EXPECT_EQ(qncJsonTextAdd(json.get(), pointer, value, error.Out()), 0);
+    return error.Text();
+  };
+  const std::string missing = "2: Quarn: there is no value at the pointer";
+  const std::string no_place = "2: Quarn: the pointer leads to no place in an object or array";
+  EXPECT_EQ(added("/x/y", "1"), missing);
+  EXPECT_EQ(added("/a/3", "1"), no_place);
+  EXPECT_EQ(added("/a/01", "1"), no_place);
+  EXPECT_EQ(added("/a/x", "1"), no_place);
+  EXPECT_EQ(added("/b/x", "1"), no_place);
+  EXPECT_EQ(added("a", "1"), "87: Quarn: the text is no JSON pointer");
+  EXPECT_EQ(added("/~2", "1"), "87: Quarn: the text is no JSON pointer");
+  EXPECT_EQ(added("/c", "[1,]"), "5: Quarn: line 1, column 4: a value is expected");
+  EXPECT_EQ(added("/\xFF", "1"), "5: Quarn: the key is not UTF-8");
+  EXPECT_EQ(added(nullptr, "1"), "87: Quarn: an argument is null");
+  EXPECT_EQ(added("/c", nullptr), "87: Quarn: an argument is null");
+  const auto removed = [&](const char* pointer) {
+    Error error;
+    EXPECT_EQ(qncJsonTextRemove(json.get(), pointer, error.Out()), 0);
+    return error.Text();
+  };
+  EXPECT_EQ(removed("/x"), missing);
+  EXPECT_EQ(removed("/a/2"), missing);
+  EXPECT_EQ(removed("/a/-"), missing);
+  EXPECT_EQ(removed("/b/x"), missing);
+  EXPECT_EQ(removed(""), "87: Quarn: the whole document cannot be removed");
+  EXPECT_EQ(removed("a"), "87: Quarn: the text is no JSON pointer");
+  EXPECT_EQ(removed(nullptr), "87: Quarn: an argument is null");
+  EXPECT_EQ(Taken(qncJsonTextWrite(json.get(), nullptr)), text);
+  EXPECT_EQ(qncJsonTextAdd(nullptr, "/a", "1", nullptr), 0);
+  EXPECT_EQ(qncJsonTextRemove(nullptr, "/a", nullptr), 0);
+}
+
 TEST(CInterfaceJsonText, RefusedTextTellsPlaceAndReason) {
   Error error;
   size_t offset = 0;

@@ -57,6 +57,21 @@ TEST(JsonTextEdit, NewItemsTakeTheLayoutOfTheLast) {
   EXPECT_EQ(Appended("[ 1 , 2 ]", nullptr, "3"), "[ 1 , 2, 3 ]");
 }
 
+TEST(JsonTextEdit, InsertedElementsTakeTheLayoutOfTheOthers) {
+  const auto inserted = [](const std::string& text, std::size_t index) {
+    const JsonText json = Parsed(text);
+    std::string result = ApplyJsonEdits(text, {InsertJsonElement(json, json.Root(), index, "9")});
+    Parsed(result);
+    return result;
+  };
+  EXPECT_EQ(inserted("[1,2]", 0), "[9,1,2]");
+  EXPECT_EQ(inserted("[ 1, 2 ]", 1), "[ 1, 9, 2 ]");
+  EXPECT_EQ(inserted("[\n  1,\n  [2]\n]", 1), "[\n  1,\n  9,\n  [2]\n]");
+  EXPECT_EQ(inserted("[\r\n\t1\r\n]", 0), "[\r\n\t9,\r\n\t1\r\n]");
+  EXPECT_EQ(inserted("[1, 2]", 2), "[1, 2, 9]");
+  EXPECT_EQ(inserted("[]", 0), "[9]");
+}
+
 TEST(JsonTextEdit, RemovedItemsTakeOneCommaWithThem) {
   const std::string text = "{\n  \"a\": 1,\n  \"b\": 2,\n  \"c\": 3\n}";
   EXPECT_EQ(Removed(text, {0}), "{\n  \"b\": 2,\n  \"c\": 3\n}");

@@ -5,14 +5,14 @@
  * text has to fit into the code page.
  *
  * Pointers are those of RFC 6901: "" is the whole document, "/a/0" the first element of its member
- * a;
- * "~1" stands for "/" and "~0" for "~". Of a key that occurs again the last one counts.
+ * a; "~1" stands for "/" and "~0" for "~". Of a key that occurs again the last one counts.
  *
  * Example:
  *   QncJsonText* document = qncJsonTextParse("{\"port\": 1.50}", 14, NULL, NULL);
  *   qncJsonTextReplace(document, "/port", "9090", NULL);    // == 1
+ *   qncJsonTextAdd(document, "/hosts", "[]", NULL);         // == 1
  *   char* text = qncJsonTextWrite(document, NULL);
- *   text;                                                   // == "{\"port\": 9090}"
+ *   text;    // == "{\"port\": 9090, \"hosts\": []}"
  *   qnFreeMem(text);
  *   qncJsonTextFree(document);
  */
@@ -59,5 +59,19 @@ QN_PLAIN_API int qncJsonTextNumber(const QncJsonText* document, const char* poin
  * stays. 1, or 0, with the document unchanged, when there is no such value or json is refused. */
 QN_PLAIN_API int qncJsonTextReplace(QncJsonText* document, const char* pointer, const char* json,
                                     CQNObject** error);
+
+/* Adds json, itself a strict JSON text, where pointer leads, as RFC 6902 has it: the value of a new
+ * key of an object; in an array an element before the one at an index, or behind the last at the
+ * count and at "-". The value of a key that is there, and the whole document, are replaced. The
+ * item takes the layout of those beside it; every other byte stays. 1, or 0, with the document
+ * unchanged, when there is no object or array that pointer leads into, an index is beyond the
+ * count, or json is refused. */
+QN_PLAIN_API int qncJsonTextAdd(QncJsonText* document, const char* pointer, const char* json,
+                                CQNObject** error);
+
+/* Removes the member or element at pointer with one comma; of a key that occurs again every one.
+ * Every other byte stays. 1, or 0, with the document unchanged, when there is no such value, and
+ * for the whole document. */
+QN_PLAIN_API int qncJsonTextRemove(QncJsonText* document, const char* pointer, CQNObject** error);
 
 #endif /* QUARNFC_C_JSON_TEXT_H_ */

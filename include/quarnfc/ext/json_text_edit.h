@@ -126,6 +126,14 @@ inline JsonEdit AppendJsonItems(
   return {place, place, std::move(text)};
 }
 
+// Inserts a value before the element at an index of an array; behind the last where there is none.
+inline JsonEdit InsertJsonElement(const JsonText& json, const JsonTextNode& array,
+                                  std::size_t index, std::string value) {
+  const std::optional<JsonTextNode> next = array.Element(index);
+  if (!next) return AppendJsonItems(json, array, {{std::nullopt, std::move(value)}});
+  return {next->Begin(), next->Begin(), std::move(value) + "," + LayoutOf(json, array).lead};
+}
+
 // Removes the items of a container that `removed` names by their index, each with one comma.
 // Nothing stays between the brackets when it names them all.
 template <class Predicate>
