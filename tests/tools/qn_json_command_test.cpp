@@ -389,6 +389,47 @@ TEST(QnJsonGet, NumbersAndEscapesAreRight) {
 #endif
 }
 
+TEST(QnJsonGet, NumbersAreAsShortAsTheyReadBack) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"1.50", "1.5"},
+      {"1.0", "1"},
+      {"100", "100"},
+      {"100000.0", "100000"},
+      {"1e2", "100"},
+      {"1E+2", "100"},
+      {"12345e-2", "123.45"},
+      {"0.10e1", "1"},
+      {"-0.50", "-0.5"},
+      {"0.0", "0"},
+      {"-0.0e5", "-0"},
+      {"114.30550", "114.3055"},
+      {"38500000.000", "38500000"},
+      // Nothing gets longer than it is.
+      {"1e5", "1e5"},
+      {"1.0e5", "1e5"},
+      {"1E-20", "1e-20"},
+      {"12e10", "12e10"},
+      {"0.00000001", "0.00000001"},
+      {"5.00e-324", "5e-324"},
+      // No digit is lost, whether a double holds it or not.
+      {"9007199254740993", "9007199254740993"},
+      {"9007199254740993.0", "9007199254740993"},
+      {"12345678901234567890", "12345678901234567890"},
+      {"0.1000000000000000055511151231257827", "0.1000000000000000055511151231257827"},
+      {"1e400", "1e400"},
+      {"1.0e99999999999", "1.0e99999999999"},
+      {"0e99999999999", "0e99999999999"},
+  };
+  for (const auto& [spelled, shown] : cases) {
+    const TempFile file("{\"n\": " + std::string(spelled) + "}");
+    EXPECT_EQ(RunJson({"get", file.path(), "n"}).output, std::string(shown) + "\n");
+    EXPECT_EQ(RunJson({"get", "-c", file.path(), ""}).output,
+              "{\"n\":" + std::string(shown) + "}\n");
+    EXPECT_EQ(RunJson({"format", "-c", file.path()}).output,
+              "{\"n\":" + std::string(spelled) + "}\n");
+  }
+}
+
 TEST(QnJsonGet, CaseCountsUnlessIgnored) {
   const TempFile file(kSettings);
   EXPECT_EQ(RunJson({"get", file.path(), "SERVER\\Port"}).code, qn::kFailure);

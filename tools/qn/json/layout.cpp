@@ -3,6 +3,8 @@
 
 #include <vector>
 
+#include "qn/json/short_number.h"
+
 namespace qn {
 namespace {
 
@@ -14,8 +16,9 @@ bool IsContainer(const JsonTextNode& node) { return node.IsObject() || node.IsAr
 // Containers that are open lie on a stack of its own: no depth exhausts the thread's.
 class Writer {
  public:
-  Writer(JsonStyle style, std::size_t spaces)
+  Writer(JsonStyle style, std::size_t spaces, JsonNumbers numbers)
       : style_(style),
+        numbers_(numbers),
         unit_(style == JsonStyle::kLibrary ? "\t" : std::string(spaces, ' ')),
         line_end_(style == JsonStyle::kLibrary ? "\r\n" : "\n") {}
 
@@ -49,18 +52,23 @@ class Writer {
 
   // A scalar, or a container that lies too deep, whole; of any other the opening bracket.
   void Put(const JsonTextNode& node) {
-    if (!IsContainer(node)) {
-      text_ += node.Source();
-      return;
-    }
+    if (!IsContainer(node)) return PutScalar(node);
     if (style_ != JsonStyle::kCompact && open_.size() == kDeepestIndentedLevel) {
-      text_ += LayOutJson(node, JsonStyle::kCompact);
+      text_ += LayOutJson(node, JsonStyle::kCompact, 0, numbers_);
       return;
     }
     text_ += node.IsObject() ? '{' : '[';
     const JsonItems items = node.Items();
     open_.push_back({node, items.begin(), items.end()});
     if (style_ == JsonStyle::kLibrary && node.IsObject()) text_ += line_end_;
+  }
+
+  void PutScalar(const JsonTextNode& node) {
+    if (numbers_ == JsonNumbers::kShort && node.IsNumber()) {
+      text_ += ShortNumber(node.Source());
+    } else {
+      text_ += node.Source();
+    }
   }
 
   void Indent(std::size_t levels) {
@@ -115,6 +123,7 @@ class Writer {
   }
 
   const JsonStyle style_;
+  const JsonNumbers numbers_;
   const std::string unit_;
   const std::string line_end_;
   std::string outer_;
@@ -124,8 +133,9 @@ class Writer {
 
 }  // namespace
 
-std::string LayOutJson(const JsonTextNode& root, JsonStyle style, std::size_t spaces) {
-  return Writer(style, spaces).Write(root);
+std::string LayOutJson(const JsonTextNode& root, JsonStyle style, std::size_t spaces,
+                       JsonNumbers numbers) {
+  return Writer(style, spaces, numbers).Write(root);
 }
 
 }  // namespace qn

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// JSON written anew: only blanks change, every scalar keeps its spelling.
+// JSON written anew: only blanks change, and the spelling of numbers where that is asked for.
 #ifndef QN_JSON_LAYOUT_H_
 #define QN_JSON_LAYOUT_H_
 
@@ -19,8 +19,13 @@ enum class JsonStyle {
 // grow with the square of the depth.
 inline constexpr std::size_t kDeepestIndentedLevel = 100;
 
+enum class JsonNumbers {
+  kAsSpelled,
+  kShort,  // as ShortNumber writes them
+};
+
 std::string LayOutJson(const quarnfc::ext::JsonTextNode& root, JsonStyle style,
-                       std::size_t spaces = 2);
+                       std::size_t spaces = 2, JsonNumbers numbers = JsonNumbers::kAsSpelled);
 
 }  // namespace qn
 

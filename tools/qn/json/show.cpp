@@ -23,11 +23,12 @@ constexpr OptionSpec kIndentOption = {"indent", '\0', Takes::kValue};
 constexpr OptionSpec kPathOption = {"path", 'p', Takes::kValue};
 constexpr std::size_t kMostFiles = 100'000;
 
-std::string LaidOut(const JsonTextNode& node, const Options& options) {
-  if (options.Has("compact")) return LayOutJson(node, JsonStyle::kCompact);
-  if (!options.Has("indent")) return LayOutJson(node, JsonStyle::kLibrary);
-  return LayOutJson(node, JsonStyle::kSpaces,
-                    static_cast<std::size_t>(options.Number("indent", 2, 0, 16)));
+std::string LaidOut(const JsonTextNode& node, const Options& options, JsonNumbers numbers) {
+  const auto spaces = static_cast<std::size_t>(options.Number("indent", 2, 0, 16));
+  const JsonStyle style = options.Has("compact")  ? JsonStyle::kCompact
+                          : options.Has("indent") ? JsonStyle::kSpaces
+                                                  : JsonStyle::kLibrary;
+  return LayOutJson(node, style, spaces, numbers);
 }
 
 // The encoding to be written when the user has named one.
@@ -99,7 +100,7 @@ int RunFormat(Arguments arguments) {
                                     kOutputOption});
   options.ExpectPositional(1, 1);
   JsonDocument document(options.Positional()[0], EncodingFrom(options));
-  const std::string text = LaidOut(document.Root(), options);
+  const std::string text = LaidOut(document.Root(), options, JsonNumbers::kAsSpelled);
   const std::optional<Encoding> encoding = TargetEncoding(options);
   if (!options.Has("output") && !encoding) {
     PrintLine(text);
@@ -116,7 +117,9 @@ int RunGet(Arguments arguments) {
       arguments,
       {kIgnoreCaseOption, kPathOption, kCompactOption, kIndentOption, {"json"}, kEncodingOption});
   return ShowEach(options, 2, [&options](const JsonTextNode& value) {
-    PrintLine(value.IsString() && !options.Has("json") ? value.String() : LaidOut(value, options));
+    PrintLine(value.IsString() && !options.Has("json")
+                  ? value.String()
+                  : LaidOut(value, options, JsonNumbers::kShort));
   });
 }
 
