@@ -68,8 +68,23 @@ TEST(CsvText, QuotedFieldThatDoesNotEndIsAnError) {
   EXPECT_EQ(read.error, "line 2: a quoted field is not closed");
 }
 
-TEST(CsvText, RowWithoutEndIsAnErrorAndNoDanger) {
-  const Read read = ReadAll("a\n" + std::string(CsvTextReader::kLongestRow + 10, 'x'), 1 << 20);
+TEST(CsvText, RowsReachTheirStatedLengthAndNoFurther) {
+  constexpr std::size_t kLongest = CsvTextReader::kLongestRow;
+  const std::string longest(kLongest, 'x');
+  const Read read = ReadAll(longest + "\n" + longest + "x\nlast\n", 1 << 20);
+  ASSERT_EQ(read.rows.size(), 1u);
+  EXPECT_EQ(read.rows[0].source.size(), kLongest);
+  EXPECT_EQ(read.error, "line 2: the row is too long");
+}
+
+// Blanks in front, a quoted field, what is ignored behind it, and fields without anything.
+TEST(CsvText, EveryByteOfARowCountsForItsLength) {
+  constexpr std::size_t kQuarter = CsvTextReader::kLongestRow / 4;
+  std::string empty_fields(kQuarter, ' ');
+  for (std::size_t i = 0; i < kQuarter; i += 1000) empty_fields[i] = ',';
+  const std::string row = std::string(kQuarter, ' ') + '"' + std::string(kQuarter, 'x') + '"' +
+                          std::string(kQuarter, 'y') + empty_fields;
+  const Read read = ReadAll("a\n" + row + "\nlast\n", 1 << 20);
   EXPECT_EQ(read.rows.size(), 1u);
   EXPECT_EQ(read.error, "line 2: the row is too long");
 }

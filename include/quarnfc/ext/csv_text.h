@@ -51,7 +51,8 @@ class CsvTextReader {
   // Gives the next piece of the text, and "" at its end.
   using Source = std::function<std::string()>;
 
-  // A field may have so many bytes: a quote that is never closed must not swallow a file.
+  // A row may have so many bytes, a CR at its end included: a quote that is never closed must not
+  // swallow a file, nor a text without line ends the memory.
   static constexpr std::size_t kLongestRow = 16 * 1024 * 1024;
 
   explicit CsvTextReader(Source source, char delimiter = ',')
@@ -84,8 +85,11 @@ class CsvTextReader {
 
   void Take(CsvTextRow& row) { row.source += piece_[at_++]; }
 
-  bool AtRowEnd() { return AtEnd() || Peek() == '\n'; }
-  bool AtFieldEnd() { return AtRowEnd() || Peek() == delimiter_; }
+  static bool IsTooLong(const CsvTextRow& row) { return row.source.size() > kLongestRow; }
+
+  // Of a row that is too long nothing more is taken.
+  bool AtRowEnd(const CsvTextRow& row) { return IsTooLong(row) || AtEnd() || Peek() == '\n'; }
+  bool AtFieldEnd(const CsvTextRow& row) { return AtRowEnd(row) || Peek() == delimiter_; }
 
   bool ReadRow(CsvTextRow& row) {
     row.fields.clear();
@@ -93,24 +97,25 @@ class CsvTextReader {
     row.line = line_;
     for (bool more = true; more;) {
       row.fields.emplace_back();
-      if (!ReadField(row)) return Fail(row);
-      more = !AtRowEnd();
+      if (!ReadField(row)) return Fail(row, "a quoted field is not closed");
+      more = !AtRowEnd(row);
       if (more) Take(row);
     }
+    if (IsTooLong(row)) return Fail(row, "the row is too long");
     if (!AtEnd()) ++at_;
     ++line_;
     DropCarriageReturn(row);
     return true;
   }
 
+  // False when a quoted field is not closed.
   bool ReadField(CsvTextRow& row) {
-    while (!AtFieldEnd() && (Peek() == ' ' || Peek() == '\t')) Take(row);
-    last_quoted_ = !AtFieldEnd() && Peek() == '"';
+    while (!AtFieldEnd(row) && (Peek() == ' ' || Peek() == '\t')) Take(row);
+    last_quoted_ = !AtFieldEnd(row) && Peek() == '"';
     if (last_quoted_) return ReadQuoted(row);
-    while (!AtFieldEnd()) {
+    while (!AtFieldEnd(row)) {
       row.fields.back() += Peek();
       Take(row);
-      if (row.source.size() > kLongestRow) return false;
     }
     return true;
   }
@@ -118,7 +123,7 @@ class CsvTextReader {
   bool ReadQuoted(CsvTextRow& row) {
     Take(row);
     for (;;) {
-      if (AtEnd() || row.source.size() > kLongestRow) return false;
+      if (AtEnd() || IsTooLong(row)) return false;
       const char ch = Peek();
       Take(row);
       if (ch == '\n') ++line_;
@@ -128,7 +133,7 @@ class CsvTextReader {
       }
       row.fields.back() += ch;
     }
-    while (!AtFieldEnd()) Take(row);
+    while (!AtFieldEnd(row)) Take(row);
     return true;
   }
 
@@ -139,10 +144,8 @@ class CsvTextReader {
     if (!last_quoted_) row.fields.back().pop_back();
   }
 
-  bool Fail(const CsvTextRow& row) {
-    const bool quoted = row.source.find('"') != std::string::npos;
-    error_ = "line " + std::to_string(row.line) +
-             (quoted ? ": a quoted field is not closed" : ": the row is too long");
+  bool Fail(const CsvTextRow& row, const char* why) {
+    error_ = "line " + std::to_string(row.line) + ": " + why;
     return false;
   }
 
