@@ -6,7 +6,8 @@
  * handle does not consume it: close every handle once. One thread at a time uses a handle.
  *
  * Text is 8-bit in the process ANSI code page where a name ends in A or says nothing, UTF-16 where
- * it ends in W (wchar_t has 16 bits on every target).
+ * it ends in W (wchar_t has 16 bits: off Windows with the compile option -fshort-wchar, which a
+ * host that calls no such function can do without).
  *
  * Implemented in core/objects/error.cpp and core/text/path_join.cpp.
  *
@@ -37,8 +38,14 @@ typedef struct CQNObject CQNObject;
  * have one. An object without one reads as the empty text. */
 QN_PLAIN_API char* qnGetErrorA(const CQNObject* handle, unsigned int* code);
 
-/* The same with the message as UTF-16. */
+/* The same with the message as UTF-16. Where wchar_t is wider than that, a call does not compile.
+ */
+#if defined(__WCHAR_MAX__) && __WCHAR_MAX__ > 0xFFFF
+QN_PLAIN_API wchar_t* qnGetErrorW(const CQNObject* handle, unsigned int* code)
+    __attribute__((error("compile with -fshort-wchar, as QuarnFC::QuarnFC asks")));
+#else
 QN_PLAIN_API wchar_t* qnGetErrorW(const CQNObject* handle, unsigned int* code);
+#endif
 
 /* Releases an error handle, which is not used again; null is ignored. */
 QN_PLAIN_API void qnCloseHandle(CQNObject* handle);
