@@ -236,6 +236,21 @@ TEST(HttpCall, TakesNoBodyAboveTheLimit) {
   EXPECT_EQ(HttpGet(fitting.Url("/"), options).body, "0123456789");
 }
 
+TEST(HttpCall, TakesBodiesUpToTheLimitWhetherTheirLengthIsAnnouncedOrNot) {
+  HttpCallOptions options;
+  options.largest = 1000;
+  for (const std::size_t size : {999u, 1000u, 1001u}) {
+    const std::string body(size, 'x');
+    ScriptedServer announced(HttpResponse(body));
+    ScriptedServer streamed(Sends("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + body));
+    for (const ScriptedServer* server : {&announced, &streamed}) {
+      const auto response = HttpGet(server->Url("/"), options);
+      EXPECT_EQ(response.failure, size <= 1000 ? HttpFailure::kNone : HttpFailure::kTooLarge);
+      EXPECT_TRUE(size > 1000 || response.body == body) << size;
+    }
+  }
+}
+
 TEST(HttpCall, ReportsProgressUpToTheAnnouncedLength) {
   ScriptedServer server(HttpResponse(std::string(100000, 'x')));
   unsigned __int64 last = 0;

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -107,6 +108,29 @@ TEST(Sexagesimal, AnglesAreWrittenWithTwoDigitsAndCarries) {
             "03'27.5\"");
   EXPECT_EQ(WriteAngle(std::nan(""), 2), "");
   EXPECT_EQ(WriteAngle(1e300, 2), "");
+}
+
+TEST(Sexagesimal, AnglesReachAMillionDegreesAndNoFurther) {
+  const double above = std::nextafter(1e6, 2e6);
+  for (const double sign : {1.0, -1.0}) {
+    double angle = 77.0;
+    for (const double magnitude : {std::nextafter(1e6, 0), 1e6}) {
+      EXPECT_EQ(WriteAngle(sign * magnitude, 0), sign < 0 ? "-1000000d00'00\"" : "1000000d00'00\"");
+      EXPECT_NEAR(ToPackedAngle(sign * magnitude), sign * 1e6, 1e-6);
+    }
+    EXPECT_TRUE(FromPackedAngle(sign * 1e6, angle));
+    EXPECT_EQ(angle, sign * 1e6);
+    EXPECT_EQ(WriteAngle(sign * above, 0), "");
+    EXPECT_TRUE(std::isnan(ToPackedAngle(sign * above)));
+    EXPECT_FALSE(FromPackedAngle(sign * above, angle));
+  }
+}
+
+TEST(Sexagesimal, DecimalsAreThoseFromZeroToNine) {
+  const std::pair<int, const char*> cases[] = {
+      {-1, "1d30'00\""},         {0, "1d30'00\""},           {1, "1d30'00.0\""},
+      {8, "1d30'00.00000000\""}, {9, "1d30'00.000000000\""}, {10, "1d30'00.000000000\""}};
+  for (const auto& [decimals, text] : cases) EXPECT_EQ(WriteAngle(1.5, decimals), text);
 }
 
 TEST(Sexagesimal, WhatIsWrittenReadsBack) {

@@ -55,6 +55,17 @@ TEST(WktText, NumbersAreReadWholeOrNotAtAll) {
   }
 }
 
+TEST(WktText, ListsStandUpToThirtyTwoDeep) {
+  for (const int depth : {31, 32, 33}) {
+    std::string text;
+    for (int i = 0; i < depth; ++i) text += "A[";
+    text += "1" + std::string(static_cast<std::size_t>(depth), ']');
+    WktNode root;
+    std::string error;
+    EXPECT_EQ(ParseWkt(text, root, error), depth <= 32) << depth << ": " << error;
+  }
+}
+
 TEST(WktText, WhatIsNoWktSaysWhy) {
   std::string deep;
   for (int i = 0; i < 100000; ++i) deep += "A[";

@@ -93,6 +93,25 @@ TEST(CsvLines, LineOfTheBufferSizeFailsWithItsMessage) {
   }
 }
 
+// Up to 409,600 bytes a file is read whole, and its line may be as long; a larger one is read
+// through a buffer, where the line feed has to fit as well.
+TEST(CsvLines, AFileOfOneLineIsReadUpToTheBufferSize) {
+  const struct {
+    std::size_t length;
+    const char* end;
+    bool read;
+  } cases[] = {{kBuffer - 1, "", true},      {kBuffer, "", true},       {kBuffer + 1, "", false},
+               {kBuffer - 2, "\n", true},    {kBuffer - 1, "\n", true}, {kBuffer, "\n", false},
+               {kBuffer - 1, "\nb\n", true}, {kBuffer, "\nb\n", false}};
+  for (const auto& c : cases) {
+    const std::string line(c.length, 'x');
+    CsvFile file(line + c.end);
+    EXPECT_EQ(file.Opened(), c.read) << c.length << c.end;
+    EXPECT_EQ(Header(file.Reader()), c.read ? Row{line} : Row{}) << c.length << c.end;
+    EXPECT_EQ(Message(file.Reader()), c.read ? u"" : kTooLong) << c.length << c.end;
+  }
+}
+
 TEST(CsvLines, HeaderOfTheBufferSizeKeepsTheLengthMessage) {
   CsvFile file(std::string(kBuffer + 1, 'x'));
   EXPECT_FALSE(file.Opened());

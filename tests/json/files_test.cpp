@@ -204,8 +204,10 @@ TEST(JsonFiles, FilesOfLessThanElevenBytesAreRefused) {
 
 TEST(JsonFiles, FilesOfMoreThanFiftyMebibytesAreRefused) {
   const TestFile file("quarnfc_files_test.json", "{\"abcd\":1} ");
-  std::filesystem::resize_file(file.Path(), 52428800);
-  for (const Function& reader : kReaders) Succeed(reader, file.Path());
+  for (const std::uintmax_t length : {52428799, 52428800}) {
+    std::filesystem::resize_file(file.Path(), length);
+    for (const Function& reader : kReaders) Succeed(reader, file.Path());
+  }
   std::filesystem::resize_file(file.Path(), 52428801);
   ExpectInvalidLength(file);
 }

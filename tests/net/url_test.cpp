@@ -32,6 +32,10 @@ Parsed ParseEx(const char* url, DWORD flags) {
   return parsed;
 }
 
+Parsed Plain(const std::string& url) { return Parse(url.c_str()); }
+
+Parsed Extended(const std::string& url) { return ParseEx(url.c_str(), ICU_BROWSER_MODE); }
+
 TEST(Url, SplitsIntoServiceServerObjectAndPort) {
   const struct {
     const char* url;
@@ -244,6 +248,35 @@ TEST(Url, PartsBeyondTheirLengthFail) {
   const Parsed parsed = Parse(("http://" + host + "/p").c_str());
   EXPECT_EQ(parsed.result, 1);
   EXPECT_EQ(TextOf(parsed.server), host);
+}
+
+// Each part one byte below the length that the header states, at it, and one byte above.
+TEST(Url, PartsReachTheirStatedLengthAndNoFurther) {
+  const struct {
+    const char* before;
+    const char* after;
+    CQNString Parsed::*part;
+    std::size_t longest;
+    Parsed (*parse)(const std::string& url);
+  } cases[] = {
+      {"http://h", "/p", &Parsed::server, 2083, Plain},
+      {"http://h/", "", &Parsed::object, 2083, Plain},
+      {"http://h", "/p", &Parsed::server, 255, Extended},
+      {"http://h/", "", &Parsed::object, 2047, Extended},
+      {"http://u", ":secret@h/p", &Parsed::user, 127, Extended},
+      {"http://u:s", "@h/p", &Parsed::password, 127, Extended},
+  };
+  for (const auto& c : cases) {
+    for (const std::size_t length : {c.longest - 1, c.longest, c.longest + 1}) {
+      // The part begins with the last byte in front of what is filled in.
+      const std::string filling(length - 1, 'x');
+      const Parsed parsed = c.parse(c.before + filling + c.after);
+      EXPECT_EQ(parsed.result, length <= c.longest ? 1 : 0) << c.before << " " << length;
+      if (length > c.longest) continue;
+      const std::string first(1, std::string(c.before).back());
+      EXPECT_EQ(TextOf(parsed.*c.part), first + filling) << c.before << " " << length;
+    }
+  }
 }
 
 TEST(Url, HostileUrlsFailOrParseSafely) {

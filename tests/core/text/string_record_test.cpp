@@ -106,6 +106,21 @@ TEST(StringRecord, AcceptsCountsFrom1To10240) {
   EXPECT_EQ(Bytes(text), std::string(10239, 'x'));
 }
 
+// The longest text that reads back has 10,239 bytes; a longer one is written whole all the same.
+TEST(StringRecord, WritesTextsOfAnyLengthAndReadsThemUpToTheLargestCount) {
+  for (const int length : {10238, 10239, 10240}) {
+    BinaryFile file;
+    WriteString(file, CQNString('x', length));
+    EXPECT_EQ(file.Content().size(), static_cast<std::size_t>(length) + 5) << length;
+    file.Rewind();
+    CQNString text("old");
+    const bool fits = length <= 10239;
+    EXPECT_EQ(ReadString(file, text), fits) << length;
+    EXPECT_EQ(Bytes(text), fits ? std::string(static_cast<std::size_t>(length), 'x') : "old");
+    EXPECT_EQ(file.Position(), fits ? length + 5 : 4) << length;
+  }
+}
+
 TEST(StringRecord, OtherCountsFailAfterTheFourCountBytes) {
   for (const std::string& count :
        {"\x01\x28\0\0"s, "\0\0\0\0"s, "\xFF\xFF\xFF\xFF"s, "\x01\0\0\x80"s, "\0\0\x01\0"s}) {
