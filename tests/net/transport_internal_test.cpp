@@ -272,6 +272,21 @@ TEST(ChunkReader, RefusesWrongFraming) {
   }
 }
 
+TEST(ChunkReader, HoldsLinesUpToTheirStatedLength) {
+  for (const std::size_t length : {4095u, 4096u, 4097u}) {
+    ChunkReader reader;
+    const auto ignore = [](std::string_view) { return 0u; };
+    const std::string line = "1;" + std::string(length - 2, 'x');
+    EXPECT_EQ(reader.Take(line, ignore), 0u);
+    EXPECT_EQ(reader.Take("\r\n", ignore), length <= 4096 ? 0u : 87u) << length;
+  }
+}
+
+TEST(ChunkReader, HandsOnTheErrorOfItsSink) {
+  ChunkReader reader;
+  EXPECT_EQ(reader.Take("3\r\nabc", [](std::string_view) { return 12030u; }), 12030u);
+}
+
 TEST(CookieStore, FollowDomainPathSecurityAndTime) {
   const struct {
     const char* set_by;
@@ -317,6 +332,23 @@ TEST(CookieStore, HostsNeitherSeeNorSetCookiesForServersOnly) {
   EXPECT_TRUE(TheCookies().Set(target, "s=2; HttpOnly", CookieOrigin::kServer));
   EXPECT_EQ(TheCookies().HeaderFor(target), "s=2");
   EXPECT_EQ(TheCookies().TextFor(target), "");
+}
+
+TEST(CookieStore, HoldsCookiesUpToTheirStatedLengthAndNumber) {
+  Target target;
+  ASSERT_EQ(ParseTarget("http://many.test/", target), 0u);
+  CookieStore store;
+  for (const std::size_t length : {4095u, 4096u, 4097u}) {
+    const std::string cookie = "n=" + std::string(length - 2, 'v');
+    EXPECT_EQ(store.Set(target, cookie, CookieOrigin::kServer), length <= 4096) << length;
+  }
+  for (int i = 1; i < 3000; ++i) {
+    ASSERT_TRUE(store.Set(target, std::to_string(i) + "=v", CookieOrigin::kServer)) << i;
+  }
+  EXPECT_FALSE(store.Set(target, "3000=v", CookieOrigin::kServer));
+  EXPECT_TRUE(store.Set(target, "1=other", CookieOrigin::kServer));
+  EXPECT_TRUE(store.Set(target, "1=v; max-age=0", CookieOrigin::kServer));
+  EXPECT_TRUE(store.Set(target, "3000=v", CookieOrigin::kServer));
 }
 
 TEST(HttpDate, ReadsTheThreeFormsAndRefusesWhatIsNone) {
