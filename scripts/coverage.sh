@@ -67,7 +67,7 @@ whole() {
   build_preset coverage
   forget
   run_programs coverage '*' quarnfc_tests quarnfc_internal_tests quarnfc_failing_memory_tests \
-    quarnfc_fuzz_tests quarnfc_net_class_tests quarnfc_net_tests
+    quarnfc_fuzz_tests quarnfc_net_class_tests quarnfc_curl_tests quarnfc_net_tests
   report
   [ "$failed" -eq 0 ] || status=1
   measure "$build/whole.json" "$objects"

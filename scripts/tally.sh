@@ -117,7 +117,7 @@ test_preset() {
   wait
   step "$preset: running the tests"
   for program in quarnfc_tests quarnfc_internal_tests quarnfc_failing_memory_tests quarnfc_fuzz_tests \
-    quarnfc_net_class_tests quarnfc_net_tests; do
+    quarnfc_net_class_tests quarnfc_curl_tests quarnfc_net_tests; do
     for file in "$project/build/$preset/bin/$program"{,.exe}; do
       [ ! -e "$file" ] || programs+=("$program")
     done
