@@ -69,4 +69,11 @@
 #define QN_FORMAT(text, first) __attribute__((format(printf, text, first)))
 #endif
 
+// Refuses calls of a function whose text is UTF-16 in hosts with wider wide characters.
+#if defined(__GNUC__) && defined(__WCHAR_MAX__) && __WCHAR_MAX__ > 0xFFFF
+#define QN_WIDE_TEXT __attribute__((error("compile with -fshort-wchar, as QuarnFC::QuarnFC asks")))
+#else
+#define QN_WIDE_TEXT
+#endif
+
 #endif  // QUARNFC_EXPORT_H_

@@ -40,12 +40,7 @@ QN_PLAIN_API char* qnGetErrorA(const CQNObject* handle, unsigned int* code);
 
 /* The same with the message as UTF-16. Where wchar_t is wider than that, a call does not compile.
  */
-#if defined(__WCHAR_MAX__) && __WCHAR_MAX__ > 0xFFFF
-QN_PLAIN_API wchar_t* qnGetErrorW(const CQNObject* handle, unsigned int* code)
-    __attribute__((error("compile with -fshort-wchar, as QuarnFC::QuarnFC asks")));
-#else
-QN_PLAIN_API wchar_t* qnGetErrorW(const CQNObject* handle, unsigned int* code);
-#endif
+QN_PLAIN_API wchar_t* qnGetErrorW(const CQNObject* handle, unsigned int* code) QN_WIDE_TEXT;
 
 /* Releases an error handle, which is not used again; null is ignored. */
 QN_PLAIN_API void qnCloseHandle(CQNObject* handle);
