@@ -18,7 +18,7 @@ using quarnfc::ext::IsAscii;
 using quarnfc::ext::TextDecoder;
 using quarnfc::ext::TextEncoding;
 using quarnfc::ext::TextLoss;
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 struct Sample {
   std::string bytes;

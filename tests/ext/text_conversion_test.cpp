@@ -25,7 +25,7 @@ using quarnfc::ext::Utf16View;
 using quarnfc::ext::Utf8FromAnsi;
 using quarnfc::ext::Utf8FromUtf16;
 using quarnfc::ext::WideChars;
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 struct Text {
   std::string ansi;

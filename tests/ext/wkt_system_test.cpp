@@ -36,7 +36,7 @@ TEST(WktSystem, TheTextsOfEveryOfficialCodeGiveItsParameters) {
   std::string code, form, text;
   while (std::getline(table, code, '\t') && std::getline(table, form, '\t') &&
          std::getline(table, text)) {
-    SCOPED_TRACE(code + " " + form);
+    SCOPED_TRACE(testing::Message() << code << " " << form);
     const auto official = FindOfficialSystem(std::stoi(code));
     ASSERT_TRUE(official.has_value());
     WktReport report;

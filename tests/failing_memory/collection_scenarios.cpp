@@ -16,7 +16,7 @@ constexpr int kSizes[] = {0, 1, 2, 4, 6, 9, 100};
 
 std::unique_ptr<CQNCollection> Numbers(int count) {
   auto numbers = std::make_unique<CQNCollection>();
-  for (int i = 0; i < count; ++i) numbers->Add(static_cast<unsigned __int64>(i + 1));
+  for (int i = 1; i <= count; ++i) numbers->Add(static_cast<unsigned __int64>(i));
   return numbers;
 }
 
@@ -31,7 +31,7 @@ std::unique_ptr<CQNObjectCollection> Objects(int count) {
   for (int i = 0; i < count; ++i) {
     auto object = std::make_unique<CQNObject>();
     objects->Add(object.get());
-    object.release();
+    (void)object.release();
   }
   return objects;
 }
@@ -95,7 +95,7 @@ const Operation<CQNObjectCollection> kObjectOperations[] = {
      [](CQNObjectCollection& objects) {
        auto object = std::make_unique<CQNObject>();
        objects.Add(object.get());
-       object.release();
+       (void)object.release();
      }},
     {"RemoveAt", [](CQNObjectCollection& objects) { objects.RemoveAt(0); }},
     {"RemoveAll", [](CQNObjectCollection& objects) { objects.RemoveAll(); }},

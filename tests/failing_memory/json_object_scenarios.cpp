@@ -28,14 +28,14 @@ struct Operation {
 template <class Content>
 std::string AddOwned(CMyJsonObj& object, std::unique_ptr<Content> content) {
   object.AddItem("added", content.get());
-  content.release();
+  (void)content.release();
   return {};
 }
 
 template <class Content>
 std::string SetOwned(CMyJsonObj& object, const char* path, std::unique_ptr<Content> content) {
   const bool set = object.SetItem(path, content.get(), false, false);
-  if (set) content.release();
+  if (set) (void)content.release();
   return YesOrNo(set);
 }
 

@@ -39,7 +39,7 @@ const CMyJsonValue& TwoNumbers() {
 template <class Content>
 std::string Move(CMyJsonValue& array, std::unique_ptr<Content> content) {
   const bool moved = array.MoveToArr(content.get(), 1);
-  if (moved) content.release();
+  if (moved) (void)content.release();
   return YesOrNo(moved);
 }
 
@@ -124,7 +124,7 @@ void AddConstructors(Scenarios& scenarios) {
   scenarios.push_back(Call("from an object", [] {
     auto object = std::make_unique<CMyJsonObj>();
     const CMyJsonValue value(object.get());
-    object.release();
+    (void)object.release();
     return Bytes(value.CreateJson(false));
   }));
   scenarios.push_back(Call("new (std::nothrow)", [] {
@@ -137,7 +137,7 @@ void AddConstructors(Scenarios& scenarios) {
                          CMyJsonValue* const values[] = {one.get()};
                          std::unique_ptr<CMyJsonValue> array;
                          attempt.Run([&] { array = std::make_unique<CMyJsonValue>(values, 1); });
-                         if (array != nullptr) one.release();
+                         if (array != nullptr) (void)one.release();
                        }});
 }
 

@@ -88,6 +88,7 @@ void SplitOver(std::vector<CQNString>& fields, const std::string& line) {
 
 std::vector<int> Capacities(const std::vector<CQNString>& fields) {
   std::vector<int> capacities;
+  capacities.reserve(fields.size());
   for (const CQNString& field : fields) capacities.push_back(field.GetAllocLength());
   return capacities;
 }

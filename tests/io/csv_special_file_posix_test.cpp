@@ -43,8 +43,10 @@ TEST(CsvReader, ReadErrorFailsWithPathAndErrorCode) {
 // would give a buffer of few bytes, or of a negative number.
 TEST(CsvLines, FilesOfSeveralGigabytesAreReadThroughOneBuffer) {
   const std::string longest(409599, 'x');
+  std::string rows = "h\na,b\n";
+  rows.append(longest).append("\n").append(longest).append("x\n");
   for (const std::uintmax_t size : {(1ULL << 31) + 5, (1ULL << 32) + 5, 5ULL << 32}) {
-    const TempFile file("h\na,b\n" + longest + "\n" + longest + "x\n");
+    const TempFile file(rows);
     std::filesystem::resize_file(file.path(), size);
     CQNCSVFileReader reader;
     ASSERT_TRUE(reader.Open(file.path())) << size;

@@ -94,6 +94,7 @@ int EndAtOnce() {
 
 int EndThreads() {
   std::vector<std::thread> threads;
+  threads.reserve(50);
   for (int i = 0; i < 50; ++i) {
     threads.emplace_back([i] {
       if (i % 2 == 0) UseLibrary();  // before the object is made, and after

@@ -67,6 +67,7 @@ double NumberOf(int index, Random& random) {
 const std::vector<double>& Numbers() {
   static const std::vector<double> numbers = [] {
     std::vector<double> made;
+    made.reserve(100000);
     Random random;
     for (int i = 0; i < 100000; ++i) made.push_back(NumberOf(i, random));
     return made;

@@ -160,6 +160,7 @@ TEST(ThreadRulesThreads, ADocumentPassesFromThreadToThread) {
 TEST(ThreadRulesThreads, DumpsAndEntriesOfTheEventLogMayBeWrittenAtOnce) {
   const std::string folder = testing::TempDir();
   std::vector<std::thread> threads;
+  threads.reserve(kThreads);
   for (int i = 0; i < kThreads; ++i) {
     threads.emplace_back([&folder, i] {
       for (int round = 0; round < 5; ++round) {

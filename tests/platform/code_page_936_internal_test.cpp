@@ -118,6 +118,7 @@ TEST(CodePage936, LongTextSurvivesBothWays) {
 TEST(CodePage936, MayBeUsedFirstBySeveralThreadsAtOnce) {
   std::vector<std::thread> threads;
   std::vector<unsigned int> units(8);
+  threads.reserve(units.size());
   for (unsigned int& unit : units) {
     threads.emplace_back([&unit] {
       wchar_t result = 0;
