@@ -34,6 +34,7 @@ TEST(Lock, KeepsThreadsApart) {
   Lock lock;
   int count = 0;
   std::vector<std::thread> threads;
+  threads.reserve(kThreads);
   for (int i = 0; i < kThreads; ++i) {
     threads.emplace_back([&] {
       for (int round = 0; round < kRounds; ++round) {

@@ -7,7 +7,7 @@ namespace {
 
 std::vector<std::string> g_texts;
 
-void Keep(const char* text) { g_texts.push_back(text); }
+void Keep(const char* text) { g_texts.emplace_back(text); }
 
 }  // namespace
 

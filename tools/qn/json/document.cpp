@@ -26,10 +26,10 @@ JsonDocument::JsonDocument(const std::string& path, std::optional<Encoding> enco
   Document document = DecodeDocument(bytes_, name_, encoding);
   encoding_ = document.encoding;
   original_ = document.text;
-  Change(std::move(document.text));
+  Change(document.text);
 }
 
-void JsonDocument::Change(std::string text) {
+void JsonDocument::Change(const std::string& text) {
   JsonTextError error;
   if (json_.Parse(text, &error, kAnyDepth)) return;
   throw Failure(DescribeJsonError(name_, text, error));

@@ -25,7 +25,7 @@ class JsonDocument {
   const Encoding& StoredAs() const { return encoding_; }
 
   // Gives the document another text. Throws Failure when that is no JSON.
-  void Change(std::string text);
+  void Change(const std::string& text);
 
   struct SaveOptions {
     std::string output;                // "-": standard output

@@ -75,7 +75,7 @@ class Merge {
   explicit Merge(const JsonText& document) : document_(document) {}
 
   std::vector<JsonEdit> Edits(const JsonTextNode& patch) {
-    todo_.push_back({document_.Root(), patch});
+    todo_.emplace_back(document_.Root(), patch);
     while (!todo_.empty()) {
       const auto [target, change] = todo_.back();
       todo_.pop_back();
@@ -105,7 +105,7 @@ class Merge {
       } else if (null) {
         removed.insert(member->second.index);
       } else {
-        todo_.push_back({member->second.value, change->second});
+        todo_.emplace_back(member->second.value, change->second);
       }
       changes.erase(change);
     }
