@@ -11,7 +11,7 @@ cd "$project"
 # headers and the options that clang does not know.
 configure() {
   configure_preset "$1" -B "build/tidy-$1" -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON -DQUARNFC_BUILD_BENCH=OFF
-  sed -i 's/ -fno-keep-inline-dllexport//; s/ -femit-class-debug-always//' "build/tidy-$1/compile_commands.json"
+  sed -i 's/ -fno-keep-inline-dllexport//; s/ -femit-class-debug-always//; s/ --param=min-pagesize=0//' "build/tidy-$1/compile_commands.json"
 }
 
 # sources PRESET: what the project itself compiles in it, but for the hosts that are compiled for the

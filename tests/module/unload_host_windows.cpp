@@ -103,6 +103,7 @@ int OutliveIt(const char* path) {
   std::atomic<int> used = 0;
   std::atomic<bool> unloaded = false;
   std::vector<std::thread> threads;
+  threads.reserve(kThreads);
   for (int i = 0; i < kThreads; ++i) {
     threads.emplace_back([&] {
       UseStrings(library);
