@@ -654,6 +654,89 @@ TEST(QnJsonFiles, AFileWithoutTheValueIsAFailure) {
   EXPECT_EQ(RunJson({"get", "--path", "a"}).code, 2);
 }
 
+TEST(QnJsonFiles, AFileThatFailsIsNamedAndTheOthersFollow) {
+  const TempFile one(R"({"b": 1})");
+  const TempFile two(R"({"a": 2})");
+  const FullOutcome run = RunJson({"get", "--path", "a", one.path(), two.path()});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_EQ(run.output, std::string(one.path()) + "\n" + two.path() + "\n2\n");
+  EXPECT_EQ(run.errors, "qn: " + std::string(one.path()) + ": there is no value 'a'\n");
+  const std::string missing = TempFile::NewPath();
+  const FullOutcome shape = RunJson({"shape", missing, two.path()});
+  EXPECT_EQ(shape.code, 1);
+  EXPECT_TRUE(Holds(shape.errors, missing)) << shape.errors;
+  EXPECT_TRUE(Holds(shape.output, "an object with 1 members"));
+}
+
+TEST(QnJsonFiles, OneValueIsSetInEach) {
+  const TempFile one("{\"a\": 1.50, \"b\":2}");
+  const TempFile broken("{\"a\": 1,}");
+  const TempFile two("{ \"c\" : [ ] }\r\n");
+  const FullOutcome run =
+      RunJson({"set", "-p", "a", "--value", "[3]", one.path(), broken.path(), two.path()});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_TRUE(Holds(run.errors, std::string(broken.path()) + ":1:9: ")) << run.errors;
+  EXPECT_EQ(qn::ReadInput(one.path()), "{\"a\": [3], \"b\":2}");
+  EXPECT_EQ(qn::ReadInput(broken.path()), "{\"a\": 1,}");
+  EXPECT_EQ(qn::ReadInput(two.path()), "{ \"c\" : [ ], \"a\" : [3] }\r\n");
+  EXPECT_EQ(RunJson({"set", "-p", "/x/y", "--value", "1", "--only-existing", one.path()}).code, 1);
+  EXPECT_EQ(qn::ReadInput(one.path()), "{\"a\": [3], \"b\":2}");
+}
+
+TEST(QnJsonFiles, ValuesAreRemovedFromEachThatHasThemAll) {
+  const TempFile one("{\"a\": 1, \"b\": 1.50, \"c\": 3}");
+  const TempFile without("{\"a\": 1, \"c\": 3}");
+  const TempFile two("{\"b\": {\"d\": 1}, \"a\": [] }");
+  const FullOutcome run =
+      RunJson({"del", "--path", "a", "-p", "/b", one.path(), without.path(), two.path()});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_EQ(run.errors, "qn: " + std::string(without.path()) + ": there is no value '/b'\n");
+  EXPECT_EQ(qn::ReadInput(one.path()), "{\"c\": 3}");
+  EXPECT_EQ(qn::ReadInput(without.path()), "{\"a\": 1, \"c\": 3}");
+  EXPECT_EQ(qn::ReadInput(two.path()), "{}");
+}
+
+TEST(QnJsonFiles, EachIsFormattedInItsPlaceAndEncoding) {
+  const TempFile one("[1.50,\n{\"a\":2}]\n");
+  const TempFile broken("[1");
+  const TempFile two("\xEF\xBB\xBF{\"\xE4\xB8\xAD\": []}");
+  const FullOutcome run =
+      RunJson({"format", "--in-place", "--indent", "2", one.path(), broken.path(), two.path()});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_EQ(run.output, "");
+  EXPECT_TRUE(Holds(run.errors, std::string(broken.path()) + ":1:3: ")) << run.errors;
+  EXPECT_EQ(qn::ReadInput(one.path()), "[\n  1.50,\n  {\n    \"a\": 2\n  }\n]\n");
+  EXPECT_EQ(qn::ReadInput(broken.path()), "[1");
+  EXPECT_EQ(qn::ReadInput(two.path()), "\xEF\xBB\xBF{\n  \"\xE4\xB8\xAD\": []\n}");
+  // Again: nothing is left to be done.
+  EXPECT_EQ(RunJson({"format", "--in-place", "--indent", "2", one.path()}).code, 0);
+  EXPECT_EQ(qn::ReadInput(one.path()), "[\n  1.50,\n  {\n    \"a\": 2\n  }\n]\n");
+  EXPECT_EQ(RunJson({"format", "--in-place", one.path()}).code, 0);
+  EXPECT_TRUE(qn::ReadInput(one.path()).ends_with("]\r\n"));
+  EXPECT_EQ(RunJson({"format", "--in-place", "-c", "--to", "utf-16le", one.path()}).code, 0);
+  EXPECT_EQ(qn::ReadInput(one.path()).substr(0, 4), std::string("\xFF\xFE[\000", 4));
+}
+
+TEST(QnJsonFiles, OneOutputOfSeveralFilesIsRefused) {
+  const TempFile one("[1]");
+  const TempFile two("[2]");
+  const std::string a = one.path(), b = two.path();
+  const std::vector<std::string> cases[] = {
+      {"format", a, b},
+      {"format", "--in-place", "-o", b, a},
+      {"format", "--in-place", "-"},
+      {"set", "-p", "a", "--value", "1", "-o", b, a, b},
+      {"set", "-p", "a", a},
+      {"set", "--value", "1", a, b},
+      {"set", "-p", "a", "--value", "1"},
+      {"del", "-p", "a", "-o", b, a, b},
+      {"del", "-p", "a"},
+  };
+  for (const auto& arguments : cases) EXPECT_EQ(RunJson(arguments).code, qn::kUsageError);
+  EXPECT_EQ(qn::ReadInput(a), "[1]");
+  EXPECT_EQ(qn::ReadInput(b), "[2]");
+}
+
 // --- shape --------------------------------------------------------------------------------------
 
 std::string ShapeOf(const std::string& text) {

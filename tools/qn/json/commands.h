@@ -14,6 +14,7 @@ namespace qn {
 
 inline constexpr OptionSpec kEncodingOption = {"encoding", '\0', Takes::kValue};
 inline constexpr OptionSpec kOutputOption = {"output", 'o', Takes::kValue};
+inline constexpr OptionSpec kPathOption = {"path", 'p', Takes::kValue};
 inline constexpr OptionSpec kIgnoreCaseOption = {"ignore-case", 'i'};
 
 inline std::optional<Encoding> EncodingFrom(const Options& options) {

@@ -10,6 +10,7 @@
 #include "qn/exit_code.h"
 #include "qn/json/commands.h"
 #include "qn/json/document.h"
+#include "qn/json/each_file.h"
 #include "qn/json/merge.h"
 #include "qn/json/path.h"
 
@@ -30,9 +31,15 @@ using quarnfc::ext::ReplaceJsonValue;
 constexpr OptionSpec kLossyOption = {"lossy"};
 constexpr OptionSpec kToOption = {"to", '\0', Takes::kValue};
 
-void Save(const JsonDocument& document, const Options& options) {
+void ExpectOneFileFor(const Options& options, const std::vector<std::string>& files) {
+  if (options.Has("output") && files.size() > 1) {
+    throw UsageError("--output is for a single file");
+  }
+}
+
+void Save(const JsonDocument& document, const std::string& file, const Options& options) {
   JsonDocument::SaveOptions save;
-  save.output = options.Value("output", options.Positional()[0]);
+  save.output = options.Value("output", file);
   save.lossy = options.Has("lossy");
   if (options.Has("to")) save.encoding = EncodingFromName(options.Value("to"));
   document.Save(save);
@@ -86,20 +93,31 @@ JsonEdit Addition(const JsonText& json, const JsonPlaceInTree& place, const std:
   return AppendJsonItems(json, place.node, {{std::nullopt, added}});
 }
 
-}  // namespace
+// What is to be set where. --path and --value make every argument a file; otherwise they follow the
+// only one.
+struct Setting {
+  std::vector<std::string> files;
+  std::string path;
+  std::string value;  // as it is given
+};
 
-int RunSet(Arguments arguments) {
-  const Options options(arguments, {{"string", 's'},
-                                    {"only-existing"},
-                                    kIgnoreCaseOption,
-                                    kLossyOption,
-                                    kEncodingOption,
-                                    kToOption,
-                                    kOutputOption});
+Setting SettingFrom(const Options& options) {
+  const std::vector<std::string>& given = options.Positional();
+  if (options.Has("path") != options.Has("value")) {
+    throw UsageError("--path and --value are given together");
+  }
+  if (options.Has("path")) {
+    options.ExpectPositional(1, kMostFiles);
+    return {given, options.Value("path"), options.Value("value")};
+  }
   options.ExpectPositional(3, 3);
-  const std::string& path = options.Positional()[1];
-  JsonDocument document(options.Positional()[0], EncodingFrom(options));
-  const std::string value = ValueFrom(options.Positional()[2], options.Has("string"));
+  return {{given[0]}, given[1], given[2]};
+}
+
+// value is JSON.
+void SetIn(const std::string& file, const std::string& path, const std::string& value,
+           const Options& options) {
+  JsonDocument document(file, EncodingFrom(options));
   const JsonPlaceInTree place = FollowJsonPath(document.Root(), path, options.Has("ignore-case"));
   if (!place.missing.empty() && options.Has("only-existing")) {
     throw Failure("there is no value '" + path + "'");
@@ -107,8 +125,26 @@ int RunSet(Arguments arguments) {
   const JsonEdit edit = place.missing.empty() ? ReplaceJsonValue(place.node, value)
                                               : Addition(document.Json(), place, path, value);
   document.Change(ApplyJsonEdits(document.Json().Text(), {edit}));
-  Save(document, options);
-  return kSuccess;
+  Save(document, file, options);
+}
+
+}  // namespace
+
+int RunSet(Arguments arguments) {
+  const Options options(arguments, {{"string", 's'},
+                                    {"only-existing"},
+                                    {"value", '\0', Takes::kValue},
+                                    kPathOption,
+                                    kIgnoreCaseOption,
+                                    kLossyOption,
+                                    kEncodingOption,
+                                    kToOption,
+                                    kOutputOption});
+  const Setting setting = SettingFrom(options);
+  ExpectOneFileFor(options, setting.files);
+  const std::string value = ValueFrom(setting.value, options.Has("string"));
+  return ForEachFile(setting.files,
+                     [&](const std::string& file) { SetIn(file, setting.path, value, options); });
 }
 
 // --- del ----------------------------------------------------------------------------------------
@@ -134,21 +170,36 @@ std::vector<JsonEdit> RemovalOf(const JsonTextNode& root, const JsonTextNode& va
   }
 }
 
-}  // namespace
-
-int RunDelete(Arguments arguments) {
-  const Options options(
-      arguments, {kIgnoreCaseOption, kLossyOption, kEncodingOption, kToOption, kOutputOption});
-  options.ExpectPositional(2, 100'000);
-  const std::vector<std::string>& given = options.Positional();
-  JsonDocument document(given[0], EncodingFrom(options));
-  for (auto path = given.begin() + 1; path != given.end(); ++path) {
-    const JsonTextNode value = ValueAtJsonPath(document.Root(), *path, options.Has("ignore-case"));
+void DeleteFrom(const std::string& file, const std::vector<std::string>& paths,
+                const Options& options) {
+  JsonDocument document(file, EncodingFrom(options));
+  for (const std::string& path : paths) {
+    const JsonTextNode value = ValueAtJsonPath(document.Root(), path, options.Has("ignore-case"));
     if (value == document.Root()) throw Failure("the document itself cannot be removed");
     document.Change(ApplyJsonEdits(document.Json().Text(), RemovalOf(document.Root(), value)));
   }
-  Save(document, options);
-  return kSuccess;
+  Save(document, file, options);
+}
+
+}  // namespace
+
+int RunDelete(Arguments arguments) {
+  const Options options(arguments, {{"path", 'p', Takes::kValues},
+                                    kIgnoreCaseOption,
+                                    kLossyOption,
+                                    kEncodingOption,
+                                    kToOption,
+                                    kOutputOption});
+  const bool named = options.Has("path");
+  options.ExpectPositional(named ? 1 : 2, kMostFiles);
+  std::vector<std::string> files = options.Positional();
+  std::vector<std::string> paths = options.Values("path");
+  if (!named) {
+    paths.assign(files.begin() + 1, files.end());
+    files.resize(1);
+  }
+  ExpectOneFileFor(options, files);
+  return ForEachFile(files, [&](const std::string& file) { DeleteFrom(file, paths, options); });
 }
 
 // --- merge --------------------------------------------------------------------------------------
@@ -162,7 +213,7 @@ int RunMerge(Arguments arguments) {
     const JsonDocument patch(*path);
     document.Change(MergeJson(document.Json(), patch.Json()));
   }
-  Save(document, options);
+  Save(document, given[0], options);
   return kSuccess;
 }
 

@@ -24,7 +24,8 @@ constexpr std::string_view kGroupUsage =
     "brackets: server\\ports[0]. What starts with \"/\", or is empty, is a pointer (RFC 6901):\n"
     "/server/ports/0. \"[-]\", in a pointer \"-\", is the element behind the last.\n"
     "\n"
-    "Exit code 1: a file is missing or broken (the message says where), or has no such value.\n";
+    "Exit code 1: a file is missing or broken (the message says where), or has no such value. Of\n"
+    "several files the others are read and written all the same.\n";
 
 constexpr std::string_view kCheckUsage =
     "usage: qn json check [--json] FILE...\n"
@@ -42,9 +43,13 @@ constexpr std::string_view kCheckUsage =
 
 constexpr std::string_view kDeleteUsage =
     "usage: qn json del [OPTION...] FILE PATH...\n"
+    "       qn json del [OPTION...] --path PATH... FILE...\n"
     "\n"
-    "Removes members and elements. All else stays as it is, byte for byte.\n"
+    "Removes members and elements. All else stays as it is, byte for byte. A file that lacks one "
+    "of\n"
+    "them is left alone.\n"
     "\n"
+    "  -p, --path PATH           remove that from every FILE; may be given again\n"
     "  -i, --ignore-case         a key that differs in case is as good when there is no equal one\n"
     "  -o, --output OUTPUT       write there and leave FILE alone; either is whole or not there\n"
     "      --to NAME             write in this encoding\n"
@@ -53,6 +58,7 @@ constexpr std::string_view kDeleteUsage =
 
 constexpr std::string_view kFormatUsage =
     "usage: qn json format [OPTION...] FILE\n"
+    "       qn json format --in-place [OPTION...] FILE...\n"
     "\n"
     "Writes the document with new blanks, as the library lays it out: tabs, CR LF, the scalars of\n"
     "an array on one line. Numbers and strings keep their spelling. What lies deeper than 100\n"
@@ -60,6 +66,7 @@ constexpr std::string_view kFormatUsage =
     "\n"
     "  -c, --compact             everything on one line\n"
     "      --indent N            N blanks for each level, LF, each item on its line\n"
+    "      --in-place            write every FILE where it is, in its own encoding without --to\n"
     "      --to NAME             write in this encoding\n"
     "      --utf8                the same as --to utf-8-mark\n"
     "      --lossy               write \"?\" for characters that the encoding lacks\n"
@@ -113,11 +120,14 @@ constexpr std::string_view kMergeUsage =
 
 constexpr std::string_view kSetUsage =
     "usage: qn json set [OPTION...] FILE PATH VALUE\n"
+    "       qn json set [OPTION...] --path PATH --value VALUE FILE...\n"
     "\n"
     "Sets a value; a missing one is added, with the objects on the way. All else stays as it is,\n"
     "byte for byte. VALUE is one whole JSON value, and anything that is none is a string. What\n"
     "begins with a quote, a brace or a bracket and is no JSON is refused.\n"
     "\n"
+    "  -p, --path PATH           set the value there in every FILE\n"
+    "      --value VALUE         the value\n"
     "  -s, --string              VALUE is a string, whatever it looks like\n"
     "      --only-existing       do not add members\n"
     "  -i, --ignore-case         a key that differs in case is as good when there is no equal one\n"

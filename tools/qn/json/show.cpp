@@ -2,11 +2,15 @@
 // qn json format, get, keys, length and shape: what leaves the document as it is.
 #include <quarnfc/ext/json_text_edit.h>
 
+#include <algorithm>
+#include <utility>
+
 #include "qn/console.h"
 #include "qn/errors.h"
 #include "qn/exit_code.h"
 #include "qn/json/commands.h"
 #include "qn/json/document.h"
+#include "qn/json/each_file.h"
 #include "qn/json/layout.h"
 #include "qn/json/path.h"
 #include "qn/json/shape.h"
@@ -20,8 +24,6 @@ using quarnfc::ext::JsonTextNode;
 
 constexpr OptionSpec kCompactOption = {"compact", 'c'};
 constexpr OptionSpec kIndentOption = {"indent", '\0', Takes::kValue};
-constexpr OptionSpec kPathOption = {"path", 'p', Takes::kValue};
-constexpr std::size_t kMostFiles = 100'000;
 
 std::string LaidOut(const JsonTextNode& node, const Options& options, JsonNumbers numbers) {
   const auto spaces = static_cast<std::size_t>(options.Number("indent", 2, 0, 16));
@@ -59,12 +61,11 @@ Selection SelectionFrom(const Options& options, std::size_t fewest) {
 template <class Show>
 int ShowEach(const Options& options, std::size_t fewest, Show show) {
   const Selection selection = SelectionFrom(options, fewest);
-  for (const std::string& file : selection.files) {
+  return ForEachFile(selection.files, [&](const std::string& file) {
     const JsonDocument document(file, EncodingFrom(options));
     if (selection.files.size() > 1) PrintLine(document.Name());
     show(ValueAtJsonPath(document.Root(), selection.path, options.Has("ignore-case")));
-  }
-  return kSuccess;
+  });
 }
 
 void PrintKeys(const JsonTextNode& value, bool as_json) {
@@ -88,18 +89,9 @@ void PrintLength(const JsonTextNode& value) {
   PrintLine(std::to_string(value.IsString() ? CountUtf8Chars(value.String()) : value.Count()));
 }
 
-}  // namespace
-
-int RunFormat(Arguments arguments) {
-  const Options options(arguments, {kCompactOption,
-                                    kIndentOption,
-                                    {"utf8"},
-                                    {"to", '\0', Takes::kValue},
-                                    {"lossy"},
-                                    kEncodingOption,
-                                    kOutputOption});
-  options.ExpectPositional(1, 1);
-  JsonDocument document(options.Positional()[0], EncodingFrom(options));
+// Writes the document where --output says, or shows it.
+int Format(const std::string& file, const Options& options) {
+  const JsonDocument document(file, EncodingFrom(options));
   const std::string text = LaidOut(document.Root(), options, JsonNumbers::kAsSpelled);
   const std::optional<Encoding> encoding = TargetEncoding(options);
   if (!options.Has("output") && !encoding) {
@@ -110,6 +102,40 @@ int RunFormat(Arguments arguments) {
   output.Write(EncodeDocument(text, encoding.value_or(document.StoredAs()), options.Has("lossy")));
   output.Commit();
   return kSuccess;
+}
+
+// Writes the document into its file. A line end at the end of the file stays one.
+void FormatInPlace(const std::string& file, const Options& options) {
+  JsonDocument document(file, EncodingFrom(options));
+  std::string text = LaidOut(document.Root(), options, JsonNumbers::kAsSpelled);
+  const bool library = !options.Has("compact") && !options.Has("indent");
+  if (document.Json().Text().ends_with('\n')) text += library ? "\r\n" : "\n";
+  document.Change(std::move(text));
+  document.Save({file, TargetEncoding(options), options.Has("lossy")});
+}
+
+}  // namespace
+
+int RunFormat(Arguments arguments) {
+  const Options options(arguments, {kCompactOption,
+                                    kIndentOption,
+                                    {"in-place"},
+                                    {"utf8"},
+                                    {"to", '\0', Takes::kValue},
+                                    {"lossy"},
+                                    kEncodingOption,
+                                    kOutputOption});
+  options.ExpectPositional(1, kMostFiles);
+  const std::vector<std::string>& files = options.Positional();
+  if (!options.Has("in-place")) {
+    if (files.size() > 1) throw UsageError("several files are written --in-place only");
+    return Format(files[0], options);
+  }
+  if (options.Has("output")) throw UsageError("--in-place and --output exclude each other");
+  if (std::count(files.begin(), files.end(), "-") > 0) {
+    throw UsageError("standard input has no place to be written to");
+  }
+  return ForEachFile(files, [&](const std::string& file) { FormatInPlace(file, options); });
 }
 
 int RunGet(Arguments arguments) {
@@ -137,14 +163,13 @@ int RunLength(Arguments arguments) {
 int RunShape(Arguments arguments) {
   const Options options(arguments, {kEncodingOption});
   options.ExpectPositional(1, kMostFiles);
-  for (const std::string& path : options.Positional()) {
+  return ForEachFile(options.Positional(), [&](const std::string& path) {
     const JsonDocument document(path, EncodingFrom(options));
     if (options.Positional().size() > 1) PrintLine(document.Name());
     PrintLine("document  " + DescribeJsonRoot(document.Root()) + ", " +
               NameOf(document.StoredAs()));
     Print(DescribeJsonShape(document.Root()));
-  }
-  return kSuccess;
+  });
 }
 
 }  // namespace qn::json
