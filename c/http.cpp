@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <quarnfc/c/http.h>
 #include <quarnfc/ext/http_call.h>
 
 #include <chrono>
@@ -10,29 +9,12 @@
 #include <vector>
 
 #include "c/guarded.h"
+#include "c/http_handle.h"
 #include "c/path.h"
 #include "c/text.h"
 
-struct QncHttpResponse {
-  quarnfc::ext::HttpResponse response;
-};
-
+namespace quarnfc::c {
 namespace {
-
-using quarnfc::c::Failure;
-using quarnfc::c::Given;
-using quarnfc::c::GuardedNew;
-using quarnfc::c::NewText;
-using quarnfc::c::Path;
-using quarnfc::ext::HttpCallOptions;
-using quarnfc::ext::HttpFailure;
-using quarnfc::ext::HttpHeader;
-using quarnfc::ext::HttpResponse;
-
-QncHttpResponse* NewResponse(HttpResponse response) {
-  if (response.failure == HttpFailure::kNone) return new QncHttpResponse{std::move(response)};
-  throw Failure(static_cast<int>(response.code), response.Message().c_str());
-}
 
 // Whether every line that is not empty has a colon behind a name: others would be left out.
 bool AreHeaders(std::string_view lines) {
@@ -46,11 +28,31 @@ bool AreHeaders(std::string_view lines) {
   return true;
 }
 
-std::vector<HttpHeader> HeadersOf(const char* lines) {
+}  // namespace
+
+QncHttpResponse* NewResponse(ext::HttpResponse response) {
+  if (response.failure == ext::HttpFailure::kNone) return new QncHttpResponse{std::move(response)};
+  throw Failure(static_cast<int>(response.code), response.Message().c_str());
+}
+
+std::vector<ext::HttpHeader> HeadersOf(const char* lines) {
   if (lines == nullptr) return {};
   if (!AreHeaders(lines)) throw Failure(QNC_ERROR_ARGUMENT, "Quarn: a header has no name");
-  return quarnfc::ext::HttpHeadersOf("\n" + std::string(lines));  // behind a status line
+  return ext::HttpHeadersOf("\n" + std::string(lines));  // behind a status line
 }
+
+}  // namespace quarnfc::c
+
+namespace {
+
+using quarnfc::c::Given;
+using quarnfc::c::GuardedNew;
+using quarnfc::c::HeadersOf;
+using quarnfc::c::NewResponse;
+using quarnfc::c::NewText;
+using quarnfc::c::Path;
+using quarnfc::ext::HttpCallOptions;
+using quarnfc::ext::HttpHeader;
 
 HttpCallOptions OptionsOf(unsigned int deadline, const char* headers = nullptr) {
   HttpCallOptions options;

@@ -227,6 +227,31 @@ public static class QuarnNative
     [DllImport(Dll)]
     public static extern IntPtr qncHttpHeader(IntPtr response, byte[] name, out IntPtr error);
 
+    // --- HTTP calls with options (keep the delegate alive while it is set) ---
+    [UnmanagedFunctionPointer(CallingConvention.Cdecl)]
+    public delegate int QncHttpProgress(IntPtr context, ulong received, ulong total);
+    [DllImport(Dll)]
+    public static extern IntPtr qncHttpCallNew(byte[] verb, byte[] url, out IntPtr error);
+    [DllImport(Dll)] public static extern void qncHttpCallFree(IntPtr call);
+    [DllImport(Dll)]
+    public static extern int qncHttpCallSetHeaders(IntPtr call, byte[] headers, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncHttpCallSetBody(IntPtr call, byte[] body, UIntPtr size,
+        out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncHttpCallSetUser(IntPtr call, byte[] user, byte[] password,
+        out IntPtr error);
+    [DllImport(Dll)]
+    public static extern void qncHttpCallSetDeadline(IntPtr call, uint deadline);
+    [DllImport(Dll)] public static extern void qncHttpCallSetLargest(IntPtr call, ulong size);
+    [DllImport(Dll)]
+    public static extern void qncHttpCallSetProgress(IntPtr call, QncHttpProgress progress,
+        IntPtr context);
+    [DllImport(Dll)] public static extern IntPtr qncHttpCallSend(IntPtr call, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern IntPtr qncHttpCallDownload(IntPtr call, byte[] path, out IntPtr error);
+    [DllImport(Dll)] public static extern void qncHttpCallCancel(IntPtr call);
+
     // --- Zones ---
     [DllImport(Dll)] public static extern int qncGaussZone(double longitude, int width);
     [DllImport(Dll)] public static extern double qncCentralMeridian(int zone, int width);

@@ -22,6 +22,7 @@ _SIZE = ctypes.c_size_t
 _DOUBLE = ctypes.c_double
 _INT_OUT = ctypes.POINTER(ctypes.c_int)
 _SIZE_OUT = ctypes.POINTER(ctypes.c_size_t)
+_PROGRESS = ctypes.CFUNCTYPE(_INT, ctypes.c_void_p, ctypes.c_ulonglong, ctypes.c_ulonglong)
 
 # Result and arguments of every function, as in <quarnfc/c/...>.
 FUNCTIONS = {
@@ -131,6 +132,17 @@ FUNCTIONS = {
     "qncHttpStatus": (_INT, [_HANDLE]),
     "qncHttpBody": (_BUFFER, [_HANDLE, _SIZE_OUT]),
     "qncHttpHeader": (_BUFFER, [_HANDLE, _TEXT, _ERROR]),
+    "qncHttpCallNew": (_HANDLE, [_TEXT, _TEXT, _ERROR]),
+    "qncHttpCallFree": (None, [_HANDLE]),
+    "qncHttpCallSetHeaders": (_INT, [_HANDLE, _TEXT, _ERROR]),
+    "qncHttpCallSetBody": (_INT, [_HANDLE, _TEXT, _SIZE, _ERROR]),
+    "qncHttpCallSetUser": (_INT, [_HANDLE, _TEXT, _TEXT, _ERROR]),
+    "qncHttpCallSetDeadline": (None, [_HANDLE, ctypes.c_uint]),
+    "qncHttpCallSetLargest": (None, [_HANDLE, ctypes.c_ulonglong]),
+    "qncHttpCallSetProgress": (None, [_HANDLE, _PROGRESS, ctypes.c_void_p]),
+    "qncHttpCallSend": (_HANDLE, [_HANDLE, _ERROR]),
+    "qncHttpCallDownload": (_HANDLE, [_HANDLE, _TEXT, _ERROR]),
+    "qncHttpCallCancel": (None, [_HANDLE]),
     "qncGaussZone": (_INT, [_DOUBLE, _INT]),
     "qncCentralMeridian": (_DOUBLE, [_INT, _INT]),
     "qncBestZone": (_INT, [_DOUBLE, _DOUBLE, _INT]),

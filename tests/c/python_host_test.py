@@ -17,7 +17,7 @@ SAMPLES = os.path.join(PROJECT, "samples", "python")
 DISTRICTS = os.path.join(PROJECT, "data", "districts-utf8.csv")
 sys.path.insert(0, SAMPLES)
 
-from quarnfc import Library, QuarnError  # noqa: E402
+from quarnfc import FUNCTIONS, Library, QuarnError  # noqa: E402
 
 library = Library(LIBRARY_PATH)
 
@@ -150,6 +150,36 @@ class Additions(unittest.TestCase):
             threading.Thread(target=server.handle_request).start()
             url = f"http://127.0.0.1:{server.server_port}/x"
             self.assertEqual(library.get(url, deadline=20000), (404, b"\0no"))
+
+
+    def test_call_tells_its_progress_and_is_ended_by_it(self):
+        class Handler(http.server.BaseHTTPRequestHandler):
+            def do_GET(self):
+                self.send_response(200)
+                self.send_header("Content-Length", "5")
+                self.end_headers()
+                self.wfile.write(b"tiles")
+
+            def log_message(self, *_):
+                pass
+
+        seen = []
+
+        def progress(_, received, total):
+            seen.append((received, total))
+            return 0
+
+        callback = FUNCTIONS["qncHttpCallSetProgress"][1][1](progress)
+        with http.server.HTTPServer(("127.0.0.1", 0), Handler) as server:
+            threading.Thread(target=server.handle_request).start()
+            url = f"http://127.0.0.1:{server.server_port}/x".encode()
+            call = library.call("qncHttpCallNew", b"GET", url)
+            library.qncHttpCallSetProgress(call, callback, None)
+            with self.assertRaises(QuarnError) as raised:
+                library.call("qncHttpCallSend", call)
+            library.qncHttpCallFree(call)
+        self.assertEqual(raised.exception.code, 12017)
+        self.assertEqual(seen[-1][1], 5)
 
 
 class Sample(unittest.TestCase):

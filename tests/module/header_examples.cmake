@@ -10,6 +10,7 @@ file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/include/quarnfc/*.h"
 set(compiled_headers ${headers})
 set(compiled_only
     c/http
+    c/http_call
     crash_dump
     ext/http_call
     ext/http_transfer

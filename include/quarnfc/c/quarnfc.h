@@ -46,6 +46,7 @@
 #include <quarnfc/c/geodesy.h>
 #include <quarnfc/c/height_plane.h>
 #include <quarnfc/c/http.h>
+#include <quarnfc/c/http_call.h>
 #include <quarnfc/c/json.h>
 #include <quarnfc/c/json_text.h>
 #include <quarnfc/c/parameter_estimation.h>
