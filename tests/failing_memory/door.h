@@ -41,6 +41,16 @@ bool IsRefused();
 bool ConverterIsRefused();
 bool ConverterWasRefused();
 
+// Conversions take UTF-8 for the code page as long as it lives, as in a process whose code page it
+// is: a character has up to four bytes there, and a unit of UTF-16 up to three.
+class Utf8CodePage {
+ public:
+  Utf8CodePage();
+  ~Utf8CodePage();
+  Utf8CodePage(const Utf8CodePage&) = delete;
+  Utf8CodePage& operator=(const Utf8CodePage&) = delete;
+};
+
 // How many requests were refused since the door was closed.
 long RefusedCount();
 

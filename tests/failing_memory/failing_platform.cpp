@@ -18,7 +18,15 @@ using quarnfc::platform::Transferred;
 
 constexpr SystemError kDiskFull = 112;
 
+bool g_code_page_is_utf8 = false;
+
+Encoding Meant(Encoding encoding) { return g_code_page_is_utf8 ? Encoding::kUtf8 : encoding; }
+
 }  // namespace
+
+failing::Utf8CodePage::Utf8CodePage() { g_code_page_is_utf8 = true; }
+
+failing::Utf8CodePage::~Utf8CodePage() { g_code_page_is_utf8 = false; }
 
 // Members of File as functions of the object.
 SystemError RealOpen(File* file, const char* path, FileMode mode) REAL(OPEN_FILE);
@@ -74,8 +82,8 @@ int WrappedToUtf16(Encoding from, const char* source, int length, wchar_t* desti
                    int capacity) WRAPPED(TO_UTF16);
 int WrappedToUtf16(Encoding from, const char* source, int length, wchar_t* destination,
                    int capacity) {
-  return failing::ConverterIsRefused() ? 0
-                                       : RealToUtf16(from, source, length, destination, capacity);
+  if (failing::ConverterIsRefused()) return 0;
+  return RealToUtf16(Meant(from), source, length, destination, capacity);
 }
 
 int RealFromUtf16(Encoding to, const wchar_t* source, int length, char* destination, int capacity)
@@ -84,6 +92,6 @@ int WrappedFromUtf16(Encoding to, const wchar_t* source, int length, char* desti
                      int capacity) WRAPPED(FROM_UTF16);
 int WrappedFromUtf16(Encoding to, const wchar_t* source, int length, char* destination,
                      int capacity) {
-  return failing::ConverterIsRefused() ? 0
-                                       : RealFromUtf16(to, source, length, destination, capacity);
+  if (failing::ConverterIsRefused()) return 0;
+  return RealFromUtf16(Meant(to), source, length, destination, capacity);
 }
