@@ -34,6 +34,12 @@ std::string FlagsFor(char conversion, unsigned bits) {
   return flags;
 }
 
+// Small ones and, of the largest bytes, those around the last decimal that a number can have.
+int PrecisionFrom(unsigned byte) {
+  constexpr unsigned kFirstLarge = 247;
+  return static_cast<int>(byte < kFirstLarge ? byte / 2 : 1072 + (byte - kFirstLarge) / 2);
+}
+
 std::string SpecFrom(fuzz::Input& input, char& conversion, std::string& size) {
   const unsigned bits = input.Byte();
   const unsigned width = input.Byte();
@@ -44,7 +50,9 @@ std::string SpecFrom(fuzz::Input& input, char& conversion, std::string& size) {
   conversion = conversions[input.Byte() % conversions.size()];
   std::string spec = "%" + FlagsFor(conversion, bits);
   if (width % 2 != 0) spec += std::to_string(width / 2);
-  if (precision % 2 != 0 && conversion != 'c') spec += "." + std::to_string(precision / 2);
+  if (precision % 2 != 0 && conversion != 'c') {
+    spec += "." + std::to_string(PrecisionFrom(precision));
+  }
   size = IsIn(kIntegers, conversion) ? size_prefix : "";
   return spec + size + conversion;
 }
