@@ -183,11 +183,12 @@ inline std::string WriteAngle(double angle, int decimals, std::string_view degre
   decimals = detail::LimitDecimals(decimals);
   const detail::SplitAngle split = detail::Split(angle, decimals);
   const long long unit = detail::PowerOfTen(decimals);
-  std::string text = (split.negative ? "-" : "") + std::to_string(split.degrees);
-  text.append(degree_sign).append(detail::Padded(split.minutes, 2)).append("'");
-  text += detail::Padded(split.second_units / unit, 2);
-  if (decimals > 0) text += "." + detail::Padded(split.second_units % unit, decimals);
-  return text + "\"";
+  std::string text(split.negative ? "-" : "");
+  text.append(std::to_string(split.degrees)).append(degree_sign);
+  text.append(detail::Padded(split.minutes, 2)).append("'");
+  text.append(detail::Padded(split.second_units / unit, 2));
+  if (decimals > 0) text.append(".").append(detail::Padded(split.second_units % unit, decimals));
+  return text.append("\"");
 }
 
 // The packed form DDD.MMSSsss as a number: 114.0327500 for 114d03'27.5". Reading gives false, with
