@@ -188,7 +188,9 @@ TEST_F(InternetFunctions, OptionsAreInheritedChangedAndAsked) {
                                                  {INTERNET_OPTION_PROXY_USERNAME, "name"},
                                                  {INTERNET_OPTION_PROXY_PASSWORD, "name"},
                                                  {INTERNET_OPTION_URL, "http://h.test/a/b"}};
-  for (const auto& [option, expected] : texts) {
+  for (const auto& row : texts) {
+    const DWORD option = row.first;
+    const char* const expected = row.second;
     const DWORD needed = static_cast<DWORD>(std::strlen(expected)) + 1;
     DWORD length = needed - 1;
     EXPECT_EQ(FailureOf([&] { return InternetQueryOptionA(request, option, text, &length); }),
