@@ -3,9 +3,13 @@
 # the same bytes wherever and whenever they are built.
 
 # quarnfc_split_debug(<target>): NAME.debug beside the binary NAME, found by debuggers through a
-# link in the binary. With Visual C++'s linker that is NAME.pdb in any case.
+# link in the binary. With Visual C++'s linker that is NAME.pdb in any case, named without its folder.
 function(quarnfc_split_debug target)
-  if(NOT QUARNFC_SPLIT_DEBUG OR MSVC)
+  if(NOT QUARNFC_SPLIT_DEBUG)
+    return()
+  endif()
+  if(MSVC)
+    target_link_options(${target} PRIVATE /Brepro /pdbaltpath:%_PDB%)
     return()
   endif()
   # A path of the build would leave its length in the file.
@@ -33,9 +37,18 @@ if(QUARNFC_SPLIT_DEBUG)
   set(maps "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=${folder}"
            "-ffile-prefix-map=${PROJECT_BINARY_DIR}=${folder}/build")
   if(MSVC)
+    # The tool chain names sources by their paths from the folder of the build.
+    cmake_path(RELATIVE_PATH PROJECT_SOURCE_DIR BASE_DIRECTORY "${CMAKE_BINARY_DIR}"
+               OUTPUT_VARIABLE sources)
+    list(APPEND maps "-ffile-prefix-map=${sources}=${folder}")
     list(TRANSFORM maps PREPEND "/clang:")
     add_compile_options(/Brepro -gno-codeview-command-line
                         "-ffile-compilation-dir=${folder}/build" ${maps})
+    # An object names itself in its debug information, and no option maps that path.
+    foreach(language C CXX)
+      string(REPLACE "/Fo<OBJECT>" "/Fo<OBJECT> -Xclang -object-file-name=${folder}/build/<OBJECT>"
+                     CMAKE_${language}_COMPILE_OBJECT "${CMAKE_${language}_COMPILE_OBJECT}")
+    endforeach()
     add_link_options("/pdbsourcepath:${folder}/build")
   else()
     add_compile_options(${maps})

@@ -21,10 +21,10 @@ set(CMAKE_CXX_COMPILER_TARGET x86_64-pc-windows-msvc19.38.0)
 
 # Objects are kept for the next build where the compiler cache is installed. With this compiler it
 # keeps none that use precompiled headers.
+set(CMAKE_C_COMPILER_LAUNCHER "${CMAKE_CURRENT_LIST_DIR}/clang-cl.sh")
+set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_CURRENT_LIST_DIR}/clang-cl.sh")
 find_program(QUARNFC_CCACHE ccache)
 if(QUARNFC_CCACHE)
-  set(CMAKE_C_COMPILER_LAUNCHER "${CMAKE_CURRENT_LIST_DIR}/ccache-clang-cl.sh")
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_CURRENT_LIST_DIR}/ccache-clang-cl.sh")
   set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
 endif()
 

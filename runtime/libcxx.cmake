@@ -72,3 +72,11 @@ target_compile_definitions(
                          _FILE_OFFSET_BITS=64
                          _LIBCPP_REMOVE_TRANSITIVE_INCLUDES)
 target_compile_options(quarnfc_libcxx PRIVATE /std:c++latest /EHsc -w -Wno-error)
+if(QUARNFC_SPLIT_DEBUG)
+  cmake_path(RELATIVE_PATH QUARNFC_LIBCXX_SOURCE_DIR BASE_DIRECTORY "${CMAKE_BINARY_DIR}"
+             OUTPUT_VARIABLE relative)
+  foreach(path IN ITEMS "${QUARNFC_LIBCXX_SOURCE_DIR}" "${relative}")
+    target_compile_options(quarnfc_libcxx PRIVATE
+                           "/clang:-ffile-prefix-map=${path}=/usr/src/libcxx/src")
+  endforeach()
+endif()

@@ -11,6 +11,7 @@ packages=$(cd "$2" && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 build="$source/build/package-$target"
+llvm=/usr/lib/llvm-19/bin
 [[ $target != windows* ]] || export WINEPREFIX="${WINEPREFIX:-$build/wine}"
 
 # one PATTERN: the only package of that name.
@@ -68,28 +69,41 @@ unpack_zip() {
   forgets_paths -a "$work/zip"
 }
 
-# check_pdb BINARY: the debug information beside it is its own and knows the lines of the sources.
+# check_pdb BINARY: the debug information beside it is its own, and found there.
 check_pdb() {
-  local llvm=/usr/lib/llvm-19/bin pdb=${1%.*}.pdb guid section address place
-  guid=$("$llvm/llvm-readobj" --coff-debug-directory "$1" | sed -n 's/^ *PDBGUID: //p')
+  local pdb=${1%.*}.pdb said guid
+  said=$("$llvm/llvm-readobj" --coff-debug-directory "$1")
+  guid=$(sed -n 's/^ *PDBGUID: //p' <<<"$said")
   [ -n "$guid" ] || fail "$1 names no debug information"
   "$llvm/llvm-pdbutil" dump --summary "$pdb" | grep -F "GUID: $guid" >/dev/null ||
     fail "the debug information beside $1 is another one's"
+  grep -qx " *PDBFileName: ${pdb##*/}" <<<"$said" || fail "$1 looks elsewhere for ${pdb##*/}"
+  printf 'ok: debug information of %s\n' "${1##*/}"
+}
+
+# The lines of the sources, by the names that debuggers are told, are those of the DLL's addresses.
+check_msvc_addresses() {
+  local section address place
   section=$("$llvm/llvm-readobj" --sections "$1" |
     awk '$1 == "Name:" { name = $2 } $1 == "VirtualAddress:" && name == ".text" { print $2 }')
   address=$("$llvm/llvm-readobj" --coff-exports "$1" |
     awk '$1 == "Name:" { name = $2 } $1 == "RVA:" && name == "qnGetVersion" { print $2 }')
   place=$(printf '%08X' $((address - section)))
-  "$llvm/llvm-pdbutil" dump -l "$pdb" | grep -A 2 'core.diagnostics.version\.cpp (MD5' |
+  "$llvm/llvm-pdbutil" dump -l "${1%.*}.pdb" |
+    grep -E -A 2 '^/usr/src/quarnfc-[0-9.]+/core/diagnostics/version\.cpp \(MD5' |
     grep -iF " $place " >/dev/null || fail "qnGetVersion at $place is not in version.cpp"
-  printf 'ok: debug information of %s\n' "${1##*/}"
+  echo "ok: an address of the DLL"
 }
 
 check_msvc_zip() {
+  local bin
   unpack_zip msvc
-  "$here/check-prefix.sh" windows-msvc "$work/zip"/*/ "$build"
-  "$here/../msvc_abi/check-module.sh" /usr/lib/llvm-19/bin/llvm-readobj "$work"/zip/*/bin/QuarnFC.dll
-  check_pdb "$(echo "$work"/zip/*/bin/QuarnFC.dll)"
+  bin=$(echo "$work"/zip/*/bin)
+  "$here/check-prefix.sh" windows-msvc "$bin/.." "$build"
+  "$here/../msvc_abi/check-module.sh" "$llvm/llvm-readobj" "$bin/QuarnFC.dll"
+  check_pdb "$bin/QuarnFC.dll"
+  check_pdb "$bin/qn.exe"
+  check_msvc_addresses "$bin/QuarnFC.dll"
 }
 
 check_zip() {
