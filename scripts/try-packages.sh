@@ -2,7 +2,9 @@
 # SPDX-License-Identifier: MIT
 # The packages as a stranger meets them, by hand before a release: a fresh Debian in a folder, with
 # nothing of this tree but build/packages, installs the Debian packages, a compiler and CMake, and
-# builds and runs outside projects; then the same with the ZIP for Windows, MinGW-w64 and Wine.
+# builds and runs outside projects; then the same with the ZIPs for Windows under Wine, by MinGW-w64
+# and by clang with the Microsoft C++ ABI. In the place of the libraries that come with Visual C++ the
+# last one gets those of build/package-windows-msvc.
 # Needs root, debootstrap and the network; takes about ten minutes and 3 GB.
 # Usage: try-packages.sh FOLDER    a new folder outside of the tree; it is left for a closer look
 set -euo pipefail
@@ -11,7 +13,9 @@ source "$(dirname "$0")/lib.sh"
 packages="$project/build/packages"
 if [ $# -ne 1 ] || [ -e "$1" ]; then die "usage: try-packages.sh FOLDER, which must not exist"; fi
 [ "$(id -u)" -eq 0 ] || die "only root makes another system"
-compgen -G "$packages/libquarnfc1_*.deb" >/dev/null || die "scripts/package.sh comes first"
+for package in "$packages"/{libquarnfc1_*.deb,*-windows-x64-mingw.zip,*-windows-x64-msvc.zip}; do
+  [ -f "$package" ] || die "scripts/package.sh comes first: there is no $package"
+done
 root=$(realpath -m "$1")
 case $root/ in "$project"/*) die "$root lies in the tree" ;; esac
 
@@ -32,7 +36,7 @@ make_system() {
   cp /etc/resolv.conf "$root/etc/resolv.conf"
   logged try-update inside apt-get update
   mkdir "$root/packages" "$root/hosts"
-  cp "$packages"/*.deb "$packages"/*-windows-x64-mingw.zip "$root/packages"
+  cp "$packages"/*.deb "$packages"/*-windows-x64-{mingw,msvc}.zip "$root/packages"
   cp -r "$project/tests/install/outside" "$project/tests/install/outside_c" "$root/hosts"
 }
 
@@ -52,6 +56,13 @@ build_and_run() {
   done
 }
 
+# unzip_package KIND: the ZIP of that kind in the folder /KIND; sets $configuration to the folder of its
+# package configuration.
+unzip_package() {
+  logged try-unzip inside sh -c "unzip -q /packages/*-windows-x64-$1.zip -d /$1"
+  configuration=/$1/$(cd "$root/$1" && echo quarnfc-*)/lib/cmake/QuarnFC
+}
+
 try_linux() {
   install_packages g++ cmake make
   install_packages "/packages/$(cd "$packages" && echo libquarnfc1_*.deb)" \
@@ -59,21 +70,40 @@ try_linux() {
   build_and_run linux '' --
 }
 
-try_windows() {
-  local folder
+try_mingw() {
   install_packages g++-mingw-w64-x86-64-posix wine wine64 unzip
-  logged try-unzip inside sh -c "unzip -q /packages/*-windows-x64-mingw.zip -d /zip"
-  folder=$(cd "$root/zip" && echo quarnfc-*)
+  unzip_package mingw
   # A stranger copies the tool-chain file, as the documentation says.
   cp "$project/cmake/toolchain-mingw-w64.cmake" "$root/hosts"
   logged try-wineboot inside wineboot --init
-  build_and_run windows wine -- -DCMAKE_TOOLCHAIN_FILE=/hosts/toolchain-mingw-w64.cmake \
-    "-DQuarnFC_DIR=/zip/$folder/lib/cmake/QuarnFC"
+  build_and_run windows-mingw wine -- "-DQuarnFC_DIR=$configuration" \
+    -DCMAKE_TOOLCHAIN_FILE=/hosts/toolchain-mingw-w64.cmake
+}
+
+# What a stranger has of Visual C++: a compiler, its headers and its libraries.
+copy_visual_cpp() {
+  local folder="$root/visual-cpp" built="$project/build/package-windows-msvc"
+  mkdir -p "$folder/build/runtime"
+  (cd "$project" && cp -r --parents cmake/toolchain-msvc-abi.cmake cmake/clang-cl.sh \
+    runtime/include tests/install/toolchain-visual-cpp.cmake "$folder")
+  cp -a "$built/imports" "$folder/build"
+  cp "$built"/runtime/*.lib "$folder/build/runtime"
+}
+
+try_msvc() {
+  install_packages clang-19 clang-tools-19 lld-19 llvm-19 libc++-19-dev
+  unzip_package msvc
+  copy_visual_cpp
+  build_and_run windows-msvc wine -- "-DQuarnFC_DIR=$configuration" \
+    -DCMAKE_TOOLCHAIN_FILE=/visual-cpp/tests/install/toolchain-visual-cpp.cmake \
+    -DQUARNFC_RUNTIME_BUILD=/visual-cpp/build
 }
 
 step "A fresh Debian in $root"
 make_system
 step "The Debian packages"
 try_linux
-step "The ZIP for Windows"
-try_windows
+step "The ZIP for MinGW-w64"
+try_mingw
+step "The ZIP for Visual C++"
+try_msvc
