@@ -221,6 +221,27 @@ TEST_F(Curl, OldHeadRequestsWithABodyAreSentAsTheyAre) {
   EXPECT_EQ(FirstLine(server), "HEAD /x HTTP/1.0");
 }
 
+TEST_F(Curl, ChunksOfTheHostAreSentWithTheirContentOnly) {
+  std::string received;
+  ScriptedServer server([&received](ServerConnection& connection) {
+    connection.ReadRequest();
+    std::string line;
+    do {
+      line = connection.ReadLine();
+      received += line + "|";
+    } while (!line.empty() && line != "0");
+    connection.Send(HttpResponse("x"));
+  });
+  OutgoingHead head = Get(server.Port());
+  head.verb = "PUT";
+  head.body = BodyKind::kChunked;
+  EXPECT_EQ(Send(head), 0u);
+  EXPECT_EQ(exchange_->PushBody("3;own\r\nabc\r\n0\r\n\r\n", 17), 0u);
+  EXPECT_EQ(Receive(), "x");
+  EXPECT_EQ(received, "3|abc|0|");
+  EXPECT_EQ(exchange_->PushBody("no chunk\r\n", 10), ERROR_INVALID_PARAMETER);
+}
+
 TEST_F(Curl, HeadersWithoutAValueAndAnAcceptOfTheHostAreSent) {
   ScriptedServer server(HttpResponse("x"));
   OutgoingHead head = Get(server.Port());

@@ -76,4 +76,42 @@ TEST(ExhaustedMemory, ASessionThatCannotBeRegisteredThrowsAndClosesItsHandle) {
   EXPECT_EQ(TheFakeInternet().calls.back(), "close 1234");
 }
 
+TEST(ExhaustedMemory, AReadBufferThatCannotBeHadChangesNothing) {
+  TheFakeInternet().response = "0123456789";
+  FakeFile file(1);
+  char bytes[10];
+  EXPECT_EQ(file.SetReadBufferSize(4), 1);
+  EXPECT_EQ(file.Read(bytes, 2), 2u);
+  failing::CloseDoor(1, Refusal::kOnce);
+  EXPECT_EQ(file.SetReadBufferSize(1000), 0);
+  failing::OpenDoor();
+  EXPECT_EQ(std::string(bytes, file.Read(bytes, 2)), "23");
+  EXPECT_EQ(file.SetReadBufferSize(1000), 1);
+}
+
+TEST(ExhaustedMemory, LinesAreNotReadWithoutTheirBuffer) {
+  TheFakeInternet().response = "line\n";
+  FakeFile file(1);
+  CQNString line;
+  char bytes[10];
+  failing::CloseDoor(1, Refusal::kOnce);
+  EXPECT_EQ(file.ReadString(line), 0);
+  failing::CloseDoor(1, Refusal::kOnce);
+  EXPECT_EQ(file.ReadString(bytes, sizeof(bytes)), nullptr);
+  failing::OpenDoor();
+  EXPECT_EQ(file.ReadString(line), 1);
+  EXPECT_EQ(std::string(static_cast<const char*>(line)), "line");
+}
+
+TEST(ExhaustedMemory, NewThatDoesNotThrowGivesNull) {
+  failing::CloseDoor(1, Refusal::kEver);
+  auto* const session = new (std::nothrow) CQNInternetSession("agent");
+  auto* const connection = new (std::nothrow) CQNHttpConnection(nullptr, "h.test", 81);
+  auto* const file = new (std::nothrow) FakeFile(1);
+  failing::OpenDoor();
+  EXPECT_EQ(session, nullptr);
+  EXPECT_EQ(connection, nullptr);
+  EXPECT_EQ(file, nullptr);
+}
+
 }  // namespace

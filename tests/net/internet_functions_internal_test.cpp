@@ -148,6 +148,11 @@ TEST_F(InternetFunctions, RefuseWhatTheyDoNotOffer) {
       ERROR_INTERNET_UNRECOGNIZED_SCHEME);
   EXPECT_EQ(FailureOf([&] { return InternetOpenUrlA(session_, "ftp://h/", nullptr, 0, 0, 0); }),
             ERROR_INTERNET_UNRECOGNIZED_SCHEME);
+  for (const char* url : {"http:h", "http:///x", "http://h:x/", "http://h:65536/"}) {
+    EXPECT_EQ(FailureOf([&] { return InternetOpenUrlA(session_, url, nullptr, 0, 0, 0); }),
+              ERROR_INTERNET_INVALID_URL)
+        << url;
+  }
   EXPECT_EQ(FailureOf([&] { return InternetOpenUrlA(session_, "http://h", "no header", 9, 0, 0); }),
             ERROR_HTTP_INVALID_HEADER);
   EXPECT_EQ(FailureOf([&] { return InternetSetOptionA(session_, 0xFFFF, &number, 4); }),
@@ -243,6 +248,8 @@ TEST_F(InternetFunctions, QueriesRefuseValuesThatAreNotWhatIsAskedFor) {
   for (const auto& c : cases) {
     EXPECT_EQ(QueryFailure(request, c.level, buffer, c.size), c.error) << std::hex << c.level;
   }
+  EXPECT_EQ(QueryFailure(request, HTTP_QUERY_VERSION, buffer, sizeof(buffer)), 0u);
+  EXPECT_STREQ(buffer, "HTTP/1.1");
   for (const DWORD level : {HTTP_QUERY_SERVER | kNumber, HTTP_QUERY_EXPIRES | kTime}) {
     EXPECT_EQ(QueryFailure(request, level, nullptr, 100), ERROR_INSUFFICIENT_BUFFER);
   }

@@ -174,6 +174,24 @@ TEST(ConnectionCopies, KnowTheServerAndTheSessionOfTheFirst) {
   }
 }
 
+// A file as a host's class makes it over its connection.
+class ConnectedFile : public CQNInternetFile {
+ public:
+  explicit ConnectedFile(CQNInternetConnection* connection)
+      : CQNInternetFile(FakeUrlHandle(), "object", connection, 1) {}
+};
+
+TEST(ConnectedFiles, TakeTheContextOfTheirConnectionAndCloseTheirHandle) {
+  CQNInternetSession session("agent");
+  CQNInternetConnection connection(&session, "h.test", 80, 9);
+  {
+    const ConnectedFile file(&connection);
+    EXPECT_EQ(file.GetContext(), 9u);
+    EXPECT_EQ(static_cast<HINTERNET>(file), FakeUrlHandle());
+  }
+  EXPECT_EQ(TheFakeInternet().calls.back(), "close 5678");
+}
+
 TEST(ConnectionMemory, NewThatDoesNotThrowGivesAConnection) {
   CQNInternetSession session;
   auto* const connection = new (std::nothrow) CQNInternetConnection(&session, "h.test");
