@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Looking into a JSON value.
+#include <quarnfc/ext/json_access.h>
+
 #include "c/guarded.h"
 #include "c/json_handle.h"
 #include "c/text.h"
@@ -7,6 +9,7 @@
 namespace {
 
 using quarnfc::c::AnsiText;
+using quarnfc::c::Given;
 using quarnfc::c::GuardedNew;
 using quarnfc::c::HandleOf;
 using quarnfc::c::NewUtf8;
@@ -55,6 +58,14 @@ QncJson* qncJsonFind(const QncJson* object, const char* path) {
     CMyJsonValue* value = nullptr;
     if (members == nullptr || !members->Value(AnsiText(path).get(), value)) return nullptr;
     return HandleOf(value);
+  });
+}
+
+QncJson* qncJsonFindValue(const QncJson* value, const char* place) {
+  return GuardedNew(nullptr, [=] {
+    // The handle is not changed, and what is found is the host's to change, as with qncJsonFind.
+    auto& root = const_cast<CMyJsonValue&>(*ValueOf(Given(value)));
+    return HandleOf(quarnfc::ext::FindValue(root, AnsiText(place).get()));
   });
 }
 

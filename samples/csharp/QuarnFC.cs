@@ -49,6 +49,7 @@ public static class QuarnNative
     [DllImport(Dll)]
     public static extern IntPtr qncJsonKey(IntPtr value, int index, out IntPtr error);
     [DllImport(Dll)] public static extern IntPtr qncJsonFind(IntPtr @object, byte[] path);
+    [DllImport(Dll)] public static extern IntPtr qncJsonFindValue(IntPtr value, byte[] place);
     [DllImport(Dll)] public static extern IntPtr qncJsonText(IntPtr value, out IntPtr error);
     [DllImport(Dll)] public static extern int qncJsonNumber(IntPtr value, out double number);
     [DllImport(Dll)] public static extern int qncJsonBool(IntPtr value, out int flag);

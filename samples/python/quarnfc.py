@@ -48,6 +48,7 @@ FUNCTIONS = {
     "qncJsonAt": (_HANDLE, [_HANDLE, _INT]),
     "qncJsonKey": (_BUFFER, [_HANDLE, _INT, _ERROR]),
     "qncJsonFind": (_HANDLE, [_HANDLE, _TEXT]),
+    "qncJsonFindValue": (_HANDLE, [_HANDLE, _TEXT]),
     "qncJsonText": (_BUFFER, [_HANDLE, _ERROR]),
     "qncJsonNumber": (_INT, [_HANDLE, _DOUBLES]),
     "qncJsonBool": (_INT, [_HANDLE, _INT_OUT]),

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "tests/c/results.h"
 
@@ -26,6 +27,40 @@ std::string Written(const QncJson* value) { return Taken(qncJsonWrite(value, 0, 
 constexpr const char* kBeijing = "\xE5\x8C\x97\xE4\xBA\xAC";
 
 }  // namespace
+
+TEST(CInterfaceJson, FindsValuesByPointerAndByPathWithElements) {
+  const Document document =
+      Parsed("{\"servers\":[{\"port\":80},{\"port\":8080}],\"a/b\":[[1,2]],\"\xE5\x9F\x8E\":3}");
+  ASSERT_NE(document, nullptr);
+  const std::pair<const char*, const char*> cases[] = {
+      {"/servers/1/port", "8080"},
+      {"servers[1]\\port", "8080"},
+      {"/a~1b/0/1", "2"},
+      {"a/b[0][1]", "2"},
+      {"\xE5\x9F\x8E", "3"},
+      {"/\xE5\x9F\x8E", "3"},
+      {"servers[0]", "{\"port\":80}"},
+      {"", nullptr},
+  };
+  for (const auto& [place, expected] : cases) {
+    const QncJson* found = qncJsonFindValue(document.get(), place);
+    ASSERT_NE(found, nullptr) << place;
+    EXPECT_EQ(Written(found), expected == nullptr ? Written(document.get()) : expected) << place;
+  }
+  const Document list = Parsed("[1,[2,3]]");
+  EXPECT_EQ(Written(qncJsonFindValue(list.get(), "/1/0")), "2");
+  EXPECT_EQ(Written(qncJsonFindValue(list.get(), "[1][0]")), "2");
+}
+
+TEST(CInterfaceJson, PlacesThatAreNotThereAreNull) {
+  const Document document = Parsed(R"({"servers":[{"port":80}]})");
+  for (const char* place : {"/servers/1", "servers[1]", "servers[-1]", "/servers/00", "/none",
+                            "/servers/0/port/x", "\xF0\x9F\x98\x80", "/~2"}) {
+    EXPECT_EQ(qncJsonFindValue(document.get(), place), nullptr) << place;
+  }
+  EXPECT_EQ(qncJsonFindValue(nullptr, "/a"), nullptr);
+  EXPECT_EQ(qncJsonFindValue(document.get(), nullptr), nullptr);
+}
 
 TEST(CInterfaceJson, ReadsEveryTypeOfValue) {
   const Document document =

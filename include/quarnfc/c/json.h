@@ -94,6 +94,11 @@ QN_PLAIN_API char* qncJsonKey(const QncJson* value, int index, CQNObject** error
 /* The value at path below an object; null when there is none. Borrowed. */
 QN_PLAIN_API QncJson* qncJsonFind(const QncJson* object, const char* path);
 
+/* The value at a place below any value; null when there is none. Borrowed. A place is a JSON
+ * pointer (RFC 6901), "/servers/2/port", or a path with elements in brackets, "servers[2]\port"; ""
+ * is the value itself. */
+QN_PLAIN_API QncJson* qncJsonFindValue(const QncJson* value, const char* place);
+
 /* The content; null, or 0 with the output untouched, for a value of another type. */
 QN_PLAIN_API char* qncJsonText(const QncJson* value, CQNObject** error);
 QN_PLAIN_API int qncJsonNumber(const QncJson* value, double* number);
