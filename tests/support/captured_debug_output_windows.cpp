@@ -16,7 +16,7 @@ void* g_handler = nullptr;
 LONG CALLBACK Keep(EXCEPTION_POINTERS* exception) {
   const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
   if (record.ExceptionCode != kTextForTheDebugger) return EXCEPTION_CONTINUE_SEARCH;
-  g_texts.push_back(reinterpret_cast<const char*>(record.ExceptionInformation[1]));
+  g_texts.emplace_back(reinterpret_cast<const char*>(record.ExceptionInformation[1]));
   return EXCEPTION_CONTINUE_EXECUTION;
 }
 
