@@ -24,10 +24,10 @@ int ForEachFile(const std::vector<std::string>& files, const Work& work) {
       work(file);
     } catch (const Failure& failure) {
       if (files.size() == 1) throw;
-      const std::string message = failure.what();
+      std::string message = failure.what();
       const std::string name = file == "-" ? "standard input" : DisplayText(file);
-      const bool named = message.find(name) != std::string::npos;
-      PrintError(named ? message : name + ": " + message);
+      if (message.find(name) == std::string::npos) message.insert(0, name + ": ");
+      PrintError(message);
       result = kFailure;
     }
   }

@@ -3,7 +3,6 @@
 #include <quarnfc/ext/json_text_edit.h>
 
 #include <algorithm>
-#include <utility>
 
 #include "qn/console.h"
 #include "qn/errors.h"
@@ -110,7 +109,7 @@ void FormatInPlace(const std::string& file, const Options& options) {
   std::string text = LaidOut(document.Root(), options, JsonNumbers::kAsSpelled);
   const bool library = !options.Has("compact") && !options.Has("indent");
   if (document.Json().Text().ends_with('\n')) text += library ? "\r\n" : "\n";
-  document.Change(std::move(text));
+  document.Change(text);
   document.Save({file, TargetEncoding(options), options.Has("lossy")});
 }
 
