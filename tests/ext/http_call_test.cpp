@@ -211,6 +211,19 @@ TEST(HttpCall, ABodyThatBreaksOffIsNoSuccess) {
   EXPECT_EQ(response.body, "short");
 }
 
+// The answer and its end may have come before the client looks for the first time.
+TEST(HttpCall, ABodyThatBreaksOffIsIncompleteHoweverSoonThatIs) {
+  ScriptedServer server([](ServerConnection& connection) {
+    connection.Send("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\nshort");
+    connection.Finish();
+  });
+  for (int round = 0; round < 50; ++round) {
+    const auto response = HttpGet(server.Url("/"));
+    EXPECT_EQ(response.failure, HttpFailure::kIncomplete);
+    EXPECT_EQ(response.body, "short");
+  }
+}
+
 TEST(HttpCall, TheDeadlineEndsAServerThatNeverAnswersAndOneThatNeverEnds) {
   for (const ScriptedServer::Script& script : {ScriptedServer::Script(Stall), {Trickle}}) {
     ScriptedServer server(script);

@@ -114,7 +114,8 @@ DWORD CurlExchange::SendHead(const OutgoingHead& head, const Progress& connectin
     return connected_;
   });
   if (error != 0) return error;
-  if (done_ && result_ != CURLE_OK) return ErrorOf(line_.easy.get(), result_);
+  // A quick server may have answered and broken off by now: what it has sent counts.
+  if (done_ && !head_complete_ && result_ != CURLE_OK) return ErrorOf(line_.easy.get(), result_);
   if (reported) connected();
   return 0;
 }
