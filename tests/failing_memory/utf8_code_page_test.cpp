@@ -7,6 +7,11 @@
 #include <quarnfc/string_utils.h>
 
 #include <gtest/gtest.h>
+#if defined(_WIN32)
+#include <windows.h>
+
+#include <oleauto.h>
+#endif
 
 #include <string>
 #include <vector>
