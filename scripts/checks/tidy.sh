@@ -34,7 +34,7 @@ tidy() {
   local preset=$1
   shift
   xargs -r -n 2 -P "$(nproc)" clang-tidy -p "build/tidy-$preset" --quiet \
-    --extra-arg=-Wno-ignored-optimization-argument "$@"
+    --extra-arg=-Wno-ignored-optimization-argument --extra-arg=-Wno-unknown-warning-option "$@"
 }
 
 chosen() { if [ ${#wanted[@]} -eq 0 ]; then cat; else grep -xFf <(printf '%s\n' "${wanted[@]}"); fi; }
