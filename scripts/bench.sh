@@ -2,8 +2,9 @@
 # SPDX-License-Identifier: MIT
 # Measures the library beside its peers on this machine, natively and for Windows under Wine, and
 # prints one table: work, input, the ratio aimed at, and for each target our time, the best peer, the
-# ratio of both (a star where it misses), and what the bytes alone cost where that is known. A machine that does nothing else gives steady figures:
-# compare ratios of one run, never times of different machines. Takes about 15 minutes.
+# ratio of both (a star where it misses), and what the bytes alone cost where that is known. A machine
+# that does nothing else gives steady figures: compare ratios of one run, never times of different
+# machines. Takes about 15 minutes.
 # Usage: bench.sh [OPTION...] [PROGRAM...]
 #   PROGRAM           codec, geo, growth, http, io, json, memory, start or string; else all
 #   --native          leaves Windows out

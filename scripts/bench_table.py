@@ -6,7 +6,8 @@ Usage: bench_table.py [--markdown] [--save FILE] [--compare FILE] TARGETS.txt TI
 
 Each FOLDER holds what the programs of one target wrote in Google Benchmark's JSON format. A row is
 named "work|input|who"; who is QuarnFC, a peer, or "limit: WHAT" for what the bytes alone cost on the
-machine. The medians count. --save keeps our times, and --compare shows how they changed against times that were kept.
+machine. The medians count. --save keeps our times, and --compare shows how they changed against
+times that were kept.
 """
 import argparse
 import json

@@ -93,6 +93,7 @@ std::uint64_t SwitchCase(std::uint64_t word, unsigned char first) {
   return word ^ ((from_first & ~above_last & kHighBits) >> 2);
 }
 
+// Eight bytes in the machine's own order, since they are written back (LoadWord has a fixed one).
 std::uint64_t WordAt(const unsigned char* bytes) {
   std::uint64_t word;
   std::memcpy(&word, bytes, sizeof(word));

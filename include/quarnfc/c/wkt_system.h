@@ -7,11 +7,13 @@
  * prime meridians and the latitude of origin. Here whatever would move coordinates is honoured or
  * refused, and the rest that is not honoured is said:
  *
- *   honoured   ellipsoid; transverse Mercator (Gauss-Krueger) with all its parameters; Web
- * Mercator; the unit of length of the coordinates; the order of the axes refused    other
- * projections; prime meridians but Greenwich; angles but degrees; axes that do not point east and
- * north; derived systems passed over, and said: shifts to WGS 84, heights, epochs, keywords that
- * are not known
+ * - Honoured: ellipsoid; transverse Mercator (Gauss-Krueger) with all its parameters; Web Mercator;
+ *   the unit of length of the coordinates; the order of the axes.
+ *
+ * - Refused: other projections; prime meridians but Greenwich; angles but degrees; axes that do not
+ *   point east and north; derived systems.
+ *
+ * - Passed over, and said: shifts to WGS 84, heights, epochs, keywords that are not known.
  *
  * A QncWktSystem never changes: any number of threads may use one.
  *

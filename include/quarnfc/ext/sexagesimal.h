@@ -193,7 +193,7 @@ inline std::string WriteAngle(double angle, int decimals, std::string_view degre
 
 // The packed form DDD.MMSSsss as a number: 114.0327500 for 114d03'27.5". Reading gives false, with
 // angle unchanged, when the minutes or seconds in it are 60 or more or it is not finite. Digits are
-// taken to a billionth of the packed number (0.1 microseconds of arc), since a packed number is
+// taken to a billionth of the packed number (0.01 milliseconds of arc), since a packed number is
 // decimal and a double is not.
 inline bool FromPackedAngle(double packed, double& angle) {
   if (!(std::fabs(packed) <= detail::kLargestAngle)) return false;
