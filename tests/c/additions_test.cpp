@@ -15,22 +15,21 @@
 #include <string>
 #include <vector>
 
+#include "tests/c/handles.h"
 #include "tests/c/results.h"
 
 namespace {
 
 namespace ext = quarnfc::ext;
 using c_results::Error;
+using c_results::Geographic;
 using c_results::Taken;
+using c_results::Transverse;
 
-struct Free {
-  void operator()(QncGeographic* system) const { qncGeographicFree(system); }
-  void operator()(QncTransverseMercator* system) const { qncTransverseMercatorFree(system); }
+struct FreeDigest {
   void operator()(QncDigest* digest) const { qncDigestFree(digest); }
 };
-using Geographic = std::unique_ptr<QncGeographic, Free>;
-using Transverse = std::unique_ptr<QncTransverseMercator, Free>;
-using Digest = std::unique_ptr<QncDigest, Free>;
+using Digest = std::unique_ptr<QncDigest, FreeDigest>;
 
 }  // namespace
 

@@ -6,23 +6,18 @@
 #include <quarnfc/projected.h>
 #include <quarnfc/web_mercator.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
+#include "tests/c/handles.h"
 #include "tests/c/results.h"
 
 namespace {
 
 using c_results::Error;
+using c_results::Geographic;
+using c_results::Projected;
 using c_results::Taken;
-
-struct Free {
-  void operator()(QncGeographic* system) const { qncGeographicFree(system); }
-  void operator()(QncProjected* system) const { qncProjectedFree(system); }
-};
-using Geographic = std::unique_ptr<QncGeographic, Free>;
-using Projected = std::unique_ptr<QncProjected, Free>;
 
 const std::vector<double> kLonLat = {114.5, 30.25, 113.0, 22.5, 115.499, 45.0};
 

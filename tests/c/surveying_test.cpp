@@ -13,22 +13,18 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
-#include <memory>
 #include <string>
 #include <vector>
 
+#include "tests/c/handles.h"
 #include "tests/c/results.h"
 
 namespace {
 
 namespace ext = quarnfc::ext;
 using c_results::Error;
+using c_results::Geographic;
 using c_results::Taken;
-
-struct Free {
-  void operator()(QncGeographic* system) const { qncGeographicFree(system); }
-};
-using Geographic = std::unique_ptr<QncGeographic, Free>;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 const double kNan = std::nan("");

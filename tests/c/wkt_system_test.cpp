@@ -8,20 +8,19 @@
 #include <memory>
 #include <string>
 
+#include "tests/c/handles.h"
 #include "tests/c/results.h"
 
 namespace {
 
 using c_results::Error;
+using c_results::Geographic;
+using c_results::Transverse;
 
-struct Free {
+struct FreeWkt {
   void operator()(QncWktSystem* system) const { qncWktSystemFree(system); }
-  void operator()(QncGeographic* system) const { qncGeographicFree(system); }
-  void operator()(QncTransverseMercator* system) const { qncTransverseMercatorFree(system); }
 };
-using Wkt = std::unique_ptr<QncWktSystem, Free>;
-using Geographic = std::unique_ptr<QncGeographic, Free>;
-using Transverse = std::unique_ptr<QncTransverseMercator, Free>;
+using Wkt = std::unique_ptr<QncWktSystem, FreeWkt>;
 
 const std::string kBase =
     "GEOGCS[\"GCS_China_Geodetic_Coordinate_System_2000\",DATUM[\"D_China_2000\","
