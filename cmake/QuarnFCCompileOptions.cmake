@@ -36,11 +36,6 @@ function(quarnfc_compile_options target)
                         $<$<BOOL:${QUARNFC_WERROR}>:-Werror>
                         # Sessions and their like have no virtual destructor, by their stated layout.
                         $<$<COMPILE_LANGUAGE:CXX>:-Wno-delete-non-virtual-dtor>)
-    if(MINGW AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-      # The thread's environment block is read at small offsets of a segment, which GCC takes for
-      # addresses in the first page, where nothing lies.
-      target_compile_options(${target} PRIVATE --param=min-pagesize=0)
-    endif()
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
       # GCC 12 takes "text" + std::string for a copy onto itself at -O3 (its fault 105651).
       target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>)

@@ -1,15 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "platform/thread_data.h"
 
+#include "platform/windows/platform.h"
+
 #include <winternl.h>
 
 #include <atomic>
 #include <cstddef>
 #include <new>
+#include <type_traits>
 
 namespace quarnfc::platform {
 
 static_assert(offsetof(TEB, TlsSlots) == 0x1480);
+static_assert(offsetof(NT_TIB, Self) == 0x30);
+static_assert(std::is_same_v<DWORD, unsigned long>);
 
 namespace {
 
@@ -19,7 +24,7 @@ constinit std::atomic<void (*)(void* data)> g_at_end = nullptr;
 }  // namespace
 
 // The slot is taken when the module is loaded, before its static initialisers run strings.
-DWORD g_thread_data_slot = TLS_OUT_OF_INDEXES;
+unsigned long g_thread_data_slot = TLS_OUT_OF_INDEXES;
 
 void* ThreadDataOfLateSlot() {
   if (g_thread_data_slot == TLS_OUT_OF_INDEXES) return nullptr;
