@@ -7,33 +7,26 @@
 #include <cstdio>
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <string>
 #include <thread>
 
+#include "tests/c/handles.h"
 #include "tests/c/results.h"
 #include "tests/net/scripted_server.h"
+#include "tests/support/contains.h"
 #include "tests/support/temp_file.h"
 
 namespace {
 
 using c_results::Error;
+using c_results::HttpAnswer;
+using c_results::HttpCall;
+using quarnfc_test::Contains;
 
-struct Free {
-  void operator()(QncHttpCall* call) const { qncHttpCallFree(call); }
-  void operator()(QncHttpResponse* response) const { qncHttpFree(response); }
-};
-using Call = std::unique_ptr<QncHttpCall, Free>;
-using Response = std::unique_ptr<QncHttpResponse, Free>;
-
-Call CallTo(const ScriptedServer& server, const char* verb = "GET") {
-  Call call(qncHttpCallNew(verb, server.Url("/a").c_str(), nullptr));
+HttpCall CallTo(const ScriptedServer& server, const char* verb = "GET") {
+  HttpCall call(qncHttpCallNew(verb, server.Url("/a").c_str(), nullptr));
   qncHttpCallSetDeadline(call.get(), 20000);
   return call;
-}
-
-bool Contains(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
 }
 
 std::string CodeOf(const Error& error) { return error.Text().substr(0, error.Text().find(':')); }
@@ -44,13 +37,13 @@ int EndAtOnce(void*, unsigned long long, unsigned long long) { return 0; }
 
 TEST(CInterfaceHttpCall, SendsWhatItWasGiven) {
   ScriptedServer server(HttpResponse("answer"));
-  const Call call = CallTo(server, "PUT");
+  const HttpCall call = CallTo(server, "PUT");
   EXPECT_EQ(qncHttpCallSetHeaders(call.get(), "X-Old: 1\n", nullptr), 1);
   EXPECT_EQ(qncHttpCallSetHeaders(call.get(), "X-One: 1\nX-Two: 2\n", nullptr), 1);
   EXPECT_EQ(qncHttpCallSetBody(call.get(), "a\0b", 3, nullptr), 1);
   Error error;
   for (int sent = 0; sent < 2; ++sent) {
-    const Response response(qncHttpCallSend(call.get(), error.Out()));
+    const HttpAnswer response(qncHttpCallSend(call.get(), error.Out()));
     ASSERT_NE(response, nullptr) << error.Text();
     EXPECT_EQ(qncHttpStatus(response.get()), 200);
     EXPECT_STREQ(qncHttpBody(response.get(), nullptr), "answer");
@@ -73,21 +66,21 @@ TEST(CInterfaceHttpCall, TheUserAnswersAChallenge) {
               : HttpResponse("out", "WWW-Authenticate: Basic realm=\"x\"\r\n", "401 Unauthorized"));
     }
   });
-  const Call call = CallTo(server);
+  const HttpCall call = CallTo(server);
   EXPECT_EQ(qncHttpCallSetUser(call.get(), "us@er", "secret", nullptr), 1);
-  const Response response(qncHttpCallSend(call.get(), nullptr));
+  const HttpAnswer response(qncHttpCallSend(call.get(), nullptr));
   EXPECT_STREQ(qncHttpBody(response.get(), nullptr), "in");
 }
 
 TEST(CInterfaceHttpCall, TakesNoBodyAboveTheLimit) {
   ScriptedServer server(HttpResponse("01234567890"));
-  const Call call = CallTo(server);
+  const HttpCall call = CallTo(server);
   Error error;
   qncHttpCallSetLargest(call.get(), 10);
   EXPECT_EQ(qncHttpCallSend(call.get(), error.Out()), nullptr);
   EXPECT_EQ(CodeOf(error), "223");
   qncHttpCallSetLargest(call.get(), 11);
-  EXPECT_NE(Response(qncHttpCallSend(call.get(), error.Out())), nullptr) << error.Text();
+  EXPECT_NE(HttpAnswer(qncHttpCallSend(call.get(), error.Out())), nullptr) << error.Text();
 }
 
 TEST(CInterfaceHttpCall, ProgressIsToldUpToTheAnnouncedLength) {
@@ -96,7 +89,7 @@ TEST(CInterfaceHttpCall, ProgressIsToldUpToTheAnnouncedLength) {
     unsigned long long total = 0;
   } seen;
   ScriptedServer server(HttpResponse(std::string(100000, 'x')));
-  const Call call = CallTo(server);
+  const HttpCall call = CallTo(server);
   qncHttpCallSetProgress(
       call.get(),
       [](void* context, unsigned long long received, unsigned long long total) {
@@ -104,18 +97,18 @@ TEST(CInterfaceHttpCall, ProgressIsToldUpToTheAnnouncedLength) {
         return 1;
       },
       &seen);
-  EXPECT_NE(Response(qncHttpCallSend(call.get(), nullptr)), nullptr);
+  EXPECT_NE(HttpAnswer(qncHttpCallSend(call.get(), nullptr)), nullptr);
   EXPECT_EQ(seen.received, 100000u);
   EXPECT_EQ(seen.total, 100000u);
   seen = {};
   qncHttpCallSetProgress(call.get(), nullptr, &seen);
-  EXPECT_NE(Response(qncHttpCallSend(call.get(), nullptr)), nullptr);
+  EXPECT_NE(HttpAnswer(qncHttpCallSend(call.get(), nullptr)), nullptr);
   EXPECT_EQ(seen.received, 0u);
 }
 
 TEST(CInterfaceHttpCall, ProgressEndsADownloadAndNoFileIsLeft) {
   ScriptedServer server(HttpResponse(std::string(100000, 'x')));
-  const Call call = CallTo(server);
+  const HttpCall call = CallTo(server);
   const std::string path = quarnfc_test::TempFile::NewPath();
   Error error;
   qncHttpCallSetProgress(call.get(), EndAtOnce, nullptr);
@@ -127,9 +120,9 @@ TEST(CInterfaceHttpCall, ProgressEndsADownloadAndNoFileIsLeft) {
 
 TEST(CInterfaceHttpCall, DownloadsIntoAFile) {
   ScriptedServer server(HttpResponse("file content"));
-  const Call call = CallTo(server);
+  const HttpCall call = CallTo(server);
   const std::string path = quarnfc_test::TempFile::NewPath();
-  const Response response(qncHttpCallDownload(call.get(), path.c_str(), nullptr));
+  const HttpAnswer response(qncHttpCallDownload(call.get(), path.c_str(), nullptr));
   EXPECT_EQ(qncHttpStatus(response.get()), 200);
   {
     std::ifstream file(path, std::ios::binary);
@@ -148,7 +141,7 @@ TEST(CInterfaceHttpCallThreads, AnotherThreadCancelsForGood) {
     connection.Send("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n");
     while (connection.Send("x")) std::this_thread::sleep_for(std::chrono::milliseconds(5));
   });
-  const Call call = CallTo(server);
+  const HttpCall call = CallTo(server);
   canceller.call = call.get();
   qncHttpCallSetProgress(
       call.get(),
@@ -172,7 +165,7 @@ TEST(CInterfaceHttpCall, RefusesWhatIsNoCall) {
   EXPECT_EQ(error.Text(), "87: Quarn: an argument is null");
   EXPECT_EQ(qncHttpCallNew("GET", nullptr, error.Out()), nullptr);
   EXPECT_EQ(error.Text(), "87: Quarn: an argument is null");
-  const Call put(qncHttpCallNew("PUT", "http://127.0.0.1:1/", nullptr));
+  const HttpCall put(qncHttpCallNew("PUT", "http://127.0.0.1:1/", nullptr));
   EXPECT_EQ(qncHttpCallDownload(put.get(), "x", error.Out()), nullptr);
   EXPECT_EQ(error.Text(), "87: Quarn: a download is a GET without body");
   EXPECT_EQ(qncHttpCallSetHeaders(put.get(), "no colon", error.Out()), 0);

@@ -7,31 +7,25 @@
 #include <cstdio>
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <string>
 
+#include "tests/c/handles.h"
 #include "tests/c/results.h"
 #include "tests/net/scripted_server.h"
+#include "tests/support/contains.h"
 #include "tests/support/temp_file.h"
 
 namespace {
 
 using c_results::Error;
+using c_results::HttpAnswer;
 using c_results::Taken;
+using quarnfc_test::Contains;
 
-struct Free {
-  void operator()(QncHttpResponse* response) const { qncHttpFree(response); }
-};
-using Response = std::unique_ptr<QncHttpResponse, Free>;
-
-std::string Body(const Response& response) {
+std::string Body(const HttpAnswer& response) {
   size_t size = 0;
   const char* body = qncHttpBody(response.get(), &size);
   return std::string(body, size);
-}
-
-bool Contains(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
 }
 
 }  // namespace
@@ -40,7 +34,7 @@ TEST(CInterfaceHttp, BringsStatusHeadersAndBody) {
   const std::string sent("the\0body", 8);
   ScriptedServer server(HttpResponse(sent, "ETag: \"1\"\r\n"));
   Error error;
-  const Response response(qncHttpGet(server.Url("/a").c_str(), 20000, error.Out()));
+  const HttpAnswer response(qncHttpGet(server.Url("/a").c_str(), 20000, error.Out()));
   EXPECT_EQ(error.Text(), "");
   ASSERT_NE(response, nullptr);
   EXPECT_EQ(qncHttpStatus(response.get()), 200);
@@ -52,9 +46,9 @@ TEST(CInterfaceHttp, BringsStatusHeadersAndBody) {
 
 TEST(CInterfaceHttp, SendsVerbHeadersAndBodyAsTheyStand) {
   ScriptedServer server(HttpResponse("", ""));
-  const Response response(qncHttpSend("PUT", server.Url("/a").c_str(),
-                                      "X-One: 1\r\nContent-Type: text/plain\n", "a\0b", 3, 20000,
-                                      nullptr));
+  const HttpAnswer response(qncHttpSend("PUT", server.Url("/a").c_str(),
+                                        "X-One: 1\r\nContent-Type: text/plain\n", "a\0b", 3, 20000,
+                                        nullptr));
   ASSERT_NE(response, nullptr);
   const std::string request = server.LastRequest();
   EXPECT_TRUE(Contains(request, "PUT /a HTTP/1.1\r\n")) << request;
@@ -66,7 +60,8 @@ TEST(CInterfaceHttp, SendsVerbHeadersAndBodyAsTheyStand) {
 TEST(CInterfaceHttp, DownloadsIntoAFile) {
   ScriptedServer server(HttpResponse("file content", ""));
   const std::string path = quarnfc_test::TempFile::NewPath();
-  const Response response(qncHttpDownload(server.Url("/a").c_str(), path.c_str(), 20000, nullptr));
+  const HttpAnswer response(
+      qncHttpDownload(server.Url("/a").c_str(), path.c_str(), 20000, nullptr));
   ASSERT_NE(response, nullptr);
   EXPECT_EQ(qncHttpStatus(response.get()), 200);
   EXPECT_EQ(Body(response), "");

@@ -4,23 +4,19 @@
 
 #include <quarnfc/c/json.h>
 
-#include <memory>
 #include <string>
 #include <utility>
 
+#include "tests/c/handles.h"
 #include "tests/c/results.h"
 
 namespace {
 
+using c_results::Document;
 using c_results::Error;
 using c_results::Taken;
 
-struct Free {
-  void operator()(QncJson* value) const { qncJsonFree(value); }
-};
-using Document = std::unique_ptr<QncJson, Free>;
-
-Document Parsed(const char* text) { return Document(qncJsonParse(text, nullptr)); }
+Document Loaded(const char* text) { return Document(qncJsonParse(text, nullptr)); }
 
 std::string Written(const QncJson* value) { return Taken(qncJsonWrite(value, 0, nullptr)); }
 
@@ -30,7 +26,7 @@ constexpr const char* kBeijing = "\xE5\x8C\x97\xE4\xBA\xAC";
 
 TEST(CInterfaceJson, FindsValuesByPointerAndByPathWithElements) {
   const Document document =
-      Parsed("{\"servers\":[{\"port\":80},{\"port\":8080}],\"a/b\":[[1,2]],\"\xE5\x9F\x8E\":3}");
+      Loaded("{\"servers\":[{\"port\":80},{\"port\":8080}],\"a/b\":[[1,2]],\"\xE5\x9F\x8E\":3}");
   ASSERT_NE(document, nullptr);
   const std::pair<const char*, const char*> cases[] = {
       {"/servers/1/port", "8080"},
@@ -47,13 +43,13 @@ TEST(CInterfaceJson, FindsValuesByPointerAndByPathWithElements) {
     ASSERT_NE(found, nullptr) << place;
     EXPECT_EQ(Written(found), expected == nullptr ? Written(document.get()) : expected) << place;
   }
-  const Document list = Parsed("[1,[2,3]]");
+  const Document list = Loaded("[1,[2,3]]");
   EXPECT_EQ(Written(qncJsonFindValue(list.get(), "/1/0")), "2");
   EXPECT_EQ(Written(qncJsonFindValue(list.get(), "[1][0]")), "2");
 }
 
 TEST(CInterfaceJson, PlacesThatAreNotThereAreNull) {
-  const Document document = Parsed(R"({"servers":[{"port":80}]})");
+  const Document document = Loaded(R"({"servers":[{"port":80}]})");
   for (const char* place : {"/servers/1", "servers[1]", "servers[-1]", "/servers/00", "/none",
                             "/servers/0/port/x", "\xF0\x9F\x98\x80", "/~2"}) {
     EXPECT_EQ(qncJsonFindValue(document.get(), place), nullptr) << place;
@@ -64,7 +60,7 @@ TEST(CInterfaceJson, PlacesThatAreNotThereAreNull) {
 
 TEST(CInterfaceJson, ReadsEveryTypeOfValue) {
   const Document document =
-      Parsed(R"({"text":"a","number":1.5,"flag":true,"none":null,"list":[1,2],"object":{"x":1}})");
+      Loaded(R"({"text":"a","number":1.5,"flag":true,"none":null,"list":[1,2],"object":{"x":1}})");
   ASSERT_NE(document, nullptr);
   struct Case {
     const char* path;
@@ -87,7 +83,7 @@ TEST(CInterfaceJson, ReadsEveryTypeOfValue) {
 }
 
 TEST(CInterfaceJson, GivesContentsOfTheTypeAskedForOnly) {
-  const Document document = Parsed(R"({"text":"a","number":1.5,"flag":true})");
+  const Document document = Loaded(R"({"text":"a","number":1.5,"flag":true})");
   const QncJson* text = qncJsonFind(document.get(), "text");
   const QncJson* number = qncJsonFind(document.get(), "number");
   const QncJson* flag = qncJsonFind(document.get(), "flag");
@@ -108,7 +104,7 @@ TEST(CInterfaceJson, GivesContentsOfTheTypeAskedForOnly) {
 }
 
 TEST(CInterfaceJson, WalksMembersAndElementsInOrder) {
-  const Document document = Parsed(R"({"b":[10,20],"a":1})");
+  const Document document = Loaded(R"({"b":[10,20],"a":1})");
   EXPECT_EQ(Taken(qncJsonKey(document.get(), 0, nullptr)), "b");
   EXPECT_EQ(Taken(qncJsonKey(document.get(), 1, nullptr)), "a");
   EXPECT_EQ(qncJsonKey(document.get(), 2, nullptr), nullptr);
@@ -123,7 +119,7 @@ TEST(CInterfaceJson, WalksMembersAndElementsInOrder) {
 
 TEST(CInterfaceJson, SpeaksUtf8AndTheCodePageWhereAsked) {
   const std::string text = std::string(R"({"city":")") + kBeijing + "\"}";
-  const Document document = Parsed(text.c_str());
+  const Document document = Loaded(text.c_str());
   ASSERT_NE(document, nullptr);
   EXPECT_EQ(Taken(qncJsonText(qncJsonFind(document.get(), "city"), nullptr)), kBeijing);
   EXPECT_EQ(Written(document.get()), text);
@@ -167,7 +163,7 @@ TEST(CInterfaceJson, BuildsDocuments) {
 
 TEST(CInterfaceJson, AppendsElementsOfOneTypeOnly) {
   const Document list(qncJsonNewArray(nullptr));
-  const Document object = Parsed("{}");
+  const Document object = Loaded("{}");
   Error error;
   EXPECT_EQ(qncJsonAppendText(list.get(), "a", error.Out()), 1);
   EXPECT_EQ(qncJsonAppendBool(list.get(), 1, error.Out()), 0);
@@ -177,14 +173,14 @@ TEST(CInterfaceJson, AppendsElementsOfOneTypeOnly) {
   EXPECT_EQ(qncJsonAppendText(object.get(), "a", nullptr), 0);
   EXPECT_EQ(Written(list.get()), R"(["a"])");
 
-  const Document more = Parsed(R"(["b","c"])");
+  const Document more = Loaded(R"(["b","c"])");
   EXPECT_EQ(qncJsonAppendValue(list.get(), more.get(), nullptr), 1);
   EXPECT_EQ(Written(list.get()), R"(["a","b","c"])");
 }
 
 TEST(CInterfaceJson, RefusesMembersOfWhatIsNoObject) {
   const Document list(qncJsonNewArray(nullptr));
-  const Document object = Parsed(R"({"a":1})");
+  const Document object = Loaded(R"({"a":1})");
   Error error;
   EXPECT_EQ(qncJsonSetNumber(list.get(), "a", 1, error.Out()), 0);
   EXPECT_EQ(error.Text(), "5: Quarn: the JSON value, or one on the path, is no object");
@@ -209,7 +205,7 @@ TEST(CInterfaceJson, NullHandlesReadAsNullValues) {
 
 TEST(CInterfaceJson, FilesComeBackAsTheyWere) {
   const std::string path = testing::TempDir() + "c_interface.json";
-  const Document document = Parsed((std::string(R"({"city":")") + kBeijing + "\"}").c_str());
+  const Document document = Loaded((std::string(R"({"city":")") + kBeijing + "\"}").c_str());
   for (const int utf8 : {0, 1}) {
     ASSERT_EQ(qncJsonSaveFile(document.get(), path.c_str(), utf8, nullptr), 1);
     const Document read(qncJsonReadFile(path.c_str(), nullptr));
@@ -222,7 +218,7 @@ TEST(CInterfaceJson, MissingFilesAreErrors) {
   Error error;
   EXPECT_EQ(qncJsonReadFile(path.c_str(), error.Out()), nullptr);
   EXPECT_EQ(error.Text().substr(0, 3), "2: ");
-  const Document document = Parsed("{}");
+  const Document document = Loaded("{}");
   EXPECT_EQ(qncJsonSaveFile(document.get(), path.c_str(), 1, error.Out()), 0);
   EXPECT_EQ(error.Text().substr(0, 4), "14: ");
 }

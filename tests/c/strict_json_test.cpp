@@ -5,20 +5,16 @@
 #include <quarnfc/c/json.h>
 
 #include <limits>
-#include <memory>
 #include <string>
 
+#include "tests/c/handles.h"
 #include "tests/c/results.h"
 
 namespace {
 
+using c_results::Document;
 using c_results::Error;
 using c_results::Taken;
-
-struct Free {
-  void operator()(QncJson* json) const { qncJsonFree(json); }
-};
-using Document = std::unique_ptr<QncJson, Free>;
 
 Document Load(const std::string& text, size_t* offset = nullptr, CQNObject** error = nullptr) {
   return Document(qncJsonLoadStrict(text.data(), text.size(), offset, error));

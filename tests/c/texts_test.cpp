@@ -7,35 +7,30 @@
 #include <quarnfc/c/json_text.h>
 
 #include <cstring>
-#include <memory>
 #include <string>
 #include <string_view>
 
+#include "tests/c/handles.h"
 #include "tests/c/results.h"
 #include "tests/support/temp_file.h"
 
 namespace {
 
+using c_results::CsvText;
 using c_results::Error;
+using c_results::JsonText;
 using c_results::Taken;
 
-struct Free {
-  void operator()(QncJsonText* document) const { qncJsonTextFree(document); }
-  void operator()(QncCsvText* csv) const { qncCsvTextClose(csv); }
-};
-using Json = std::unique_ptr<QncJsonText, Free>;
-using Csv = std::unique_ptr<QncCsvText, Free>;
-
-Json Parsed(std::string_view text) {
-  return Json(qncJsonTextParse(text.data(), text.size(), nullptr, nullptr));
+JsonText Strict(std::string_view text) {
+  return JsonText(qncJsonTextParse(text.data(), text.size(), nullptr, nullptr));
 }
 
-Csv Opened(std::string_view text, char delimiter) {
-  return Csv(qncCsvTextFromMemory(text.data(), text.size(), delimiter, nullptr));
+CsvText Opened(std::string_view text, char delimiter) {
+  return CsvText(qncCsvTextFromMemory(text.data(), text.size(), delimiter, nullptr));
 }
 
 // The fields of the row last read with '|' behind each.
-std::string Fields(const Csv& csv) {
+std::string Fields(const CsvText& csv) {
   std::string joined;
   for (int i = 0; i < qncCsvTextCount(csv.get()); ++i) {
     size_t size = 0;
@@ -58,7 +53,7 @@ TEST(CInterfaceUtf8, NamesTheFirstByteThatIsNone) {
 }
 
 TEST(CInterfaceJsonText, ReadsByPointersWithoutConvertingAnything) {
-  const Json json = Parsed("{\"a\":[1.50,\"\\u5317\\u0000x\"],\"b\":{},\"c\":null,\"d\":true}");
+  const JsonText json = Strict("{\"a\":[1.50,\"\\u5317\\u0000x\"],\"b\":{},\"c\":null,\"d\":true}");
   ASSERT_NE(json, nullptr);
   EXPECT_EQ(qncJsonTextType(json.get(), ""), QNC_JSON_OBJECT);
   EXPECT_EQ(qncJsonTextType(json.get(), "/a"), QNC_JSON_ARRAY);
@@ -87,7 +82,7 @@ TEST(CInterfaceJsonText, ReadsByPointersWithoutConvertingAnything) {
 }
 
 TEST(CInterfaceJsonText, EditChangesTheBytesOfOneValueAlone) {
-  const Json json = Parsed("{ \"big\" : 12345678901234567890 ,\n  \"port\":8080 }");
+  const JsonText json = Strict("{ \"big\" : 12345678901234567890 ,\n  \"port\":8080 }");
   Error error;
   EXPECT_EQ(qncJsonTextReplace(json.get(), "/port", "9090", error.Out()), 1);
   EXPECT_EQ(Taken(qncJsonTextWrite(json.get(), nullptr)),
@@ -116,7 +111,7 @@ TEST(CInterfaceJsonText, AddedValuesGoWherePointersLead) {
       {"", "true"},
   };
   for (const Case& c : cases) {
-    const Json json = Parsed("{\"a\": [1.50, 2], \"b\": {}}");
+    const JsonText json = Strict("{\"a\": [1.50, 2], \"b\": {}}");
     EXPECT_EQ(qncJsonTextAdd(json.get(), c.pointer, "true", nullptr), 1) << c.pointer;
     EXPECT_EQ(Taken(qncJsonTextWrite(json.get(), nullptr)), c.expected) << c.pointer;
   }
@@ -132,7 +127,7 @@ TEST(CInterfaceJsonText, RemovedValuesTakeOneCommaWithThem) {
                         {"/c/0", "{\"a\": 0, \"b\": 1e2 , \"c\": [2], \"a\": 3}"},
                         {"/c/1", "{\"a\": 0, \"b\": 1e2 , \"c\": [1], \"a\": 3}"}};
   for (const Case& c : cases) {
-    const Json json = Parsed("{\"a\": 0, \"b\": 1e2 , \"c\": [1, 2], \"a\": 3}");
+    const JsonText json = Strict("{\"a\": 0, \"b\": 1e2 , \"c\": [1, 2], \"a\": 3}");
     EXPECT_EQ(qncJsonTextRemove(json.get(), c.pointer, nullptr), 1) << c.pointer;
     EXPECT_EQ(Taken(qncJsonTextWrite(json.get(), nullptr)), c.expected) << c.pointer;
   }
@@ -140,7 +135,7 @@ TEST(CInterfaceJsonText, RemovedValuesTakeOneCommaWithThem) {
 
 TEST(CInterfaceJsonText, RefusedEditsLeaveTheDocumentAsItIs) {
   const std::string text = "{\"a\": [1, 2], \"b\": 0}";
-  const Json json = Parsed(text);
+  const JsonText json = Strict(text);
   const auto added = [&](const char* pointer, const char* value) {
     Error error;
     EXPECT_EQ(qncJsonTextAdd(json.get(), pointer, value, error.Out()), 0);
@@ -188,7 +183,7 @@ TEST(CInterfaceJsonText, RefusedTextTellsPlaceAndReason) {
 }
 
 TEST(CInterfaceCsvText, ReadsAnyDelimiterAndLineEndsInQuotes) {
-  const Csv csv = Opened(
+  const CsvText csv = Opened(
       "\xEF\xBB\xBF"
       "a;\"b;\r\nc\"\r\n\r\n1,5;\"say \"\"hi\"\"\"\n",
       ';');
@@ -212,7 +207,7 @@ TEST(CInterfaceCsvText, FilesLongerThanAPieceKeepEveryRow) {
   std::string text = "\xEF\xBB\xBF";
   for (int i = 0; i < 30000; ++i) text += std::to_string(i) + "\tvalue\n";
   const quarnfc_test::TempFile file(text);
-  const Csv csv(qncCsvTextOpen(file.path(), '\t', nullptr));
+  const CsvText csv(qncCsvTextOpen(file.path(), '\t', nullptr));
   ASSERT_NE(csv, nullptr);
   int rows = 0;
   while (qncCsvTextNextRow(csv.get(), nullptr) == 1) {
@@ -224,7 +219,7 @@ TEST(CInterfaceCsvText, FilesLongerThanAPieceKeepEveryRow) {
 
 TEST(CInterfaceCsvText, WhatCannotBeReadIsAnError) {
   Error error;
-  const Csv csv = Opened("a\n\"never closed", ',');
+  const CsvText csv = Opened("a\n\"never closed", ',');
   EXPECT_EQ(qncCsvTextNextRow(csv.get(), error.Out()), 1);
   EXPECT_EQ(qncCsvTextNextRow(csv.get(), error.Out()), -1);
   EXPECT_EQ(error.Text(), "5: Quarn: line 2: a quoted field is not closed");
@@ -240,7 +235,7 @@ TEST(CInterfaceCsvText, WrittenRowsAreReadBack) {
   const char* fields[] = {"a;b", " lead", "", "say \"hi\"", "two\nlines"};
   const std::string row = Taken(qncCsvTextWriteRow(fields, 5, ';', nullptr));
   EXPECT_EQ(row, "\"a;b\";\" lead\";;\"say \"\"hi\"\"\";\"two\nlines\"");
-  const Csv csv = Opened(row, ';');
+  const CsvText csv = Opened(row, ';');
   EXPECT_EQ(qncCsvTextNextRow(csv.get(), nullptr), 1);
   EXPECT_EQ(Fields(csv), "a;b| lead||say \"hi\"|two\nlines|");
   Error error;

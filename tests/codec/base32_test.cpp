@@ -20,29 +20,29 @@ std::string FromStandard(const std::string& text) {
   return result;
 }
 
-struct Case {
+struct Base32Case {
   const char* data;
   const char* standard_text;
 };
 
 // RFC 4648, section 10.
-constexpr Case kCases[] = {{"", ""},
-                           {"f", "MY======"},
-                           {"fo", "MZXQ===="},
-                           {"foo", "MZXW6==="},
-                           {"foob", "MZXW6YQ="},
-                           {"fooba", "MZXW6YTB"},
-                           {"foobar", "MZXW6YTBOI======"}};
+constexpr Base32Case kBase32Cases[] = {{"", ""},
+                                       {"f", "MY======"},
+                                       {"fo", "MZXQ===="},
+                                       {"foo", "MZXW6==="},
+                                       {"foob", "MZXW6YQ="},
+                                       {"fooba", "MZXW6YTB"},
+                                       {"foobar", "MZXW6YTBOI======"}};
 
 TEST(Base32, PublishedVectorsEncodeInTheLibrarysAlphabet) {
-  for (const auto& [data, standard_text] : kCases) {
+  for (const auto& [data, standard_text] : kBase32Cases) {
     EXPECT_EQ(EncodeA<Base32>(ToBytes(data)), FromStandard(standard_text));
     EXPECT_EQ(EncodeW<Base32>(ToBytes(data)), FromStandard(standard_text));
   }
 }
 
 TEST(Base32, PublishedVectorsDecode) {
-  for (const auto& [data, standard_text] : kCases) {
+  for (const auto& [data, standard_text] : kBase32Cases) {
     const Bytes expected = ToBytes(data);
     for (Decoded decoded : {DecodeA<Base32>(FromStandard(standard_text)),
                             DecodeW<Base32>(FromStandard(standard_text))}) {

@@ -8,29 +8,29 @@
 namespace codec_test {
 namespace {
 
-struct Case {
+struct Base64Case {
   const char* data;
   const char* text;
 };
 
 // RFC 4648, section 10.
-constexpr Case kCases[] = {{"", ""},
-                           {"f", "Zg=="},
-                           {"fo", "Zm8="},
-                           {"foo", "Zm9v"},
-                           {"foob", "Zm9vYg=="},
-                           {"fooba", "Zm9vYmE="},
-                           {"foobar", "Zm9vYmFy"}};
+constexpr Base64Case kBase64Cases[] = {{"", ""},
+                                       {"f", "Zg=="},
+                                       {"fo", "Zm8="},
+                                       {"foo", "Zm9v"},
+                                       {"foob", "Zm9vYg=="},
+                                       {"fooba", "Zm9vYmE="},
+                                       {"foobar", "Zm9vYmFy"}};
 
 TEST(Base64, PublishedVectorsEncode) {
-  for (const auto& [data, text] : kCases) {
+  for (const auto& [data, text] : kBase64Cases) {
     EXPECT_EQ(EncodeA<Base64>(ToBytes(data)), text);
     EXPECT_EQ(EncodeW<Base64>(ToBytes(data)), text);
   }
 }
 
 TEST(Base64, PublishedVectorsDecode) {
-  for (const auto& [data, text] : kCases) {
+  for (const auto& [data, text] : kBase64Cases) {
     const Bytes expected = ToBytes(data);
     for (Decoded decoded : {DecodeA<Base64>(text), DecodeW<Base64>(text)}) {
       EXPECT_EQ(decoded.count, static_cast<int>(expected.size())) << text;

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "tests/net/scripted_server.h"
+#include "tests/support/contains.h"
 
 namespace {
 
@@ -27,13 +28,10 @@ using quarnfc::ext::HttpHeader;
 using quarnfc::ext::HttpPost;
 using quarnfc::ext::HttpPut;
 using quarnfc::ext::HttpSend;
+using quarnfc_test::Contains;
 
 constexpr const char* kTarget = "http_call_test.out";
 constexpr const char* kPart = "http_call_test.out.part";
-
-bool Contains(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
-}
 
 bool Exists(const char* path) { return std::ifstream(path).is_open(); }
 

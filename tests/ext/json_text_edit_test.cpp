@@ -7,14 +7,12 @@
 #include <string>
 #include <vector>
 
+#include "tests/ext/parsed_json.h"
+
 namespace quarnfc::ext {
 namespace {
 
-JsonText Parsed(const std::string& text) {
-  JsonText json;
-  EXPECT_TRUE(json.Parse(text)) << text;
-  return json;
-}
+using json_text_test::Parsed;
 
 std::string Replaced(const std::string& text, const char* pointer, const char* value) {
   const JsonText json = Parsed(text);

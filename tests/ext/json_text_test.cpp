@@ -9,16 +9,12 @@
 #include <vector>
 
 #include "support/build_paths.h"
+#include "tests/ext/parsed_json.h"
 
 namespace quarnfc::ext {
 namespace {
 
-JsonText Parsed(const std::string& text) {
-  JsonText json;
-  JsonTextError error;
-  EXPECT_TRUE(json.Parse(text, &error)) << text << ": " << error.Message();
-  return json;
-}
+using json_text_test::Parsed;
 
 // --- the texts by which readers are compared ----------------------------------------------------
 

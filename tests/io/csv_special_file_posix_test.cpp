@@ -11,12 +11,12 @@
 namespace io_test {
 namespace {
 
-constexpr int kAccessDenied = 5;
+constexpr int kCannotOpen = 5;
 
 TEST(CsvReader, DeviceAsPathFails) {
   CQNCSVFileReader reader;
   EXPECT_FALSE(reader.Open("/dev/zero"));
-  EXPECT_EQ(Message(reader), OpenFailed("/dev/zero", kAccessDenied));
+  EXPECT_EQ(Message(reader), OpenFailed("/dev/zero", kCannotOpen));
 }
 
 TEST(CsvReader, PipeAsPathFails) {
@@ -24,7 +24,7 @@ TEST(CsvReader, PipeAsPathFails) {
   ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
   CQNCSVFileReader reader;
   EXPECT_FALSE(reader.Open(path.c_str()));
-  EXPECT_EQ(Message(reader), OpenFailed(path, kAccessDenied));
+  EXPECT_EQ(Message(reader), OpenFailed(path, kCannotOpen));
   std::remove(path.c_str());
 }
 

@@ -3,15 +3,15 @@
 #include <quarnfc/plain.h>
 
 #include <cstdio>
-#include <thread>
 #include <vector>
 
 #include "tests/json/json_support.h"
+#include "tests/support/threads.h"
 
 namespace {
 
-constexpr int kThreads = 4;
-constexpr int kRounds = 25;
+constexpr int kFileThreads = 4;
+constexpr int kFileRounds = 25;
 
 std::string PathOf(int thread) {
   return testing::TempDir() + "quarnfc_file_threads_" + std::to_string(thread) + ".json";
@@ -35,7 +35,7 @@ int SaveAndRead(int thread) {
   const std::string missing = path + ".missing";
   const std::string message = "Quarn: Can't open " + missing + ", error: 0x2";
   int good = 0;
-  for (int round = 0; round < kRounds; ++round) {
+  for (int round = 0; round < kFileRounds; ++round) {
     CMyJsonValue read;
     const bool done = QNJsonUtils::SaveJsonFileEx(path.c_str(), saved, true, nullptr) &&
                       QNJsonUtils::ReadJsonFileEx(path.c_str(), read, nullptr);
@@ -46,14 +46,11 @@ int SaveAndRead(int thread) {
 }
 
 TEST(JsonFileThreads, DifferentFilesAreSavedAndReadAtOnce) {
-  std::vector<int> good(kThreads);
-  std::vector<std::thread> threads;
-  threads.reserve(kThreads);
-  for (int i = 0; i < kThreads; ++i) {
-    threads.emplace_back([&good, i] { good[static_cast<std::size_t>(i)] = SaveAndRead(i); });
-  }
-  for (std::thread& thread : threads) thread.join();
-  EXPECT_EQ(good, std::vector<int>(kThreads, kRounds));
+  std::vector<int> good(kFileThreads);
+  quarnfc_test::RunOnThreads(kFileThreads, [&good](int thread) {
+    good[static_cast<std::size_t>(thread)] = SaveAndRead(thread);
+  });
+  EXPECT_EQ(good, std::vector<int>(kFileThreads, kFileRounds));
 }
 
 }  // namespace

@@ -54,7 +54,7 @@ int NumberIn(const CMyJsonObj& object, const std::string& key) {
 }
 
 // Latin and Chinese keys, some of them prefixes of others.
-std::string KeyOf(std::uint32_t number) {
+std::string MixedKey(std::uint32_t number) {
   const std::string digits = std::to_string(number);
   return number % 3 == 0 ? "\xD6\xD0\xB9\xFA" + digits : number % 3 == 1 ? "k" + digits : digits;
 }
@@ -67,7 +67,7 @@ TEST(LargeObject, FindsWhatASearchOneByOneFindsAfterAnyChange) {
     CMyJsonObj object;
     Model model;
     for (int step = 0; step < 4000; ++step) {
-      const std::string key = KeyOf(random() % keys);
+      const std::string key = MixedKey(random() % keys);
       switch (random() % 8) {
         case 0:
           object.AddItem(key.c_str(), step);
@@ -82,7 +82,7 @@ TEST(LargeObject, FindsWhatASearchOneByOneFindsAfterAnyChange) {
           ASSERT_TRUE(object.SetItem(key.c_str(), step, true, false));
           model.Set(key, step);
       }
-      const std::string wanted = KeyOf(random() % keys);
+      const std::string wanted = MixedKey(random() % keys);
       ASSERT_EQ(NumberIn(object, wanted), model.Number(wanted)) << wanted << " in step " << step;
       ASSERT_EQ(static_cast<std::size_t>(object.ValueCount()), model.Size());
     }
@@ -103,12 +103,12 @@ TEST(LargeObject, EachOfManyMembersIsFound) {
 
 TEST(LargeObject, SearchesSeeTheMembersOfTheLastLoadOrCopy) {
   CMyJsonObj object, other;
-  for (int i = 0; i < 50; ++i) object.AddItem(KeyOf(static_cast<std::uint32_t>(i)).c_str(), i);
+  for (int i = 0; i < 50; ++i) object.AddItem(MixedKey(static_cast<std::uint32_t>(i)).c_str(), i);
   for (int i = 0; i < 50; ++i) other.AddItem(("other" + std::to_string(i)).c_str(), i);
-  EXPECT_EQ(NumberIn(object, KeyOf(7)), 7);
+  EXPECT_EQ(NumberIn(object, MixedKey(7)), 7);
   EXPECT_EQ(NumberIn(other, "other7"), 7);
   object.CopyFrom(&other);
-  EXPECT_EQ(NumberIn(object, KeyOf(7)), -1);
+  EXPECT_EQ(NumberIn(object, MixedKey(7)), -1);
   EXPECT_EQ(NumberIn(object, "other9"), 9);
   ASSERT_TRUE(object.Load("{\"only\":3}"));
   EXPECT_EQ(NumberIn(object, "other9"), -1);

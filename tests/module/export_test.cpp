@@ -5,8 +5,11 @@
 #include <quarnfc/quarnfc.h>
 
 #include "tests/module/module_image.h"
+#include "tests/support/contains.h"
 
 namespace {
+
+using quarnfc_test::Contains;
 
 constexpr const char* kPlainNames[] = {
     "qnGetErrorA",     "qnGetErrorW",     "qnCloseHandle",   "qnFreeMem",
@@ -17,10 +20,6 @@ constexpr const char* kPlainNames[] = {
 
 // Functions on vectors leave only where host and library share the standard library.
 constexpr const char* kVectorNames[] = {"qnSplitStr", "qnFreeStrArr"};
-
-bool Contains(const std::string& text, const char* part) {
-  return text.find(part) != std::string::npos;
-}
 
 }  // namespace
 

@@ -26,35 +26,32 @@
 
 #include "tests/support/caller_buffer.h"
 #include "tests/support/string_bytes.h"
+#include "tests/support/threads.h"
 
 namespace {
 
 using quarnfc_test::Bytes;
+using quarnfc_test::RunOnThreads;
 using quarnfc_test::TakeText;
 
-constexpr int kThreads = 4;
-constexpr int kRounds = 200;
+constexpr int kRuleThreads = 4;
+constexpr int kRuleRounds = 200;
 
-// Runs work on every thread kRounds times; how often it was right.
+// Runs work on every thread kRuleRounds times; how often it was right.
 template <class Work>
 int RightOnThreads(Work work) {
-  std::vector<int> right(kThreads);
-  std::vector<std::thread> threads;
-  threads.reserve(kThreads);
-  for (int i = 0; i < kThreads; ++i) {
-    threads.emplace_back([&right, work, i] {
-      for (int round = 0; round < kRounds; ++round) {
-        right[static_cast<std::size_t>(i)] += work() ? 1 : 0;
-      }
-    });
-  }
-  for (std::thread& thread : threads) thread.join();
+  std::vector<int> right(kRuleThreads);
+  RunOnThreads(kRuleThreads, [&right, work](int thread) {
+    for (int round = 0; round < kRuleRounds; ++round) {
+      right[static_cast<std::size_t>(thread)] += work() ? 1 : 0;
+    }
+  });
   int sum = 0;
   for (const int count : right) sum += count;
   return sum;
 }
 
-constexpr int kAll = kThreads * kRounds;
+constexpr int kAll = kRuleThreads * kRuleRounds;
 
 const unsigned char kData[] = {'1', '2', '3', '4', '5', '6', '7', '8', '9'};
 
@@ -160,8 +157,8 @@ TEST(ThreadRulesThreads, ADocumentPassesFromThreadToThread) {
 TEST(ThreadRulesThreads, DumpsAndEntriesOfTheEventLogMayBeWrittenAtOnce) {
   const std::string folder = testing::TempDir();
   std::vector<std::thread> threads;
-  threads.reserve(kThreads);
-  for (int i = 0; i < kThreads; ++i) {
+  threads.reserve(kRuleThreads);
+  for (int i = 0; i < kRuleThreads; ++i) {
     threads.emplace_back([&folder, i] {
       for (int round = 0; round < 5; ++round) {
         const std::string path = folder + std::to_string(i) + ".dmp";

@@ -11,8 +11,11 @@
 
 #include "tests/net/scripted_server.h"
 #include "tests/net/test_text.h"
+#include "tests/support/contains.h"
 
 namespace {
+
+using quarnfc_test::Contains;
 
 // A session and a connection to a server that gives one answer.
 class HttpFile : public testing::Test {
@@ -40,10 +43,6 @@ class HttpFile : public testing::Test {
   std::unique_ptr<ScriptedServer> server_;
   std::unique_ptr<CQNHttpConnection> connection_;
 };
-
-bool Contains(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
-}
 
 // --- sending -------------------------------------------------------------------------------------
 

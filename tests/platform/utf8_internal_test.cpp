@@ -21,7 +21,7 @@ using quarnfc_test::ExpectDecodes;
 using quarnfc_test::ExpectEncodes;
 using namespace std::string_view_literals;
 
-constexpr ConversionCase kBothWays[] = {
+constexpr ConversionCase kUtf8BothWays[] = {
     {"ASCII and a zero byte", "a\0\x7F"sv, u"a\0\x7F"sv},
     {"two bytes, first and last", "\xC2\x80\xDF\xBF", u"\u0080\u07FF"},
     {"three bytes, first and last", "\xE0\xA0\x80\xEF\xBF\xBF", u"\u0800\uFFFF"},
@@ -33,8 +33,8 @@ constexpr ConversionCase kBothWays[] = {
 };
 
 TEST(Utf8, CharactersSurviveBothWays) {
-  ExpectDecodes(Encoding::kUtf8, kBothWays);
-  ExpectEncodes(Encoding::kUtf8, kBothWays);
+  ExpectDecodes(Encoding::kUtf8, kUtf8BothWays);
+  ExpectEncodes(Encoding::kUtf8, kUtf8BothWays);
 }
 
 // Behind each text stand four more bytes, so that none is truncated.
@@ -110,7 +110,7 @@ TEST(Utf8, RandomTextsDecodeAsOnWindows) {
   EXPECT_EQ(kMalformedDigest, digest.value());
 }
 
-constexpr std::uint64_t kEncodeDigest = 3574170529431433157u;
+constexpr std::uint64_t kUtf8EncodeDigest = 3574170529431433157u;
 
 TEST(Utf8, EveryPairOfSurrogateCandidatesEncodesAsOnWindows) {
   constexpr char16_t kUnits[] = {0,      'a',    0x7F,   0x80,   0x7FF,  0x800,  0xD7FF, 0xD800,
@@ -125,7 +125,7 @@ TEST(Utf8, EveryPairOfSurrogateCandidatesEncodesAsOnWindows) {
       }
     }
   }
-  EXPECT_EQ(kEncodeDigest, digest.value());
+  EXPECT_EQ(kUtf8EncodeDigest, digest.value());
 }
 
 }  // namespace

@@ -10,7 +10,11 @@
 #include "qn/errors.h"
 #include "qn/exit_code.h"
 
+#include "tests/support/contains.h"
+
 namespace {
+
+using quarnfc_test::Contains;
 
 using Arguments = std::span<const std::string>;
 
@@ -37,13 +41,13 @@ constexpr qn::Command kCommands[] = {
     {"keep", "", "usage: qn keep\n", Keep},
 };
 
-struct Result {
+struct GroupOutcome {
   int code;
   std::string out;
   std::string err;
 };
 
-Result RunQn(const std::vector<std::string>& arguments) {
+GroupOutcome RunGroup(const std::vector<std::string>& arguments) {
   testing::internal::CaptureStdout();
   testing::internal::CaptureStderr();
   const int code = qn::Dispatch(kCommands, arguments);
@@ -51,16 +55,12 @@ Result RunQn(const std::vector<std::string>& arguments) {
   return {code, std::move(out), testing::internal::GetCapturedStderr()};
 }
 
-bool Contains(const std::string& text, const char* part) {
-  return text.find(part) != std::string::npos;
-}
-
 }  // namespace
 
 TEST(QnDispatch, CommandsReceiveTheArgumentsAfterTheirName) {
-  EXPECT_EQ(RunQn({"keep", "a", "b"}).code, qn::kSuccess);
+  EXPECT_EQ(RunGroup({"keep", "a", "b"}).code, qn::kSuccess);
   EXPECT_EQ(g_arguments, (std::vector<std::string>{"a", "b"}));
-  EXPECT_EQ(RunQn({"group", "keep", "--", "--help"}).code, qn::kSuccess);
+  EXPECT_EQ(RunGroup({"group", "keep", "--", "--help"}).code, qn::kSuccess);
   EXPECT_EQ(g_arguments, (std::vector<std::string>{"--", "--help"}));
 }
 
@@ -79,7 +79,7 @@ TEST(QnDispatch, HelpIsAvailableAtEveryLevel) {
       {{"help", "group", "fail"}, "usage: qn group fail"},
   };
   for (const auto& each : cases) {
-    const Result result = RunQn(each.arguments);
+    const GroupOutcome result = RunGroup(each.arguments);
     EXPECT_EQ(result.code, qn::kSuccess) << each.part;
     EXPECT_TRUE(Contains(result.out, each.part)) << result.out;
     EXPECT_EQ(result.err, "");
@@ -104,7 +104,7 @@ TEST(QnDispatch, ErrorsHaveTheirExitCodesAndGoToStandardError) {
       {{"group", "exhaust"}, qn::kFailure, "qn: out of memory"},
   };
   for (const auto& each : cases) {
-    const Result result = RunQn(each.arguments);
+    const GroupOutcome result = RunGroup(each.arguments);
     EXPECT_EQ(result.code, each.code) << each.part;
     EXPECT_TRUE(Contains(result.err, each.part)) << result.err;
     EXPECT_EQ(result.out, "");

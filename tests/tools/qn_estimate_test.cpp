@@ -18,7 +18,7 @@ namespace {
 namespace ext = quarnfc::ext;
 using quarnfc_test::TempFile;
 
-qn_test::FullOutcome RunQn(const std::vector<std::string>& arguments) {
+qn_test::FullOutcome RunAny(const std::vector<std::string>& arguments) {
   return qn_test::RunQn(qn::Commands(), arguments);
 }
 
@@ -50,7 +50,7 @@ TEST(QnGeoEstimate, ASimilarityIsFoundFromPointsOfThePlane) {
     text += Line("P1,%.4f,%.4f,%.9f,%.9f\r\n", at.east, at.north, to.east, to.north);
   }
   const TempFile file(text);
-  const ext::JsonText json = Json(RunQn({"geo", "estimate", "--json", file.path()}));
+  const ext::JsonText json = Json(RunAny({"geo", "estimate", "--json", file.path()}));
   EXPECT_EQ(json.Root().Find("/method")->String(), "similarity");
   EXPECT_NEAR(NumberIn(json, "/parameters/east"), 100, 1e-6);
   EXPECT_NEAR(NumberIn(json, "/parameters/north"), -200, 1e-6);
@@ -59,7 +59,7 @@ TEST(QnGeoEstimate, ASimilarityIsFoundFromPointsOfThePlane) {
   EXPECT_LT(NumberIn(json, "/standard_deviation"), 1e-6);
   EXPECT_EQ(json.Root().Find("/residuals")->Count(), 5u);
   EXPECT_EQ(json.Root().Find("/residuals/0/name")->String(), "P1");
-  const qn_test::FullOutcome shown = RunQn({"geo", "estimate", file.path()});
+  const qn_test::FullOutcome shown = RunAny({"geo", "estimate", file.path()});
   EXPECT_EQ(shown.code, qn::kSuccess);
   EXPECT_NE(shown.output.find("similarity from 5 points"), std::string::npos) << shown.output;
   EXPECT_NE(shown.output.find("standard deviation of a coordinate 0.0000 m"), std::string::npos);
@@ -68,7 +68,7 @@ TEST(QnGeoEstimate, ASimilarityIsFoundFromPointsOfThePlane) {
 TEST(QnGeoEstimate, NorthFirstTurnsTheColumns) {
   const TempFile file("0 0 10 20\n0 1 10 21\n2 0 12 20\n");
   const ext::JsonText json =
-      Json(RunQn({"geo", "estimate", "--order", "ne", "--json", file.path()}));
+      Json(RunAny({"geo", "estimate", "--order", "ne", "--json", file.path()}));
   EXPECT_NEAR(NumberIn(json, "/parameters/east"), 20, 1e-9);
   EXPECT_NEAR(NumberIn(json, "/parameters/north"), 10, 1e-9);
 }
@@ -90,21 +90,21 @@ TEST(QnGeoEstimate, SevenParametersAreFoundAndFitTheConversion) {
     text += line;
   }
   const TempFile file(text);
-  const ext::JsonText json = Json(
-      RunQn({"geo", "estimate", "--json", "--from", "beijing54", "--to", "cgcs2000", file.path()}));
+  const ext::JsonText json = Json(RunAny(
+      {"geo", "estimate", "--json", "--from", "beijing54", "--to", "cgcs2000", file.path()}));
   EXPECT_EQ(json.Root().Find("/convention")->String(), "coordinate-frame");
   EXPECT_NEAR(NumberIn(json, "/parameters/dx"), 12.5, 0.01);
   EXPECT_NEAR(NumberIn(json, "/parameters/rz"), -0.9, 0.001);
   EXPECT_NEAR(NumberIn(json, "/parameters/ppm"), 2.3, 0.001);
   const std::string shown =
-      RunQn({"geo", "estimate", "--from", "beijing54", "--to", "cgcs2000", file.path()}).output;
+      RunAny({"geo", "estimate", "--from", "beijing54", "--to", "cgcs2000", file.path()}).output;
   const std::size_t list = shown.find("--shift ") + 8;
   const std::string found = shown.substr(list, shown.find(' ', list) - list);
   const ext::LonLatHeight expected =
       ShiftDatum(ext::kKrassowsky1940, {114.3, 30.5, 0}, shift, ext::kCgcs2000);
   const std::string converted =
-      RunQn({"geo", "convert", "--from", "beijing54", "--to", "cgcs2000", "--shift", found,
-             "--rotation", "coordinate-frame", "114.3,30.5"})
+      RunAny({"geo", "convert", "--from", "beijing54", "--to", "cgcs2000", "--shift", found,
+              "--rotation", "coordinate-frame", "114.3,30.5"})
           .output;
   EXPECT_NEAR(std::stod(converted), expected.lon, 1e-8) << converted;
   EXPECT_NEAR(std::stod(converted.substr(converted.find(',') + 1)), expected.lat, 1e-8);
@@ -126,14 +126,14 @@ TEST(QnGeoEstimate, WhatDeterminesNothingIsRefused) {
   };
   for (const auto& each : cases) {
     const TempFile file(each.text);
-    const qn_test::FullOutcome run = RunQn({"geo", "estimate", file.path()});
+    const qn_test::FullOutcome run = RunAny({"geo", "estimate", file.path()});
     EXPECT_EQ(run.code, each.code) << each.text;
     EXPECT_NE(run.errors.find(each.part), std::string::npos) << run.errors;
     EXPECT_EQ(run.output, "") << each.text;
   }
   const TempFile plane("0 0 1 1\n1 0 2 1\n");
-  EXPECT_EQ(RunQn({"geo", "estimate", "--from", "4214", plane.path()}).code, qn::kUsageError);
-  EXPECT_EQ(RunQn({"geo", "estimate", "--rotation", "left", plane.path()}).code, qn::kUsageError);
+  EXPECT_EQ(RunAny({"geo", "estimate", "--from", "4214", plane.path()}).code, qn::kUsageError);
+  EXPECT_EQ(RunAny({"geo", "estimate", "--rotation", "left", plane.path()}).code, qn::kUsageError);
 }
 
 // --- generated from the help --------------------------------------------------------------------
@@ -143,13 +143,13 @@ TEST(QnReference, OptionsOfAUsageAreNamedOnceEach) {
   EXPECT_EQ(qn::OptionsIn("none"), "");
 }
 
-constexpr qn::Command kInner[] = {
+constexpr qn::Command kDocumentedInner[] = {
     {"run", "Runs it", "usage: qn group run [--fast]\n.no request \\here\n", nullptr}};
-constexpr qn::Command kCommands[] = {
-    {"group", "Several", "usage: qn group COMMAND\n", nullptr, kInner}};
+constexpr qn::Command kDocumented[] = {
+    {"group", "Several", "usage: qn group COMMAND\n", nullptr, kDocumentedInner}};
 
 TEST(QnReference, TheManualPageHoldsEveryUsageAsItIs) {
-  const std::string page = qn::ManualPage(kCommands, "usage: qn\n");
+  const std::string page = qn::ManualPage(kDocumented, "usage: qn\n");
   EXPECT_NE(page.find(".SS qn group run\nRuns it.\n.PP\n.nf\nusage: qn group "
                       "run [\\-\\-fast]\n"
                       "\\&.no request \\ehere\n.fi\n"),
@@ -158,10 +158,10 @@ TEST(QnReference, TheManualPageHoldsEveryUsageAsItIs) {
 }
 
 TEST(QnReference, HelpWritesThePageAndTheCompletion) {
-  const qn_test::FullOutcome page = RunQn({"help", "--man"});
+  const qn_test::FullOutcome page = RunAny({"help", "--man"});
   EXPECT_EQ(page.code, qn::kSuccess);
   EXPECT_NE(page.output.find(".SS qn geo estimate\n"), std::string::npos);
-  const qn_test::FullOutcome completion = RunQn({"help", "--bash-completion"});
+  const qn_test::FullOutcome completion = RunAny({"help", "--bash-completion"});
   EXPECT_EQ(completion.code, qn::kSuccess);
   EXPECT_NE(completion.output.find("\" geo estimate\") words=\""), std::string::npos);
 }

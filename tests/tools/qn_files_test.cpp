@@ -35,8 +35,6 @@ class QnFiles : public testing::Test {
   const std::string path_ = "qn_files_test.out";
 };
 
-}  // namespace
-
 TEST_F(QnFiles, WhatIsWrittenIsReadBackByteForByte) {
   Put(kContent);
   EXPECT_EQ(Content(), kContent);
@@ -83,3 +81,5 @@ TEST_F(QnFiles, FilesThatCannotBeOpenedAreFailures) {
   EXPECT_THROW(qn::ReadInput("no such folder/file"), qn::Failure);
   EXPECT_THROW(qn::OutputFile("no such folder/file"), qn::Failure);
 }
+
+}  // namespace

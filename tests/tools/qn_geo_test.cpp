@@ -16,6 +16,7 @@
 #include "qn/geo/wkt_system.h"
 #include "qn/input_file.h"
 #include "support/build_paths.h"
+#include "tests/support/contains.h"
 #include "tests/support/temp_file.h"
 #include "tests/tools/run_qn.h"
 #include "tests/tools/standard_input.h"
@@ -42,15 +43,12 @@ using qn::ReadInput;
 using qn::ReadNumber;
 using qn::ReadWktSystem;
 using qn::UsageError;
+using quarnfc_test::Contains;
 using quarnfc_test::TempFile;
 
 qn_test::FullOutcome RunGeo(std::vector<std::string> arguments) {
   arguments.insert(arguments.begin(), "geo");
   return qn_test::RunQn(std::span(&kGeoCommand, 1), arguments);
-}
-
-bool Holds(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
 }
 
 // --- files of points ----------------------------------------------------------------------------
@@ -98,7 +96,7 @@ TEST(QnGeoCsv, ColumnsNamedXAndYNeedAnOrder) {
   const Converted refused = ConvertedCsv("X,Y\n1,2\n");
   EXPECT_EQ(refused.code, kFailure);
   EXPECT_EQ(refused.text, "before");
-  EXPECT_TRUE(Holds(refused.errors, "--order"));
+  EXPECT_TRUE(Contains(refused.errors, "--order"));
   EXPECT_EQ(ConvertedCsv("X,Y\n1,2\n", {"--order", "en"}).text,
             "X,Y,to_easting,to_northing\n1,2,111319,222684\n");
   EXPECT_EQ(ConvertedCsv("X,Y\n2,1\n", {"--order", "ne"}).text,
@@ -127,7 +125,7 @@ TEST(QnGeoCsv, RowsWithoutAPointAreReportedAndTheRestIsConverted) {
   const Converted strict = ConvertedCsv("lon,lat\n1,2\nx,2\n", {"--strict"});
   EXPECT_EQ(strict.code, kFailure);
   EXPECT_EQ(strict.text, "before");
-  EXPECT_TRUE(Holds(strict.errors, "line 3: no coordinates"));
+  EXPECT_TRUE(Contains(strict.errors, "line 3: no coordinates"));
 }
 
 TEST(QnGeoCsv, QuotedLineEndsStayInTheirRow) {
@@ -153,7 +151,7 @@ TEST(QnGeoPoint, DegreesMayBeSexagesimal) {
 
 // --- systems ------------------------------------------------------------------------------------
 
-const std::string kTexts = QUARNFC_TEST_DATA "/wkt/";
+const std::string kWktFolder = QUARNFC_TEST_DATA "/wkt/";
 
 GeoSystem LibrarySystem(const std::string& description) {
   GeoSystemOptions options;
@@ -206,7 +204,7 @@ TEST(QnGeoWkt, TextsOfOtherProgramsGiveTheSystemsOfTheirCodes) {
   for (const char* code : {"2327", "2362", "2414", "2432", "4526", "4547", "32650", "32750"}) {
     const GeoSystem by_code(code);
     for (const char* writer : {".gdal.wkt", ".esri.wkt"}) {
-      const GeoSystem by_text(kTexts + "epsg-" + code + writer);
+      const GeoSystem by_text(kWktFolder + "epsg-" + code + writer);
       EXPECT_EQ(by_text.Datum(), by_code.Datum()) << code << writer;
       const double meridian = by_code.CentralMeridian();
       const Point expected = by_code.FromLonLat({meridian + 1, 30});
@@ -216,12 +214,12 @@ TEST(QnGeoWkt, TextsOfOtherProgramsGiveTheSystemsOfTheirCodes) {
     }
   }
   for (const char* code : {"4214", "4326", "4490", "4610"}) {
-    const GeoSystem by_text(kTexts + "epsg-" + code + ".esri.wkt");
+    const GeoSystem by_text(kWktFolder + "epsg-" + code + ".esri.wkt");
     EXPECT_TRUE(by_text.IsLonLat());
     EXPECT_EQ(by_text.Datum(), GeoSystem(code).Datum());
   }
-  EXPECT_TRUE(GeoSystem(kTexts + "epsg-4326.wkt2.wkt").IsLonLat());
-  const GeoSystem web(kTexts + "epsg-3857.esri.wkt");
+  EXPECT_TRUE(GeoSystem(kWktFolder + "epsg-4326.wkt2.wkt").IsLonLat());
+  const GeoSystem web(kWktFolder + "epsg-3857.esri.wkt");
   EXPECT_EQ(web.GetKind(), GeoSystem::Kind::kWebMercator);
 }
 
@@ -229,17 +227,19 @@ constexpr char kGeogcs[] =
     "GEOGCS[\"WGS 84\",DATUM[\"WGS_1984\",SPHEROID[\"WGS 84\",6378137,298.257223563]],"
     "PRIMEM[\"Greenwich\",0],UNIT[\"degree\",0.0174532925199433]]";
 
-std::string Projcs(const std::string& parameters, const std::string& unit = "UNIT[\"metre\",1]") {
+std::string GaussKrugerText(const std::string& parameters,
+                            const std::string& unit = "UNIT[\"metre\",1]") {
   return "PROJCS[\"x\"," + std::string(kGeogcs) +
          ",PROJECTION[\"Transverse_Mercator\"],PARAMETER[\"central_meridian\",117]," + parameters +
          unit + "]";
 }
 
 TEST(QnGeoWkt, LatitudeOfOriginAndUnitsAreHonoured) {
-  const TempFile origin(Projcs("PARAMETER[\"latitude_of_origin\",30],"));
+  const TempFile origin(GaussKrugerText("PARAMETER[\"latitude_of_origin\",30],"));
   EXPECT_NEAR(GeoSystem(origin.path()).FromLonLat({117, 30}).y, 0, 1e-6);
-  const TempFile plain(Projcs(""));
-  const TempFile feet(Projcs("PARAMETER[\"false_easting\",1000],", "UNIT[\"foot\",0.3048]"));
+  const TempFile plain(GaussKrugerText(""));
+  const TempFile feet(
+      GaussKrugerText("PARAMETER[\"false_easting\",1000],", "UNIT[\"foot\",0.3048]"));
   const Point metres = GeoSystem(plain.path()).FromLonLat({118, 30});
   const Point in_feet = GeoSystem(feet.path()).FromLonLat({118, 30});
   EXPECT_NEAR(in_feet.x, metres.x / 0.3048 + 1000, 1e-6);
@@ -249,7 +249,7 @@ TEST(QnGeoWkt, LatitudeOfOriginAndUnitsAreHonoured) {
 
 TEST(QnGeoWkt, WhatIsNotHonouredIsRefused) {
   const std::pair<std::string, const char*> cases[] = {
-      {Projcs("PARAMETER[\"azimuth\",30],"), "the parameter azimuth"},
+      {GaussKrugerText("PARAMETER[\"azimuth\",30],"), "the parameter azimuth"},
       {"PROJCS[\"x\"," + std::string(kGeogcs) + ",PROJECTION[\"Mercator\"],UNIT[\"metre\",1]]",
        "the projection Mercator"},
       {"GEOGCS[\"x\",DATUM[\"d\",SPHEROID[\"s\",6378137,298.25]],PRIMEM[\"Paris\",2.337]]",
@@ -262,21 +262,21 @@ TEST(QnGeoWkt, WhatIsNotHonouredIsRefused) {
       {"GEOGCS[\"x\",DATUM[\"d\"]]", "spheroid"},
       {"", "value is missing"},
       {"GEOGCS[\"x]", "not closed"},
-      {Projcs("") + "x", "text follows"},
+      {GaussKrugerText("") + "x", "text follows"},
   };
   for (const auto& [wkt, part] : cases) {
     try {
       ReadWktSystem(wkt);
       ADD_FAILURE() << wkt;
     } catch (const Failure& failure) {
-      EXPECT_TRUE(Holds(failure.what(), part)) << failure.what();
+      EXPECT_TRUE(Contains(failure.what(), part)) << failure.what();
     }
   }
   std::string deep;
   for (int i = 0; i < 100000; ++i) deep += "A[";
   EXPECT_THROW(ReadWktSystem(deep), Failure);
   for (const char* refused : {"epsg-4807.gdal.wkt", "epsg-3395.gdal.wkt"}) {
-    EXPECT_THROW(GeoSystem{kTexts + refused}, Failure) << refused;
+    EXPECT_THROW(GeoSystem{kWktFolder + refused}, Failure) << refused;
   }
 }
 
@@ -357,7 +357,7 @@ TEST(QnGeo, ImpossiblePointsAreRefused) {
     EXPECT_NE(run.code, kSuccess) << from << " " << to << " " << point << " " << run.output;
     EXPECT_EQ(run.output, "");
   }
-  EXPECT_TRUE(Holds(Convert("lonlat", "4547", {"28.2,112.9"}).errors, "--order ne"));
+  EXPECT_TRUE(Contains(Convert("lonlat", "4547", {"28.2,112.9"}).errors, "--order ne"));
   EXPECT_EQ(Convert("lonlat", "4547", {"--force", "159,28"}).code, kSuccess);
 }
 
@@ -374,7 +374,7 @@ TEST(QnGeo, PointsFarOffTheMeridianAreNoted) {
 TEST(QnGeo, DatumsAreNotMixedSilently) {
   const qn_test::FullOutcome refused = Convert("2379", "4490", {"500000,3000000"});
   EXPECT_EQ(refused.code, kFailure);
-  EXPECT_TRUE(Holds(refused.errors, "Xian 1980"));
+  EXPECT_TRUE(Contains(refused.errors, "Xian 1980"));
   EXPECT_EQ(Convert("2379", "4490", {"--no-datum-shift", "500000,3000000"}).code, kSuccess);
   EXPECT_EQ(Convert("4326", "4547", {"114,30"}).code, kSuccess);
   const qn_test::FullOutcome shifted =
@@ -443,7 +443,7 @@ TEST(QnGeo, PointsMayComeOutAsJson) {
 
 TEST(QnGeo, InfoMayComeOutAsJson) {
   EXPECT_EQ(
-      RunGeo({"info", "--json", kTexts + "epsg-4547.gdal.wkt"}),
+      RunGeo({"info", "--json", kWktFolder + "epsg-4547.gdal.wkt"}),
       (qn_test::Outcome{kSuccess,
                         "{\"ellipsoid\":\"cgcs2000\",\"semi_major_axis\":6378137.0000,"
                         "\"semi_minor_axis\":6356752.3141,\"inverse_flattening\":298.257222101,"
@@ -457,7 +457,8 @@ TEST(QnGeo, WhatHasNoEndIsNullForPrograms) {
       "GEOGCS[\"s\",DATUM[\"d\",SPHEROID[\"sphere\",6371000,0]],PRIMEM[\"Greenwich\",0],"
       "UNIT[\"degree\",0.0174532925199433]]");
   const std::string facts = RunGeo({"info", "--json", sphere.path()}).output;
-  EXPECT_TRUE(Holds(facts, "\"semi_major_axis\":6371000.0000,\"semi_minor_axis\":null,")) << facts;
+  EXPECT_TRUE(Contains(facts, "\"semi_major_axis\":6371000.0000,\"semi_minor_axis\":null,"))
+      << facts;
 }
 
 TEST(QnGeo, WktIsWrittenForCodesAndNames) {
@@ -467,17 +468,17 @@ TEST(QnGeo, WktIsWrittenForCodesAndNames) {
 }
 
 TEST(QnGeo, InfoTellsTextsApart) {
-  const qn_test::FullOutcome accepted = RunGeo({"info", kTexts + "epsg-32650.esri.wkt"});
+  const qn_test::FullOutcome accepted = RunGeo({"info", kWktFolder + "epsg-32650.esri.wkt"});
   EXPECT_EQ(accepted.code, kSuccess);
   EXPECT_NE(accepted.output.find("UTM zone            50 north"), std::string::npos);
   // A system that two codes share is shown with both.
-  const qn_test::FullOutcome shared = RunGeo({"info", kTexts + "epsg-4547.gdal.wkt"});
+  const qn_test::FullOutcome shared = RunGeo({"info", kWktFolder + "epsg-4547.gdal.wkt"});
   EXPECT_EQ(shared.code, kSuccess);
   for (const char* code : {"EPSG code    2435 ", "EPSG code    4547 "}) {
     EXPECT_NE(shared.output.find(code), std::string::npos) << shared.output;
   }
-  EXPECT_EQ(RunGeo({"info", kTexts + "epsg-4326.wkt2.wkt"}).code, kFailure);
-  EXPECT_TRUE(Holds(RunGeo({"info", kTexts + "epsg-27700.gdal.wkt"}).output, "datum "));
+  EXPECT_EQ(RunGeo({"info", kWktFolder + "epsg-4326.wkt2.wkt"}).code, kFailure);
+  EXPECT_TRUE(Contains(RunGeo({"info", kWktFolder + "epsg-27700.gdal.wkt"}).output, "datum "));
 }
 
 TEST(QnGeo, CitiesAreProjectedIntoTheirZones) {

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr const char* kText = "small content";
+constexpr const char* kUnpacked = "small content";
 const std::string kDeflated("\x2B\xCE\x4D\xCC\xC9\x51\x48\xCE\xCF\x2B\x49\xCD\x2B\x01\x00", 15);
 const std::string kZlib = "\x78\xDA" + kDeflated + "\x23\xF3\x05\x35";
 const std::string kGzip = std::string("\x1F\x8B\x08\x00\x00\x00\x00\x00\x02\x03", 10) + kDeflated +
@@ -45,14 +45,14 @@ TEST(QnHttpInflater, UnpacksEveryCodingFromPiecesOfAnySize) {
     std::string text;
   };
   const Case cases[] = {
-      {"", kText, kText},
-      {"identity", kText, kText},
-      {"gzip", kGzip, kText},
-      {"x-gzip", kGzip, kText},
-      {"gzip", kGzip + kGzip, std::string(kText) + kText},
-      {"deflate", kZlib, kText},
-      {"deflate", kDeflated, kText},
-      {"deflate", kZlib + "more", kText},
+      {"", kUnpacked, kUnpacked},
+      {"identity", kUnpacked, kUnpacked},
+      {"gzip", kGzip, kUnpacked},
+      {"x-gzip", kGzip, kUnpacked},
+      {"gzip", kGzip + kGzip, std::string(kUnpacked) + kUnpacked},
+      {"deflate", kZlib, kUnpacked},
+      {"deflate", kDeflated, kUnpacked},
+      {"deflate", kZlib + "more", kUnpacked},
       {"gzip", "", ""},
   };
   for (const Case& c : cases) {

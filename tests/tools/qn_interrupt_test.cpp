@@ -20,7 +20,7 @@ struct Interrupted {
   std::string piece;                   // which goes on with this, again and again
 };
 
-const Interrupted kCommands[] = {
+const Interrupted kInterrupted[] = {
     {"GeoConvertRows",
      {"geo", "convert", "--from", "lonlat", "--to", "4547", "--csv", "-"},
      "lon,lat\n",
@@ -68,7 +68,7 @@ TEST_P(QnInterrupt, LeavesTheTargetAsItWasAndEndsWith130) {
   EXPECT_EQ(std::string(std::istreambuf_iterator<char>(left), {}), "old");
 }
 
-INSTANTIATE_TEST_SUITE_P(Commands, QnInterrupt, testing::ValuesIn(kCommands),
+INSTANTIATE_TEST_SUITE_P(Commands, QnInterrupt, testing::ValuesIn(kInterrupted),
                          [](const auto& command) { return std::string(command.param.name); });
 
 // A command that writes no file ends the same way.

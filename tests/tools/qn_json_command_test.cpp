@@ -16,6 +16,7 @@
 #include "qn/json/shape.h"
 #include "qn/text/excerpt.h"
 #include "support/build_paths.h"
+#include "tests/support/contains.h"
 #include "tests/support/temp_file.h"
 #include "tests/tools/run_qn.h"
 
@@ -29,15 +30,12 @@ namespace {
 
 using qn_test::FullOutcome;
 using qn_test::Outcome;
+using quarnfc_test::Contains;
 using quarnfc_test::TempFile;
 
 FullOutcome RunJson(std::vector<std::string> arguments) {
   arguments.insert(arguments.begin(), "json");
   return qn_test::RunQn({&qn::kJsonCommand, 1}, arguments);
-}
-
-bool Holds(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
 }
 
 constexpr char kSettings[] = R"({"server": {"host": "maps.example", "port": 80}, "on": true,
@@ -63,7 +61,7 @@ TEST(QnJsonCheck, ReadableFileIsDescribedWithItsEncoding) {
       std::string("\xFF\xFE[\0"
                   "1\0]\0",
                   8));
-  EXPECT_TRUE(Holds(RunJson({"check", wide.path()}).output, "UTF-16 (little-endian)\n"));
+  EXPECT_TRUE(Contains(RunJson({"check", wide.path()}).output, "UTF-16 (little-endian)\n"));
 }
 
 TEST(QnJsonCheck, BrokenFileShowsLineColumnReasonAndMark) {
@@ -91,10 +89,10 @@ TEST(QnJsonCheck, ColumnsCountCharacters) {
        {"{\"\xD6\xD0\xB9\xFA\" 1, \"b\": 2}", "{\"\xE4\xB8\xAD\xE5\x9B\xBD\" 1, \"b\": 2}",
         "\xEF\xBB\xBF{\"\xE4\xB8\xAD\xE5\x9B\xBD\" 1, \"b\": 2}"}) {
     const TempFile file(text);
-    EXPECT_TRUE(Holds(RunJson({"check", file.path()}).errors, ":1:7: ")) << text;
+    EXPECT_TRUE(Contains(RunJson({"check", file.path()}).errors, ":1:7: ")) << text;
   }
   const TempFile file("\xEF\xBB\xBF{\"\xE4\xB8\xAD\xE5\x9B\xBD\" 1, \"b\": 2}");
-  EXPECT_TRUE(Holds(RunJson({"check", "--lenient", file.path()}).errors, "line 1, column 7:"));
+  EXPECT_TRUE(Contains(RunJson({"check", "--lenient", file.path()}).errors, "line 1, column 7:"));
 }
 
 TEST(QnJsonCheck, SeveralFilesAreAllChecked) {
@@ -103,9 +101,9 @@ TEST(QnJsonCheck, SeveralFilesAreAllChecked) {
   const std::string missing = TempFile::NewPath();
   const FullOutcome run = RunJson({"check", missing, bad.path(), good.path()});
   EXPECT_EQ(run.code, qn::kFailure);
-  EXPECT_TRUE(Holds(run.output, good.path()));
-  EXPECT_TRUE(Holds(run.errors, "cannot open " + missing));
-  EXPECT_TRUE(Holds(run.errors, std::string(bad.path()) + ":1:3: the text ends too early"));
+  EXPECT_TRUE(Contains(run.output, good.path()));
+  EXPECT_TRUE(Contains(run.errors, "cannot open " + missing));
+  EXPECT_TRUE(Contains(run.errors, std::string(bad.path()) + ":1:3: the text ends too early"));
 }
 
 TEST(QnJsonCheck, KeysThatOccurTwiceAreNoted) {
@@ -135,7 +133,7 @@ TEST(QnJsonCheck, BytesThatAreNoTextAreRefused) {
   const TempFile file("[\"\xD6\xD0 \xFE \"]");
   const FullOutcome run = RunJson({"check", file.path()});
   EXPECT_EQ(run.code, qn::kFailure);
-  EXPECT_TRUE(Holds(run.errors, "byte 5 is no text in code page, and the file is no UTF-8"))
+  EXPECT_TRUE(Contains(run.errors, "byte 5 is no text in code page, and the file is no UTF-8"))
       << run.errors;
 }
 
@@ -144,11 +142,11 @@ TEST(QnJsonCheckLenient, BrokenFileShowsMessageCodeAndPlace) {
   const FullOutcome run = RunJson({"check", "--lenient", file.path()});
   EXPECT_EQ(run.code, qn::kFailure);
   EXPECT_EQ(run.output, "");
-  EXPECT_TRUE(Holds(run.errors,
-                    "Can't find ':' : 80\\n\\t}\\n} (error code 5)\n"
-                    "line 3, column 10: a key without a colon behind it\n"
-                    "      \"port\" 80\n"
-                    "             ^\n"))
+  EXPECT_TRUE(Contains(run.errors,
+                       "Can't find ':' : 80\\n\\t}\\n} (error code 5)\n"
+                       "line 3, column 10: a key without a colon behind it\n"
+                       "      \"port\" 80\n"
+                       "             ^\n"))
       << run.errors;
 }
 
@@ -156,15 +154,15 @@ TEST(QnJsonCheckLenient, MissingFileShowsTheLibrarysMessageAndCode) {
   const std::string path = TempFile::NewPath();
   const FullOutcome run = RunJson({"check", "--lenient", path});
   EXPECT_EQ(run.code, qn::kFailure);
-  EXPECT_TRUE(Holds(run.errors, "Quarn: Can't open " + path + ", error: 0x2 (error code 2)\n"));
+  EXPECT_TRUE(Contains(run.errors, "Quarn: Can't open " + path + ", error: 0x2 (error code 2)\n"));
 }
 
 TEST(QnJsonCheckLenient, RefusedLengthHasNoPlace) {
   const TempFile file("{}");
   const FullOutcome run = RunJson({"check", "--lenient", file.path()});
   EXPECT_EQ(run.code, qn::kFailure);
-  EXPECT_TRUE(Holds(run.errors, " file length is invalid (error code 5)\n")) << run.errors;
-  EXPECT_FALSE(Holds(run.errors, "line "));
+  EXPECT_TRUE(Contains(run.errors, " file length is invalid (error code 5)\n")) << run.errors;
+  EXPECT_FALSE(Contains(run.errors, "line "));
 }
 
 TEST(QnJsonCheckLenient, ErrorDocumentIsTheLibrarys) {
@@ -174,9 +172,9 @@ TEST(QnJsonCheckLenient, ErrorDocumentIsTheLibrarys) {
                      "{\n\t\"Error\":{\n\t\t\"DisplayText\":\"Quarn: Can't open no_such_file.json, "
                      "error: 0x2\",\n\t\t\"ErrorCode\":2\n\t}\n}\n"}));
   const TempFile broken("{\"abcdefg\" 1}");
-  EXPECT_TRUE(Holds(RunJson({"check", "--lenient", "--json", "--utf8", broken.path()}).output,
-                    "\"\xE6\x97\xA0\xE6\x95\x88\xE7\x9A\x84json\xEF\xBC\x8C"
-                    "Can't find ':' : 1}\""));
+  EXPECT_TRUE(Contains(RunJson({"check", "--lenient", "--json", "--utf8", broken.path()}).output,
+                       "\"\xE6\x97\xA0\xE6\x95\x88\xE7\x9A\x84json\xEF\xBC\x8C"
+                       "Can't find ':' : 1}\""));
   const TempFile good(kSettings);
   EXPECT_EQ(static_cast<const Outcome&>(RunJson({"check", "--lenient", "--json", good.path()})),
             (Outcome{qn::kSuccess, "{\n\t\"Error\":{\n\t\t\"ErrorCode\":0\n\t}\n}\n"}));
@@ -346,7 +344,7 @@ TEST(QnJsonFormat, CharactersThatWouldBeLostAreRefusedUnlessAsked) {
   const FullOutcome run =
       RunJson({"format", "--to", "code-page", "-o", target.path(), file.path()});
   EXPECT_EQ(run.code, qn::kFailure);
-  EXPECT_TRUE(Holds(run.errors, "U+1F600")) << run.errors;
+  EXPECT_TRUE(Contains(run.errors, "U+1F600")) << run.errors;
   EXPECT_EQ(qn::ReadInput(target.path()), "before");
   EXPECT_EQ(
       RunJson({"format", "-c", "--to", "code-page", "--lossy", "-o", target.path(), file.path()})
@@ -546,7 +544,7 @@ TEST(QnJsonSet, PlainAsciiBecomesTheCodePageThatTheLibraryReads) {
   const TempFile file("{\"key\": 1}");
   const FullOutcome run = RunJson({"set", file.path(), "key", "\xE4\xB8\xAD"});
   EXPECT_EQ(run.code, qn::kSuccess);
-  EXPECT_TRUE(Holds(run.errors, "code page")) << run.errors;
+  EXPECT_TRUE(Contains(run.errors, "code page")) << run.errors;
   EXPECT_EQ(qn::ReadInput(file.path()), "{\"key\": \"\xD6\xD0\"}");
   ASSERT_EQ(RunJson({"set", "--to", "utf-8-mark", file.path(), "key", "\xE4\xB8\xAD"}).code, 0);
   EXPECT_EQ(qn::ReadInput(file.path()), "\xEF\xBB\xBF{\"key\": \"\xE4\xB8\xAD\"}");
@@ -664,8 +662,8 @@ TEST(QnJsonFiles, AFileThatFailsIsNamedAndTheOthersFollow) {
   const std::string missing = TempFile::NewPath();
   const FullOutcome shape = RunJson({"shape", missing, two.path()});
   EXPECT_EQ(shape.code, 1);
-  EXPECT_TRUE(Holds(shape.errors, missing)) << shape.errors;
-  EXPECT_TRUE(Holds(shape.output, "an object with 1 members"));
+  EXPECT_TRUE(Contains(shape.errors, missing)) << shape.errors;
+  EXPECT_TRUE(Contains(shape.output, "an object with 1 members"));
 }
 
 TEST(QnJsonFiles, OneValueIsSetInEach) {
@@ -675,7 +673,7 @@ TEST(QnJsonFiles, OneValueIsSetInEach) {
   const FullOutcome run =
       RunJson({"set", "-p", "a", "--value", "[3]", one.path(), broken.path(), two.path()});
   EXPECT_EQ(run.code, 1);
-  EXPECT_TRUE(Holds(run.errors, std::string(broken.path()) + ":1:9: ")) << run.errors;
+  EXPECT_TRUE(Contains(run.errors, std::string(broken.path()) + ":1:9: ")) << run.errors;
   EXPECT_EQ(qn::ReadInput(one.path()), "{\"a\": [3], \"b\":2}");
   EXPECT_EQ(qn::ReadInput(broken.path()), "{\"a\": 1,}");
   EXPECT_EQ(qn::ReadInput(two.path()), "{ \"c\" : [ ], \"a\" : [3] }\r\n");
@@ -704,7 +702,7 @@ TEST(QnJsonFiles, EachIsFormattedInItsPlaceAndEncoding) {
       RunJson({"format", "--in-place", "--indent", "2", one.path(), broken.path(), two.path()});
   EXPECT_EQ(run.code, 1);
   EXPECT_EQ(run.output, "");
-  EXPECT_TRUE(Holds(run.errors, std::string(broken.path()) + ":1:3: ")) << run.errors;
+  EXPECT_TRUE(Contains(run.errors, std::string(broken.path()) + ":1:3: ")) << run.errors;
   EXPECT_EQ(qn::ReadInput(one.path()), "[\n  1.50,\n  {\n    \"a\": 2\n  }\n]\n");
   EXPECT_EQ(qn::ReadInput(broken.path()), "[1");
   EXPECT_EQ(qn::ReadInput(two.path()), "\xEF\xBB\xBF{\n  \"\xE4\xB8\xAD\": []\n}");
@@ -767,20 +765,21 @@ TEST(QnJsonShape, ListsAreCut) {
   std::string keys = "{";
   for (char key = 'a'; key <= 'j'; ++key) keys += std::string("\"") + key + "\":[],";
   const std::string shape = ShapeOf(keys + "\"z\":1}");
-  EXPECT_TRUE(Holds(shape, "level 1 a, b, c, d, e, f, g, h and 3 more\n")) << shape;
+  EXPECT_TRUE(Contains(shape, "level 1 a, b, c, d, e, f, g, h and 3 more\n")) << shape;
   EXPECT_EQ(std::count(shape.begin(), shape.end(), '\n'), 10);
 }
 
 TEST(QnJsonShape, DepthIsNoDanger) {
   const std::size_t depth = 200'000;
   const std::string shape = ShapeOf(std::string(depth, '[') + std::string(depth, ']'));
-  EXPECT_TRUE(Holds(shape, "depth     200000\n"));
+  EXPECT_TRUE(Contains(shape, "depth     200000\n"));
 }
 
 TEST(QnJsonShape, RealFileIsDescribed) {
   const FullOutcome run = RunJson({"shape", QUARNFC_TEST_DATA "/json/canada.json"});
   EXPECT_EQ(run.code, qn::kSuccess);
-  EXPECT_TRUE(Holds(run.output, "values    4 objects, 56045 arrays, 4 strings, 111126 numbers\n"));
+  EXPECT_TRUE(
+      Contains(run.output, "values    4 objects, 56045 arrays, 4 strings, 111126 numbers\n"));
 }
 
 // --- all ----------------------------------------------------------------------------------------

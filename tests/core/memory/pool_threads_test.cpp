@@ -9,40 +9,36 @@
 #include <thread>
 #include <vector>
 
+#include "tests/support/threads.h"
+
 namespace {
 
-constexpr int kThreads = 4;
-constexpr int kRounds = 2000;
+using quarnfc_test::RunOnThreads;
 
-template <class Work>
-void RunOnThreads(Work work) {
-  std::vector<std::thread> threads;
-  threads.reserve(kThreads);
-  for (int i = 0; i < kThreads; ++i) threads.emplace_back(work, i);
-  for (std::thread& thread : threads) thread.join();
-}
+constexpr int kPoolThreads = 4;
+constexpr int kPoolRounds = 2000;
 
 TEST(PoolThreads, NoBlockIsHandedOutTwice) {
   CQNFixedAlloc pool(32, 4);
-  std::vector<void*> taken[kThreads];
-  RunOnThreads([&](int thread) {
-    for (int i = 0; i < kRounds; ++i) taken[thread].push_back(pool.Alloc());
+  std::vector<void*> taken[kPoolThreads];
+  RunOnThreads(kPoolThreads, [&](int thread) {
+    for (int i = 0; i < kPoolRounds; ++i) taken[thread].push_back(pool.Alloc());
   });
   std::set<void*> distinct;
   for (const auto& blocks : taken) distinct.insert(blocks.begin(), blocks.end());
-  EXPECT_EQ(distinct.size(), static_cast<std::size_t>(kThreads * kRounds));
+  EXPECT_EQ(distinct.size(), static_cast<std::size_t>(kPoolThreads * kPoolRounds));
 }
 
 TEST(PoolThreads, BlocksKeepWhatEachThreadWrote) {
   CQNFixedAlloc pool(32, 4);
-  RunOnThreads([&](int thread) {
-    for (int i = 0; i < kRounds; ++i) {
+  RunOnThreads(kPoolThreads, [&](int thread) {
+    for (int i = 0; i < kPoolRounds; ++i) {
       auto* first = static_cast<char*>(pool.Alloc());
       auto* second = static_cast<char*>(pool.Alloc());
       std::memset(first, thread, 32);
-      std::memset(second, thread + kThreads, 32);
+      std::memset(second, thread + kPoolThreads, 32);
       ASSERT_EQ(first[31], static_cast<char>(thread));
-      ASSERT_EQ(second[0], static_cast<char>(thread + kThreads));
+      ASSERT_EQ(second[0], static_cast<char>(thread + kPoolThreads));
       pool.Free(first);
       pool.Free(second);
     }
@@ -63,8 +59,8 @@ TEST(PoolThreads, ABlockMayBeFreedOnAnotherThread) {
 }
 
 TEST(PoolThreads, ScratchBuffersOfAllSizesServeSeveralThreads) {
-  RunOnThreads([&](int thread) {
-    for (int i = 0; i < kRounds; ++i) {
+  RunOnThreads(kPoolThreads, [&](int thread) {
+    for (int i = 0; i < kPoolRounds; ++i) {
       const int size = 1 + (i * 37 + thread) % 1500;
       CQNTempBuffer buffer(size);
       auto* data = static_cast<char*>(buffer.GetData());

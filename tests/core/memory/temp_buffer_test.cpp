@@ -8,19 +8,16 @@
 #include <cstring>
 #include <vector>
 
+#include "tests/support/next_block.h"
+
 namespace {
+
+using quarnfc_test::NextBlock;
 
 const std::vector<CQNFixedAlloc*>& AllPools() {
   static const std::vector<CQNFixedAlloc*> pools = {
       _TempData64B(), _TempData128B(), _TempData256B(), _TempData512B(), _TempData1024B()};
   return pools;
-}
-
-// The block the pool hands out next.
-void* NextBlock(CQNFixedAlloc* pool) {
-  void* block = pool->Alloc();
-  pool->Free(block);
-  return block;
 }
 
 // The pool that serves scratch buffers of size bytes, or null for the heap. Checks on the way that

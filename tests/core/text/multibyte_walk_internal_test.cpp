@@ -17,10 +17,10 @@ using quarnfc::CharacterAt;
 using quarnfc::MultibyteCharacter;
 using quarnfc_test::Bytes;
 
-constexpr std::ptrdiff_t kNotFound = -1;
+constexpr std::ptrdiff_t kNoPlace = -1;
 
 std::ptrdiff_t IndexOf(const std::string& text, const unsigned char* hit) {
-  return hit == nullptr ? kNotFound : hit - Bytes(text.c_str());
+  return hit == nullptr ? kNoPlace : hit - Bytes(text.c_str());
 }
 
 // Whether a step from character to character comes to this place.
@@ -31,10 +31,10 @@ bool WalkComesTo(const std::string& text, std::size_t place) {
 }
 
 std::ptrdiff_t FirstByWalk(const std::string& text, unsigned int ch, bool last) {
-  std::ptrdiff_t found = kNotFound;
+  std::ptrdiff_t found = kNoPlace;
   for (std::size_t at = 0;;) {
     const MultibyteCharacter next = CharacterAt(Bytes(text.c_str()) + at);
-    if (next.value == ch && (last || found == kNotFound)) found = static_cast<std::ptrdiff_t>(at);
+    if (next.value == ch && (last || found == kNoPlace)) found = static_cast<std::ptrdiff_t>(at);
     if (next.size == 0) return found;
     at += next.size;
   }
@@ -46,7 +46,7 @@ std::ptrdiff_t TextByWalk(const std::string& text, const std::string& sub) {
       return static_cast<std::ptrdiff_t>(at);
     }
   }
-  return kNotFound;
+  return kNoPlace;
 }
 
 int CompareByWalk(const std::string& left, const std::string& right, bool lower) {
@@ -187,7 +187,7 @@ TEST(MultibyteWalk, LongTextsAreTakenInLargerStepsAsAWalkTakesThem) {
 
 TEST(MultibyteWalk, EveryPlainByteChangesItsCaseLikeAlone) {
   std::string text;
-  for (int byte = 1; byte < 0x80; ++byte) text += static_cast<char>(byte);
+  for (int code = 1; code < 0x80; ++code) text += static_cast<char>(code);
   std::string upper = text, lower = text;
   quarnfc::MbsUpr(reinterpret_cast<unsigned char*>(upper.data()));
   quarnfc::MbsLwr(reinterpret_cast<unsigned char*>(lower.data()));

@@ -13,9 +13,11 @@
 #include <utility>
 
 #include "tests/core/text/text.h"
+#include "tests/support/next_block.h"
 
 namespace {
 
+using quarnfc_test::NextBlock;
 using text_test::Bytes;
 using text_test::Chars;
 using namespace std::string_literals;
@@ -31,13 +33,6 @@ Header HeaderOf(const CQNString& text) {
   Header header;
   std::memcpy(&header, Chars(text) - sizeof header, sizeof header);
   return header;
-}
-
-// The block the pool hands out next.
-char* NextBlock(CQNFixedAlloc* pool) {
-  void* block = pool->Alloc();
-  pool->Free(block);
-  return static_cast<char*>(block);
 }
 
 // --- layout and classes -----------------------------------------------------------------------
@@ -105,7 +100,7 @@ TEST(StringBuffer, ShortTextsLiveInPoolBlocks) {
       {257, _TempData512B()}, {512, _TempData512B()},
   };
   for (const auto& [length, pool] : cases) {
-    char* next = NextBlock(pool);
+    const auto* next = static_cast<const char*>(NextBlock(pool));
     {
       CQNString text('x', length);
       EXPECT_EQ(Chars(text), next + sizeof(Header)) << length;
@@ -450,7 +445,7 @@ TEST(StringBuffer, LockingAnEmptyStringLeavesTheSharedEmptyBufferAlone) {
 }
 
 TEST(StringBuffer, ALockedStringIsReleasedWithItsString) {
-  char* next = NextBlock(_TempData64B());
+  const auto* next = static_cast<const char*>(NextBlock(_TempData64B()));
   {
     CQNString text("abc");
     EXPECT_EQ(text.LockBuffer(), next + sizeof(Header));

@@ -9,32 +9,26 @@
 #include <vector>
 
 #include "tests/core/text/text.h"
+#include "tests/support/threads.h"
 
 namespace {
 
+using quarnfc_test::RunOnThreads;
 using text_test::Bytes;
 
-constexpr int kThreads = 4;
-constexpr int kRounds = 2000;
-
-template <class Work>
-void RunOnThreads(Work work) {
-  std::vector<std::thread> threads;
-  threads.reserve(kThreads);
-  for (int i = 0; i < kThreads; ++i) threads.emplace_back(work, i);
-  for (std::thread& thread : threads) thread.join();
-}
+constexpr int kStringThreads = 4;
+constexpr int kStringRounds = 2000;
 
 // Every thread has its own string; all of them share one buffer at the start.
 std::vector<CQNString> Sharing(const char* text) {
-  return std::vector<CQNString>(kThreads, CQNString(text));
+  return std::vector<CQNString>(kStringThreads, CQNString(text));
 }
 
 TEST(StringThreads, CopiesOfASharedBufferComeAndGo) {
   for (const std::string& text : {std::string("short"), std::string(700, 'x')}) {
     auto strings = Sharing(text.c_str());
-    RunOnThreads([&](int thread) {
-      for (int i = 0; i < kRounds; ++i) {
+    RunOnThreads(kStringThreads, [&](int thread) {
+      for (int i = 0; i < kStringRounds; ++i) {
         CQNString copy(strings[thread]);
         CQNString assigned;
         assigned = copy;
@@ -49,13 +43,13 @@ TEST(StringThreads, AChangeOnOneThreadLeavesTheOthersAlone) {
   const std::string original(100, 'o');
   for (int round = 0; round < 200; ++round) {
     auto strings = Sharing(original.c_str());
-    RunOnThreads([&](int thread) {
+    RunOnThreads(kStringThreads, [&](int thread) {
       CQNString copy(strings[thread]);
       strings[thread].SetAt(0, static_cast<char>('a' + thread));
       strings[thread] += static_cast<char>('a' + thread);
       ASSERT_EQ(Bytes(copy), original);
     });
-    for (int thread = 0; thread < kThreads; ++thread) {
+    for (int thread = 0; thread < kStringThreads; ++thread) {
       std::string expected = original + static_cast<char>('a' + thread);
       expected[0] = static_cast<char>('a' + thread);
       ASSERT_EQ(Bytes(strings[thread]), expected);
@@ -66,14 +60,14 @@ TEST(StringThreads, AChangeOnOneThreadLeavesTheOthersAlone) {
 TEST(StringThreads, TheLastOwnerOnAnyThreadFreesTheBuffer) {
   for (int round = 0; round < 200; ++round) {
     auto strings = Sharing(round % 2 == 0 ? "short" : std::string(600, 'x').c_str());
-    RunOnThreads([&](int thread) { strings[thread].Empty(); });
+    RunOnThreads(kStringThreads, [&](int thread) { strings[thread].Empty(); });
     for (const CQNString& string : strings) ASSERT_EQ(string.GetLength(), 0);
   }
 }
 
 TEST(StringThreads, EachThreadBuildsItsOwnStrings) {
-  RunOnThreads([](int thread) {
-    for (int i = 0; i < kRounds; ++i) {
+  RunOnThreads(kStringThreads, [](int thread) {
+    for (int i = 0; i < kStringRounds; ++i) {
       CQNString text;
       text.Format("%d-%d", thread, i);
       text += text;
