@@ -63,6 +63,13 @@ function(quarnfc_library_options target)
   endif()
 endfunction()
 
+# quarnfc_precompile(<target>): reads once what most sources of the library and of qn include. Every
+# source still names what it uses: the builds for packages and for the Microsoft ABI do without this.
+function(quarnfc_precompile target)
+  target_precompile_headers(${target} PRIVATE <algorithm> <charconv> <memory> <optional> <string>
+                            <string_view> <vector>)
+endfunction()
+
 # quarnfc_host_options(<target>): what a host inherits by linking the library.
 function(quarnfc_host_options target)
   target_compile_features(${target} INTERFACE cxx_std_17)

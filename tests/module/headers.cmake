@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-# Every public header compiles alone, included twice, in C++17, and in C++20 after the platform's own
-# headers; the umbrella header includes them all and also stands before those. Compiling is the test:
-# the objects are part of the build and are linked into nothing.
+# Every public header compiles alone, included twice, in C++17; all together, the last first, compile
+# in C++20 after the platform's own headers. The umbrella header includes them all and also stands
+# before those. Compiling is the test: the objects are part of the build and are linked into nothing.
 
 set(include_dir "${PROJECT_SOURCE_DIR}/include")
 # Listed by pattern: a header that somebody adds must not escape the check.
@@ -25,17 +25,17 @@ foreach(header IN LISTS headers)
   get_filename_component(name "${header}" NAME_WE)
   set(include "#include <${header}>")
   header_unit(units17 "${name}_17.cpp" "${include}" "${include}")
-  header_unit(units20 "${name}_20.cpp" "${include}" "${include}")
+  list(PREPEND all_headers "${include}")
   string(TOUPPER "${name}" guard)
   list(APPEND umbrella "#if !defined(QUARNFC_${guard}_H_)" "#error \"${header} is missing\"" "#endif")
 endforeach()
 foreach(header IN LISTS additions)
   get_filename_component(name "${header}" NAME_WE)
-  foreach(standard 17 20)
-    header_unit(units${standard} "ext_${name}_${standard}.cpp" "#include <${header}>"
-                "#include <${header}>")
-  endforeach()
+  set(include "#include <${header}>")
+  header_unit(units17 "ext_${name}_17.cpp" "${include}" "${include}")
+  list(PREPEND all_headers "${include}")
 endforeach()
+header_unit(units20 all_20.cpp ${platform_headers} ${all_headers})
 header_unit(units17 umbrella.cpp ${umbrella} ${platform_headers})
 list(APPEND units17 "${CMAKE_CURRENT_SOURCE_DIR}/careful_host.cpp")
 foreach(name plain version)
@@ -68,10 +68,6 @@ endforeach()
 if(QUARNFC_MSVC_ABI)
   # The platform's headers are the other compiler's, which has done it with them.
   set_target_properties(quarnfc_headers_cxx20 PROPERTIES EXCLUDE_FROM_ALL ON)
-endif()
-if(WIN32)
-  # Included first in every unit, and read only once.
-  target_precompile_headers(quarnfc_headers_cxx20 PRIVATE <windows.h> <wininet.h>)
 endif()
 
 # Linking the library switches off no warning in a host's own code: one that deserves them gets them.
