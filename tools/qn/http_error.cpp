@@ -14,6 +14,7 @@ struct OwnWords {
 
 constexpr OwnWords kWords[] = {
     {6, "the connection is closed", ""},
+    {126, "libcurl is missing", "install it (Debian: libcurl4)"},
     {10054, "the server reset the connection", ""},
     {12001, "too many connections are open", ""},
     {12002, "the time is up", "--timeout gives it longer"},

@@ -7,6 +7,7 @@
 
 #include "platform/posix/internet/curl_certificates.h"
 #include "platform/posix/internet/curl_exchange.h"
+#include "platform/posix/internet/late_curl.h"
 
 namespace quarnfc::internet {
 namespace {
@@ -35,6 +36,7 @@ std::string DirectHosts(const std::string& bypass) {
 }  // namespace
 
 DWORD CurlExchange::Configure(const OutgoingHead& head) {
+  if (!LoadCurl()) return ERROR_MOD_NOT_FOUND;
   line_ = pool_->Take(head.route);
   if (line_.easy == nullptr || line_.multi == nullptr) return ERROR_NOT_ENOUGH_MEMORY;
   CURL* easy = line_.easy.get();

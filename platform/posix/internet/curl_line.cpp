@@ -12,7 +12,6 @@ constexpr std::size_t kMostIdle = 16;
 }  // namespace
 
 CurlLine CurlPool::Take(const Route& route) {
-  static const CURLcode ready = curl_global_init(CURL_GLOBAL_DEFAULT);
   {
     const std::lock_guard lock(mutex_);
     const auto found = std::find_if(idle_.begin(), idle_.end(),
@@ -25,10 +24,8 @@ CurlLine CurlPool::Take(const Route& route) {
     }
   }
   CurlLine line;
-  if (ready == CURLE_OK) {
-    line.easy.reset(curl_easy_init());
-    line.multi.reset(curl_multi_init());
-  }
+  line.easy.reset(curl_easy_init());
+  line.multi.reset(curl_multi_init());
   line.route = route;
   return line;
 }

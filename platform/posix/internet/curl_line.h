@@ -36,6 +36,7 @@ struct CurlLine {
 class CurlPool {
  public:
   // A line whose connection leads along route, or a new one. Null members when there is no memory.
+  // libcurl is loaded by then.
   CurlLine Take(const Route& route);
 
   // Keeps a line after a whole exchange; the oldest one goes when there are many.
