@@ -121,34 +121,41 @@ std::size_t EqualWords(const unsigned char* left, const unsigned char* right) {
   }
 }
 
-// Changes the case of sixty-four bytes if all are plain. Compilers make wide steps of the loops;
-// the bytes are not taken into an array first, since wide loads wait for narrow stores in front of
-// them.
+// The high bits of the bytes that are zero or at least 0x80 in eight bytes, and perhaps more of
+// them above such a byte.
+std::uint64_t NotPlain(std::uint64_t word) { return (word | (word - kEveryByte)) & kHighBits; }
+
+// Changes the case of sixty-four bytes if all are plain and none is the terminator. Compilers make
+// wide steps of the loops; the bytes are not taken into an array first, since wide loads wait for
+// narrow stores in front of them.
 bool SwitchCaseOfPlainBlock(unsigned char* block, unsigned char first) {
-  std::uint64_t all = 0;
-  for (std::ptrdiff_t i = 0; i < kBlockSize; i += 8) all |= WordAt(block + i);
-  if ((all & kHighBits) != 0) return false;
-  for (std::ptrdiff_t i = 0; i < kBlockSize; i += 8) {
-    const std::uint64_t word = SwitchCase(WordAt(block + i), first);
-    std::memcpy(block + i, &word, sizeof(word));
+  unsigned char most = 0;
+  for (std::ptrdiff_t i = 0; i < kBlockSize; ++i) {
+    most = std::max(most, static_cast<unsigned char>(block[i] - 1));  // the terminator becomes 0xFF
+  }
+  if (most >= 0x7F) return false;
+  for (std::ptrdiff_t i = 0; i < kBlockSize; ++i) {
+    const bool is_letter = static_cast<unsigned char>(block[i] - first) < 26;
+    block[i] = static_cast<unsigned char>(block[i] ^ (is_letter ? 0x20 : 0));
   }
   return true;
 }
 
-// Changes the case of the characters that begin in front of stop; end is that of the text. Eight
-// plain bytes are changed at a time. Returns what follows; end at an incomplete character.
+// Changes the case of the characters that begin in front of stop; end is that of the buffer. Eight
+// plain bytes are changed at a time. Returns what follows; end at the terminator or an incomplete
+// character.
 template <typename Mapping>
 unsigned char* MapUpTo(unsigned char* position, const unsigned char* stop, unsigned char* end,
                        unsigned char first, Mapping mapping) {
   while (position < stop) {
-    if (end - position >= 8 && (WordAt(position) & kHighBits) == 0) {
+    if (end - position >= 8 && NotPlain(WordAt(position)) == 0) {
       const std::uint64_t word = SwitchCase(WordAt(position), first);
       std::memcpy(position, &word, sizeof(word));
       position += 8;
       continue;
     }
     const MultibyteCharacter character = CharacterAt(position);
-    if (character.IsIncomplete()) return end;
+    if (character.size == 0 || character.IsIncomplete()) return end;
     const unsigned int mapped = mapping(character.value);
     if (character.size == 2) *position++ = static_cast<unsigned char>(mapped >> 8);
     *position++ = static_cast<unsigned char>(mapped);
@@ -159,9 +166,9 @@ unsigned char* MapUpTo(unsigned char* position, const unsigned char* stop, unsig
 // Changes the case of a text whose twenty-six letters from first on map to the other case; a
 // mapping keeps the size of a character.
 template <typename Mapping>
-unsigned char* MapCharacters(unsigned char* text, unsigned char first, Mapping mapping) {
+void MapCharacters(unsigned char* text, std::size_t size, unsigned char first, Mapping mapping) {
   unsigned char* position = text;
-  unsigned char* const end = text + std::strlen(Chars(text));
+  unsigned char* const end = text + size;
   while (position < end) {
     const bool is_block = end - position >= kBlockSize;
     if (is_block && SwitchCaseOfPlainBlock(position, first)) {
@@ -170,7 +177,6 @@ unsigned char* MapCharacters(unsigned char* text, unsigned char first, Mapping m
       position = MapUpTo(position, is_block ? position + kBlockSize : end, end, first, mapping);
     }
   }
-  return text;
 }
 
 }  // namespace
@@ -243,9 +249,13 @@ int MbsICmp(const unsigned char* left, const unsigned char* right) {
   return Compare(left, right, ToLowerCharacter);
 }
 
-unsigned char* MbsUpr(unsigned char* text) { return MapCharacters(text, 'a', ToUpperCharacter); }
+void MbsUpr(unsigned char* text, std::size_t size) {
+  MapCharacters(text, size, 'a', ToUpperCharacter);
+}
 
-unsigned char* MbsLwr(unsigned char* text) { return MapCharacters(text, 'A', ToLowerCharacter); }
+void MbsLwr(unsigned char* text, std::size_t size) {
+  MapCharacters(text, size, 'A', ToLowerCharacter);
+}
 
 // Turns the bytes of every double-byte character round and then the whole text. In front, an
 // incomplete character would swallow another.

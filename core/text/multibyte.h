@@ -44,10 +44,13 @@ std::size_t MbsCSpn(const unsigned char* text, const unsigned char* set);
 int MbsCmp(const unsigned char* left, const unsigned char* right);
 int MbsICmp(const unsigned char* left, const unsigned char* right);
 
-// These change the text in place, keep its length and return it. Reversing keeps the bytes of a
-// double-byte character in order and an incomplete character at the end.
-unsigned char* MbsUpr(unsigned char* text);
-unsigned char* MbsLwr(unsigned char* text);
+// Change a text in place up to its terminator, which is in its first size bytes or right behind
+// them, and keep its length.
+void MbsUpr(unsigned char* text, std::size_t size);
+void MbsLwr(unsigned char* text, std::size_t size);
+
+// Reverses the text in place and returns it. The bytes of a double-byte character stay in order,
+// and an incomplete character stays at the end.
 unsigned char* MbsRev(unsigned char* text);
 
 }  // namespace quarnfc

@@ -221,12 +221,12 @@ void CQNString::SetAt(int index, char ch) {
 
 void CQNString::MakeUpper() {
   quarnfc::Unshare(Text());
-  quarnfc::MbsUpr(Bytes(Text()));
+  quarnfc::MbsUpr(Bytes(Text()), static_cast<std::size_t>(GetLength()));
 }
 
 void CQNString::MakeLower() {
   quarnfc::Unshare(Text());
-  quarnfc::MbsLwr(Bytes(Text()));
+  quarnfc::MbsLwr(Bytes(Text()), static_cast<std::size_t>(GetLength()));
 }
 
 void CQNString::MakeReverse() {

@@ -8,12 +8,15 @@
 
 #include "core/text/character.h"
 #include "core/text/multibyte.h"
+#include "tests/core/text/change_case.h"
 #include "tests/core/text/text.h"
 #include "tests/support/bytes.h"
 
 namespace {
 
 using quarnfc_test::Bytes;
+using text_test::MakeLower;
+using text_test::MakeUpper;
 using text_test::Sign;
 
 constexpr std::ptrdiff_t kNotFound = -1;
@@ -162,9 +165,9 @@ TEST(Multibyte, ChangesCaseOfLettersOnly) {
   };
   for (const MappingCase& c : kCases) {
     std::string text = c.lower;
-    EXPECT_EQ(Bytes(text.data()), quarnfc::MbsUpr(reinterpret_cast<unsigned char*>(text.data())));
+    MakeUpper(text);
     EXPECT_EQ(c.upper, text);
-    EXPECT_EQ(Bytes(text.data()), quarnfc::MbsLwr(reinterpret_cast<unsigned char*>(text.data())));
+    MakeLower(text);
     EXPECT_EQ(c.lower, text);
   }
 }
@@ -172,9 +175,9 @@ TEST(Multibyte, ChangesCaseOfLettersOnly) {
 TEST(Multibyte, LettersWithoutTheOtherCaseStayAsTheyAre) {
   std::string text = "\xA8\xBB\xA8\xBD\xA8\xBE\xA8\xC0\xA2\xFB\xA2\xFC";
   const std::string before = text;
-  quarnfc::MbsUpr(reinterpret_cast<unsigned char*>(text.data()));
+  MakeUpper(text);
   EXPECT_EQ(before, text);
-  quarnfc::MbsLwr(reinterpret_cast<unsigned char*>(text.data()));
+  MakeLower(text);
   EXPECT_EQ(before, text);
 }
 

@@ -9,6 +9,7 @@
 
 #include "core/text/character.h"
 #include "core/text/multibyte.h"
+#include "tests/core/text/change_case.h"
 #include "tests/support/bytes.h"
 
 namespace {
@@ -16,6 +17,8 @@ namespace {
 using quarnfc::CharacterAt;
 using quarnfc::MultibyteCharacter;
 using quarnfc_test::Bytes;
+using text_test::MakeLower;
+using text_test::MakeUpper;
 
 constexpr std::ptrdiff_t kNoPlace = -1;
 
@@ -156,8 +159,8 @@ TEST(MultibyteWalk, CaseChangesAsAWalkChangesIt) {
   for (int i = 0; i < 50'000; ++i) {
     const std::string text = texts.Next(40);
     std::string upper = text, lower = text;
-    quarnfc::MbsUpr(reinterpret_cast<unsigned char*>(upper.data()));
-    quarnfc::MbsLwr(reinterpret_cast<unsigned char*>(lower.data()));
+    MakeUpper(upper);
+    MakeLower(lower);
     ASSERT_EQ(upper, CaseByWalk(text, quarnfc::ToUpperCharacter));
     ASSERT_EQ(lower, CaseByWalk(text, quarnfc::ToLowerCharacter));
   }
@@ -168,8 +171,8 @@ TEST(MultibyteWalk, LongTextsAreTakenInLargerStepsAsAWalkTakesThem) {
   for (int i = 0; i < 5'000; ++i) {
     const std::string text = texts.NextLong();
     std::string upper = text, lower = text;
-    quarnfc::MbsUpr(reinterpret_cast<unsigned char*>(upper.data()));
-    quarnfc::MbsLwr(reinterpret_cast<unsigned char*>(lower.data()));
+    MakeUpper(upper);
+    MakeLower(lower);
     ASSERT_EQ(upper, CaseByWalk(text, quarnfc::ToUpperCharacter));
     ASSERT_EQ(lower, CaseByWalk(text, quarnfc::ToLowerCharacter));
 
@@ -185,12 +188,27 @@ TEST(MultibyteWalk, LongTextsAreTakenInLargerStepsAsAWalkTakesThem) {
   }
 }
 
+TEST(MultibyteWalk, CaseChangesUpToTheTerminatorWhereverItStands) {
+  for (std::size_t size = 0; size < 140; ++size) {
+    for (std::size_t end = 0; end <= size; ++end) {
+      std::string text(size, 'a');
+      if (end < size) text[end] = '\0';
+      std::string expected = std::string(end, 'A') + text.substr(end);
+      MakeUpper(text);
+      ASSERT_EQ(text, expected) << size << ", " << end;
+      MakeLower(text);
+      expected.replace(0, end, end, 'a');
+      ASSERT_EQ(text, expected) << size << ", " << end;
+    }
+  }
+}
+
 TEST(MultibyteWalk, EveryPlainByteChangesItsCaseLikeAlone) {
   std::string text;
   for (int code = 1; code < 0x80; ++code) text += static_cast<char>(code);
   std::string upper = text, lower = text;
-  quarnfc::MbsUpr(reinterpret_cast<unsigned char*>(upper.data()));
-  quarnfc::MbsLwr(reinterpret_cast<unsigned char*>(lower.data()));
+  MakeUpper(upper);
+  MakeLower(lower);
   EXPECT_EQ(upper, CaseByWalk(text, quarnfc::ToUpperCharacter));
   EXPECT_EQ(lower, CaseByWalk(text, quarnfc::ToLowerCharacter));
 }
