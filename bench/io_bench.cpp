@@ -8,13 +8,12 @@
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
-#include <filesystem>
-#include <fstream>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "io_data.h"
 #include "row.h"
 
 namespace {
@@ -22,34 +21,6 @@ namespace {
 using bench::Keep;
 using bench::kOurs;
 using bench::Row;
-
-// A file of the temporary folder for as long as the program runs.
-class TempFile {
- public:
-  explicit TempFile(const std::string& content)
-      : path_((std::filesystem::temp_directory_path() / "quarnfc_bench.csv").string()) {
-    std::ofstream(path_, std::ios::binary) << content;
-  }
-  ~TempFile() { std::remove(path_.c_str()); }
-  TempFile(const TempFile&) = delete;
-  TempFile& operator=(const TempFile&) = delete;
-
-  const char* Path() const { return path_.c_str(); }
-
- private:
-  std::string path_;
-};
-
-// Points as surveyors keep them: ten fields of 6 to 20 bytes, one of them quoted.
-std::string Points(std::size_t bytes) {
-  std::string text = "no,name,lon,lat,east,north,height,date,remark,code\n";
-  for (int i = 0; text.size() < bytes; ++i) {
-    const std::string number = std::to_string(100000 + i);
-    text += number + ",\xB5\xE3" + number + ",114." + number + ",30." + number + ",500" + number +
-            ".25,3300" + number + ".125,23.75,2024-01-05,\"stone, old\",GPS-D\n";
-  }
-  return text;
-}
 
 std::size_t ReadWithUs(const char* path) {
   CQNCSVFileReader reader;
@@ -90,7 +61,7 @@ std::size_t ReadByHand(const char* path) {
 }
 
 void AddCsv(const std::string& input, std::size_t bytes) {
-  const auto file = std::make_shared<TempFile>(Points(bytes));
+  const auto file = std::make_shared<bench::TempFile>(bench::Points(bytes), ".csv");
   Row("CSV into rows", input, kOurs, [file] { Keep(ReadWithUs(file->Path())); });
   Row("CSV into rows", input, "cut by hand", [file] { Keep(ReadByHand(file->Path())); });
 }
@@ -98,7 +69,7 @@ void AddCsv(const std::string& input, std::size_t bytes) {
 std::string FormatByHand(std::time_t time) {
   std::tm local{};
   localtime_r(&time, &local);
-  char text[32];
+  char text[80];
   std::snprintf(text, sizeof text, "%d-%02d-%02d %02d:%02d:%02d", local.tm_year + 1900,
                 local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec);
   return text;
@@ -128,7 +99,7 @@ void AddTime() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  AddCsv("10 MB", 10'000'000);
+  AddCsv("10 MB", bench::kPointsSize);
   AddTime();
   return bench::Run(argc, argv);
 }

@@ -3,6 +3,7 @@
 #include <absl/strings/match.h>
 #include <absl/strings/str_replace.h>
 #include <fnmatch.h>
+#include <glib.h>
 
 #include <string>
 
@@ -27,6 +28,8 @@ using bench::Row;
   for (const char* pattern : bench::kPatterns) {
     Row("string wildcard", pattern, "fnmatch",
         [pattern] { Keep(fnmatch(pattern, bench::kFileName, 0)); });
+    Row("string wildcard", pattern, "GLib",
+        [pattern] { Keep(g_pattern_match_simple(pattern, bench::kFileName)); });
   }
   return true;
 }();

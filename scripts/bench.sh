@@ -17,7 +17,8 @@ set -euo pipefail
 source "$(dirname "$0")/lib.sh"
 
 packages=(libbenchmark-dev rapidjson-dev libboost1.81-dev nlohmann-json3-dev libabsl-dev libfmt-dev
-  libssl-dev libisal-dev liblzma-dev libproj-dev libgeographiclib-dev)
+  libssl-dev libisal-dev liblzma-dev libproj-dev libgeographiclib-dev libcsv-dev libglib2.0-dev
+  pkgconf)
 repetitions="${QUARNFC_BENCH_REPETITIONS:-5}"
 min_time=0.1
 windows=yes
