@@ -63,7 +63,10 @@ void CheckHeaders(const MemoryAnswer& answer, std::uint8_t how) {
   for (const std::string& line : answer.head) headers.AddLines(line, kFlags[how % 5]);
   for (const auto& header : headers.All()) fuzz::Expect(headers.Find(header.name) != nullptr);
   quarnfc::internet::ResponseHead head;
-  if (head.Parse(answer.head)) fuzz::Expect(head.StatusLine().starts_with(head.version));
+  if (!head.Parse(answer.head)) return;
+  fuzz::Expect(answer.head[0].starts_with(head.version));
+  fuzz::Expect(head.status <= 999);
+  fuzz::Expect(answer.head[0].find(head.reason) != std::string::npos);
 }
 
 void Exchange(std::uint8_t how, const std::string& body) {

@@ -118,8 +118,4 @@ bool ResponseHead::Parse(const std::vector<std::string>& lines) {
   return true;
 }
 
-std::string ResponseHead::StatusLine() const {
-  return version + " " + std::to_string(status) + (reason.empty() ? "" : " " + reason);
-}
-
 }  // namespace quarnfc::internet

@@ -61,8 +61,6 @@ struct ResponseHead {
   // Reads the lines of a head. False when the first one is no status line; lines that are no
   // headers are left out.
   bool Parse(const std::vector<std::string>& lines);
-
-  std::string StatusLine() const;
 };
 
 }  // namespace quarnfc::internet
