@@ -148,6 +148,7 @@ void ScriptedServer::Accept() {
     const auto client = static_cast<Socket>(accept(AsSocket(listener_), nullptr, nullptr));
     if (client == kNoSocket) continue;
     NeverBlock(client);
+    NeverHoldBack(client);
     threads_.emplace_back([this, client] {
       ServerConnection connection(static_cast<unsigned __int64>(client), stopping_);
       script_(connection);
