@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "c/csv_fields.h"
 #include "c/guarded.h"
 #include "c/path.h"
 #include "c/text.h"
@@ -22,7 +23,9 @@ struct QncCsv {
 
 namespace {
 
+using quarnfc::c::AnsiText;
 using quarnfc::c::Failure;
+using quarnfc::c::FieldIndex;
 using quarnfc::c::Given;
 using quarnfc::c::Guarded;
 using quarnfc::c::GuardedNew;
@@ -71,6 +74,10 @@ int qncCsvHeaderCount(const QncCsv* csv) {
 
 char* qncCsvHeader(const QncCsv* csv, int index, CQNObject** error) {
   return GuardedNew(error, [=] { return NewUtf8At(Given(csv)->header, index); });
+}
+
+int qncCsvHeaderIndex(const QncCsv* csv, const char* name, CQNObject** error) {
+  return Guarded(error, -1, [=] { return FieldIndex(Given(csv)->header, AnsiText(name).get()); });
 }
 
 int qncCsvNextRow(QncCsv* csv, CQNObject** error) {

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "c/csv_fields.h"
 #include "c/guarded.h"
 #include "c/path.h"
 #include "c/text.h"
@@ -18,6 +19,7 @@
 namespace {
 
 using quarnfc::c::Failure;
+using quarnfc::c::FieldIndex;
 using quarnfc::c::Given;
 using quarnfc::c::Guarded;
 using quarnfc::c::GuardedNew;
@@ -129,6 +131,10 @@ const char* qncCsvTextField(const QncCsvText* csv, int index, size_t* size) {
   const std::string& field = csv->row.fields[static_cast<std::size_t>(index)];
   if (size != nullptr) *size = field.size();
   return field.c_str();
+}
+
+int qncCsvTextFieldIndex(const QncCsvText* csv, const char* name, CQNObject** error) {
+  return Guarded(error, -1, [=] { return FieldIndex(Given(csv)->row.fields, Given(name)); });
 }
 
 char* qncCsvTextWriteRow(const char* const* fields, size_t count, char delimiter,

@@ -19,6 +19,7 @@ using quarnfc::ext::ApplyJsonEdits;
 using quarnfc::ext::CsvTextReader;
 using quarnfc::ext::CsvTextRow;
 using quarnfc::ext::ErrorHandle;
+using quarnfc::ext::FindCsvField;
 using quarnfc::ext::JsonText;
 using quarnfc::ext::ReplaceJsonValue;
 using quarnfc::ext::TextDecoder;
@@ -43,17 +44,19 @@ std::string ReadAll(const char* path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// The second field of the first row behind the header.
-std::string FirstValue(const std::string& utf8, char delimiter, std::string& error) {
+// The field called name in the first row behind the header.
+std::string FirstValue(const std::string& utf8, const char* name, std::string& error) {
   std::string rest = utf8;
-  CsvTextReader rows([&rest] { return std::exchange(rest, ""); }, delimiter);
+  CsvTextReader rows([&rest] { return std::exchange(rest, ""); }, ';');
   CsvTextRow header;
   CsvTextRow row;
-  if (rows.Next(header) && rows.Next(row) && row.fields.size() > 1) {
+  const bool found = rows.Next(header) && rows.Next(row);
+  const std::size_t index = FindCsvField(header.fields, name);  // none is beyond every row
+  if (found && index < row.fields.size()) {
     std::printf("line %zu: %s\n", row.line, WriteCsvRow(row.fields).c_str());
-    return row.fields[1];
+    return row.fields[index];
   }
-  error = rows.Error().empty() ? "there is no row" : rows.Error();
+  error = rows.Error().empty() ? "there is no row, or no such field" : rows.Error();
   return "";
 }
 
@@ -66,7 +69,7 @@ int main(int argc, char** argv) {
     return Fail("no text from byte " + std::to_string(decoder.ErrorOffset()) + " on");
   }
   std::string error;
-  const std::string value = FirstValue(table, ';', error);
+  const std::string value = FirstValue(table, "longitude", error);
   if (!error.empty()) return Fail(error);
 
   JsonText settings;

@@ -84,6 +84,8 @@ public static class QuarnNative
     [DllImport(Dll)] public static extern int qncCsvHeaderCount(IntPtr csv);
     [DllImport(Dll)]
     public static extern IntPtr qncCsvHeader(IntPtr csv, int index, out IntPtr error);
+    [DllImport(Dll)]
+    public static extern int qncCsvHeaderIndex(IntPtr csv, byte[] name, out IntPtr error);
     [DllImport(Dll)] public static extern int qncCsvNextRow(IntPtr csv, out IntPtr error);
     [DllImport(Dll)] public static extern int qncCsvCount(IntPtr csv);
     [DllImport(Dll)]
@@ -197,6 +199,8 @@ public static class QuarnNative
     [DllImport(Dll)] public static extern int qncCsvTextCount(IntPtr csv);
     [DllImport(Dll)]
     public static extern IntPtr qncCsvTextField(IntPtr csv, int index, out UIntPtr size);
+    [DllImport(Dll)]
+    public static extern int qncCsvTextFieldIndex(IntPtr csv, byte[] name, out IntPtr error);
     [DllImport(Dll)]
     public static extern IntPtr qncCsvTextWriteRow(IntPtr[] fields, UIntPtr count, byte delimiter,
         out IntPtr error);

@@ -64,6 +64,23 @@ TEST(CInterfaceCsv, GivesUtf8WhateverTheFileIsWrittenIn) {
   }
 }
 
+TEST(CInterfaceCsv, FindsHeaderFieldsByTheirUtf8Names) {
+  const quarnfc_test::TempFile file("a,\xC3\xFB\xB3\xC6,b,a\n");
+  const Csv csv(qncCsvOpen(file.path(), nullptr));
+  ASSERT_NE(csv, nullptr);
+  Error error;
+  EXPECT_EQ(qncCsvHeaderIndex(csv.get(), "\xE5\x90\x8D\xE7\xA7\xB0", error.Out()), 1);
+  EXPECT_EQ(error.Text(), "");
+  EXPECT_EQ(qncCsvHeaderIndex(csv.get(), "b", nullptr), 2);
+  for (const char* name : {"a", "c", "", "B"}) {
+    EXPECT_EQ(qncCsvHeaderIndex(csv.get(), name, error.Out()), -1) << name;
+    EXPECT_EQ(error.Text(), "5: Quarn: not exactly one field has this name") << name;
+  }
+  EXPECT_EQ(qncCsvHeaderIndex(csv.get(), nullptr, nullptr), -1);
+  EXPECT_EQ(qncCsvHeaderIndex(nullptr, "a", error.Out()), -1);
+  EXPECT_EQ(error.Text(), "87: Quarn: an argument is null");
+}
+
 TEST(CInterfaceCsv, FailuresAreErrors) {
   Error error;
   EXPECT_EQ(qncCsvOpen((testing::TempDir() + "missing.csv").c_str(), error.Out()), nullptr);

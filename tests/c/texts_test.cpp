@@ -203,6 +203,24 @@ TEST(CInterfaceCsvText, ReadsAnyDelimiterAndLineEndsInQuotes) {
   EXPECT_EQ(qncCsvTextCount(csv.get()), 0);
 }
 
+TEST(CInterfaceCsvText, FieldsAreFoundByTheirNames) {
+  const CsvText csv = Opened("id;\xE5\x90\x8D;id;\n", ';');
+  Error error;
+  EXPECT_EQ(qncCsvTextFieldIndex(csv.get(), "id", error.Out()), -1);  // no row yet
+  EXPECT_EQ(error.Text(), "5: Quarn: not exactly one field has this name");
+  ASSERT_EQ(qncCsvTextNextRow(csv.get(), nullptr), 1);
+  EXPECT_EQ(qncCsvTextFieldIndex(csv.get(), "\xE5\x90\x8D", error.Out()), 1);
+  EXPECT_EQ(error.Text(), "");
+  EXPECT_EQ(qncCsvTextFieldIndex(csv.get(), "", nullptr), 3);
+  for (const char* name : {"id", "ID", "\xE5\x90"}) {
+    EXPECT_EQ(qncCsvTextFieldIndex(csv.get(), name, error.Out()), -1) << name;
+    EXPECT_EQ(error.Text(), "5: Quarn: not exactly one field has this name") << name;
+  }
+  EXPECT_EQ(qncCsvTextFieldIndex(csv.get(), nullptr, error.Out()), -1);
+  EXPECT_EQ(error.Text(), "87: Quarn: an argument is null");
+  EXPECT_EQ(qncCsvTextFieldIndex(nullptr, "id", nullptr), -1);
+}
+
 TEST(CInterfaceCsvText, FilesLongerThanAPieceKeepEveryRow) {
   std::string text = "\xEF\xBB\xBF";
   for (int i = 0; i < 30000; ++i) text += std::to_string(i) + "\tvalue\n";

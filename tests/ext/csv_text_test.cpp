@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <quarnfc/ext/csv_text.h>
+#include <quarnfc/qn_string.h>
 
 #include <string>
 #include <vector>
@@ -104,6 +105,24 @@ TEST(CsvText, WrittenRowsReadBack) {
   }
   EXPECT_EQ(WriteCsvField("plain"), "plain");
   EXPECT_EQ(WriteCsvField("a\"b"), "\"a\"\"b\"");
+}
+
+TEST(CsvText, FieldIsFoundByAName) {
+  const std::vector<std::string> header = {"id", "name", "", "id", std::string("a\0b", 3)};
+  EXPECT_EQ(FindCsvField(header, "name"), 1u);
+  EXPECT_EQ(FindCsvField(header, ""), 2u);
+  EXPECT_EQ(FindCsvField(header, std::string_view("a\0b", 3)), 4u);
+  // Which of the two?
+  EXPECT_EQ(FindCsvField(header, "id"), kNoCsvField);
+  EXPECT_EQ(FindCsvField(header, "Name"), kNoCsvField);
+  EXPECT_EQ(FindCsvField(header, "a"), kNoCsvField);
+  EXPECT_EQ(FindCsvField(std::vector<std::string>(), ""), kNoCsvField);
+}
+
+TEST(CsvText, FieldIsFoundByANameInRowsOfTheFileReader) {
+  const std::vector<CQNString> header = {"id", "\xC3\xFB", "id"};
+  EXPECT_EQ(FindCsvField(header, "\xC3\xFB"), 1u);
+  EXPECT_EQ(FindCsvField(header, "id"), kNoCsvField);
 }
 
 }  // namespace

@@ -33,6 +33,9 @@ QN_PLAIN_API void qncCsvClose(QncCsv* csv);
 QN_PLAIN_API int qncCsvHeaderCount(const QncCsv* csv);
 QN_PLAIN_API char* qncCsvHeader(const QncCsv* csv, int index, CQNObject** error);
 
+/* The index of the header field that is name; -1 when no field or more than one is. */
+QN_PLAIN_API int qncCsvHeaderIndex(const QncCsv* csv, const char* name, CQNObject** error);
+
 /* Reads the next row: 1, 0 at the end of the file, -1 on failure. Stop at the first that is not 1.
  */
 QN_PLAIN_API int qncCsvNextRow(QncCsv* csv, CQNObject** error);

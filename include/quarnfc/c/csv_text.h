@@ -40,6 +40,10 @@ QN_PLAIN_API size_t qncCsvTextLine(const QncCsvText* csv);
 QN_PLAIN_API int qncCsvTextCount(const QncCsvText* csv);
 QN_PLAIN_API const char* qncCsvTextField(const QncCsvText* csv, int index, size_t* size);
 
+/* The index of the field of the row last read, such as the header, that is name byte for byte; -1
+ * when no field or more than one is. */
+QN_PLAIN_API int qncCsvTextFieldIndex(const QncCsvText* csv, const char* name, CQNObject** error);
+
 /* A row of count texts, without line end, quoted where reading it back needs quotes. */
 QN_PLAIN_API char* qncCsvTextWriteRow(const char* const* fields, size_t count, char delimiter,
                                       CQNObject** error);

@@ -23,6 +23,7 @@
 //   quarnfc::ext::CsvTextReader rows([&] { return pieces[next++]; }, ';');
 //   quarnfc::ext::CsvTextRow row;
 //   rows.Next(row);         // == true
+//   quarnfc::ext::FindCsvField(row.fields, "name");  // == 1u
 //   rows.Next(row);         // == true
 //   row.fields[1];          // == "Wu;han"
 //   row.line;               // == 2u
@@ -158,6 +159,23 @@ class CsvTextReader {
   bool last_quoted_ = false;
   std::string error_;
 };
+
+// What FindCsvField returns for a name that leads nowhere.
+inline constexpr std::size_t kNoCsvField = static_cast<std::size_t>(-1);
+
+// The index of the field that is name, byte for byte: of the row that a host takes for the header,
+// read by CsvTextReader (std::string) or by CQNCSVFileReader (CQNString). kNoCsvField when there is
+// none, or more than one: a name that two columns share says nothing about which of them is meant.
+template <class Text>
+std::size_t FindCsvField(const std::vector<Text>& fields, std::string_view name) {
+  std::size_t found = kNoCsvField;
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    if (std::string_view(fields[i]) != name) continue;
+    if (found != kNoCsvField) return kNoCsvField;
+    found = i;
+  }
+  return found;
+}
 
 // A field as CSV: in quotes where it could be read back as something else.
 inline std::string WriteCsvField(std::string_view text, char delimiter = ',') {
