@@ -17,6 +17,7 @@ size_t Count(char* /*data*/, size_t size, size_t count, void* total) {
 
 struct HttpPeer::State {
   CURL* easy = curl_easy_init();
+  curl_slist* headers = nullptr;
   std::string server;
 };
 
@@ -27,9 +28,18 @@ HttpPeer::HttpPeer(unsigned short port) : state_(std::make_unique<State>()) {
   curl_easy_setopt(state_->easy, CURLOPT_NOPROXY, "*");
   curl_easy_setopt(state_->easy, CURLOPT_NOSIGNAL, 1L);
   curl_easy_setopt(state_->easy, CURLOPT_WRITEFUNCTION, Count);
+  // The same request as ours, byte for byte.
+  for (const char* header :
+       {"Accept:", "User-Agent: bench", "Connection: Keep-Alive", "Cache-Control: no-cache"}) {
+    state_->headers = curl_slist_append(state_->headers, header);
+  }
+  curl_easy_setopt(state_->easy, CURLOPT_HTTPHEADER, state_->headers);
 }
 
-HttpPeer::~HttpPeer() { curl_easy_cleanup(state_->easy); }
+HttpPeer::~HttpPeer() {
+  curl_easy_cleanup(state_->easy);
+  curl_slist_free_all(state_->headers);
+}
 
 unsigned long long HttpPeer::Fetch(const std::string& path) {
   unsigned long long total = 0;

@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <utility>
@@ -79,9 +80,11 @@ TEST_F(Curl, WhatLibcurlRefusesIsAnErrorOfTheRequest) {
       {"curl_url_set", 4, ERROR_INTERNET_INVALID_URL},
       {"curl_multi_add_handle", 1, ERROR_NOT_ENOUGH_MEMORY},
   };
+  OutgoingHead head = Get(1);
+  head.headers = {"X: y"};
   for (const auto& c : cases) {
     failing_curl::Refuse(c.function, c.nth);
-    EXPECT_EQ(Send(Get(1)), c.error) << c.function << " " << c.nth;
+    EXPECT_EQ(Send(head), c.error) << c.function << " " << c.nth;
     EXPECT_EQ(failing_curl::Calls(c.function), c.nth) << c.function;
   }
 }
@@ -151,14 +154,64 @@ TEST_F(Curl, ACertificateIsRefusedForItsDateItsNameOrItsAuthority) {
 
 TEST_F(Curl, SixteenIdleLinesAreKept) {
   failing_curl::Refuse("");
-  std::vector<CurlLine> lines;
+  std::vector<std::unique_ptr<CurlLine>> lines;
   for (unsigned short port = 1; port <= 17; ++port) lines.push_back(pool_->Take(Get(port).route));
   EXPECT_EQ(failing_curl::Calls("curl_easy_init"), 17);
-  for (CurlLine& line : lines) pool_->Give(std::move(line));
+  for (auto& line : lines) pool_->Give(std::move(line));
   for (unsigned short port = 2; port <= 17; ++port) pool_->Take(Get(port).route);
   EXPECT_EQ(failing_curl::Calls("curl_easy_init"), 17);
   pool_->Take(Get(1).route);
   EXPECT_EQ(failing_curl::Calls("curl_easy_init"), 18);
+}
+
+TEST_F(Curl, ALineThatIsUsedAgainSendsWhatANewOneSends) {
+  ScriptedServer server("HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n");
+  const struct {
+    const char* verb;
+    const char* target;
+    std::vector<std::string> headers;
+    BodyKind kind;
+    std::string body;
+    bool http_1_0;
+  } requests[] = {
+      {"GET", "/a?b", {"X: y"}, BodyKind::kNone, "", false},
+      {"POST", "/a", {"X: y"}, BodyKind::kLength, "12345", false},
+      {"GET", "/", {"X: y"}, BodyKind::kNone, "", false},
+      {"HEAD", "/", {"X: y", "Accept: z"}, BodyKind::kNone, "", false},
+      {"PUT", "/", {}, BodyKind::kLength, "1", false},
+      {"HEAD", "/", {}, BodyKind::kNone, "", false},
+      {"GET", "/", {"X: "}, BodyKind::kNone, "", false},
+      {"POST", "/", {}, BodyKind::kLength, "", false},
+      {"DELETE", "/a", {"X: other"}, BodyKind::kNone, "", false},
+      {"GET", "/", {"Connection: Keep-Alive"}, BodyKind::kNone, "", true},
+      {"GET", "/", {}, BodyKind::kNone, "", false},
+  };
+  const auto kept = pool_;
+  failing_curl::Refuse("");
+  for (const auto& request : requests) {
+    OutgoingHead head = Get(server.Port());
+    head.verb = request.verb;
+    head.target = request.target;
+    head.headers = request.headers;
+    head.http_1_0 = request.http_1_0;
+    head.body = request.kind;
+    head.body_length = request.body.size();
+    std::vector<std::string> sent;
+    for (const auto& pool : {kept, std::make_shared<CurlPool>()}) {
+      pool_ = pool;
+      ASSERT_EQ(Send(head), 0u) << request.verb;
+      if (request.kind != BodyKind::kNone) {
+        ASSERT_EQ(exchange_->PushBody(request.body.data(), request.body.size()), 0u);
+      }
+      EXPECT_EQ(Receive(), "");
+      exchange_.reset();
+      sent.push_back(server.LastRequest());
+    }
+    EXPECT_EQ(sent[0], sent[1]);
+    EXPECT_EQ(sent[0].substr(0, sent[0].find(' ')), request.verb);
+  }
+  // A line for every new pool, and one for all requests of the other.
+  EXPECT_EQ(failing_curl::Calls("curl_easy_init"), static_cast<int>(std::size(requests)) + 1);
 }
 
 TEST_F(Curl, AnIPv6AddressNeedsNoBrackets) {

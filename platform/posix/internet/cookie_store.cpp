@@ -138,6 +138,7 @@ std::string CookieStore::TextFor(const Target& target) { return Join(target, fal
 
 std::string CookieStore::Join(const Target& target, bool for_server) {
   const std::lock_guard lock(mutex_);
+  if (cookies_.empty()) return "";
   const std::time_t now = std::time(nullptr);
   std::erase_if(cookies_, [now](const auto& entry) {
     return entry.second.expires != 0 && entry.second.expires <= now;

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <climits>
 #include <cstring>
+#include <string_view>
 
 #include "platform/posix/internet/curl_errors.h"
 #include "platform/posix/internet/curl_signals.h"
@@ -15,6 +16,7 @@ namespace quarnfc::internet {
 namespace {
 
 constexpr std::size_t kLargestHead = 8 * 1024 * 1024;
+constexpr std::size_t kUsualLines = 16;
 constexpr DWORD kLongestPoll = 1000;  // milliseconds
 
 using Clock = std::chrono::steady_clock;
@@ -24,6 +26,14 @@ DWORD MillisecondsSince(Clock::time_point start) {
   return static_cast<DWORD>(std::chrono::duration_cast<std::chrono::milliseconds>(passed).count());
 }
 
+// "HTTP/1.1 100 Continue" and its like are followed by the head of the response itself.
+bool IsInterim(std::string_view status_line) {
+  const std::size_t space = status_line.find(' ');
+  if (space == std::string_view::npos) return false;
+  const std::string_view code = status_line.substr(space + 1);
+  return code.starts_with('1') && !code.starts_with("101");
+}
+
 }  // namespace
 
 CurlExchange::~CurlExchange() {
@@ -31,11 +41,11 @@ CurlExchange::~CurlExchange() {
   // A response without a body may be whole although nobody has asked for the end of it.
   if (added_ && !done_ && head_complete_) Advance();
   const bool whole = done_ && result_ == CURLE_OK;
-  if (added_) curl_multi_remove_handle(line_.multi.get(), line_.easy.get());
+  if (added_) curl_multi_remove_handle(line_->multi.get(), line_->easy.get());
   if (whole) {
     pool_->Give(std::move(line_));
   } else {
-    line_ = CurlLine();
+    line_.reset();
   }
 }
 
@@ -43,9 +53,9 @@ CurlExchange::~CurlExchange() {
 void CurlExchange::Advance() {
   const QuietPipes quiet(may_signal_);
   int running = 0;
-  curl_multi_perform(line_.multi.get(), &running);
+  curl_multi_perform(line_->multi.get(), &running);
   int left = 0;
-  while (const CURLMsg* message = curl_multi_info_read(line_.multi.get(), &left)) {
+  while (const CURLMsg* message = curl_multi_info_read(line_->multi.get(), &left)) {
     if (message->msg != CURLMSG_DONE) continue;
     done_ = true;
     result_ = message->data.result;
@@ -55,9 +65,9 @@ void CurlExchange::Advance() {
 // Waits until libcurl has something to do, for one look at most.
 void CurlExchange::Wait(DWORD milliseconds) {
   const int wait = static_cast<int>(std::min(milliseconds, kLongestPoll));
-  waiting_ = line_.multi.get();
+  waiting_ = line_->multi.get();
   // Cancel says that it has cancelled before it looks for whom to wake.
-  if (!cancelled_) curl_multi_poll(line_.multi.get(), nullptr, 0, wait, nullptr);
+  if (!cancelled_) curl_multi_poll(line_->multi.get(), nullptr, 0, wait, nullptr);
   waiting_ = nullptr;
 }
 
@@ -94,13 +104,13 @@ void CurlExchange::Resume() {
   upload_paused_ = false;
   body_paused_ = false;
   const QuietPipes quiet(may_signal_);
-  curl_easy_pause(line_.easy.get(), CURLPAUSE_CONT);
+  curl_easy_pause(line_->easy.get(), CURLPAUSE_CONT);
 }
 
 DWORD CurlExchange::SendHead(const OutgoingHead& head, const Progress& connecting,
                              const Progress& connected) {
   if (const DWORD error = Configure(head)) return error;
-  if (curl_multi_add_handle(line_.multi.get(), line_.easy.get()) != CURLM_OK) {
+  if (curl_multi_add_handle(line_->multi.get(), line_->easy.get()) != CURLM_OK) {
     return ERROR_NOT_ENOUGH_MEMORY;
   }
   added_ = true;
@@ -115,7 +125,7 @@ DWORD CurlExchange::SendHead(const OutgoingHead& head, const Progress& connectin
   });
   if (error != 0) return error;
   // A quick server may have answered and broken off by now: what it has sent counts.
-  if (done_ && !head_complete_ && result_ != CURLE_OK) return ErrorOf(line_.easy.get(), result_);
+  if (done_ && !head_complete_ && result_ != CURLE_OK) return ErrorOf(line_->easy.get(), result_);
   if (reported) connected();
   return 0;
 }
@@ -136,7 +146,7 @@ DWORD CurlExchange::PushPlain(const char* data, std::size_t size) {
   upload_ = nullptr;
   upload_left_ = 0;
   if (error != 0) return error;
-  return done_ && !head_complete_ ? ErrorOf(line_.easy.get(), result_) : 0;
+  return done_ && !head_complete_ ? ErrorOf(line_->easy.get(), result_) : 0;
 }
 
 DWORD CurlExchange::ReceiveHead(std::vector<std::string>& lines) {
@@ -145,7 +155,7 @@ DWORD CurlExchange::ReceiveHead(std::vector<std::string>& lines) {
   const DWORD error = RunUntil(receive_timeout_, First::kWait, [this] { return head_complete_; });
   if (error != 0) return error;
   if (!head_complete_) {
-    const DWORD failure = ErrorOf(line_.easy.get(), result_);
+    const DWORD failure = ErrorOf(line_->easy.get(), result_);
     return failure != 0 ? failure : ERROR_HTTP_INVALID_SERVER_RESPONSE;
   }
   lines = std::move(head_);
@@ -162,7 +172,7 @@ DWORD CurlExchange::PullBody(char* buffer, std::size_t capacity, std::size_t& co
   if (done_) {
     // A body that breaks off ends there.
     const bool broke_off = result_ == CURLE_PARTIAL_FILE;
-    return broke_off ? 0 : ErrorOf(line_.easy.get(), result_);
+    return broke_off ? 0 : ErrorOf(line_->easy.get(), result_);
   }
   spilled_.clear();
   spilled_used_ = 0;
@@ -175,7 +185,7 @@ DWORD CurlExchange::PullBody(char* buffer, std::size_t capacity, std::size_t& co
   count = lent_used_;
   lent_used_ = 0;
   if (count != 0) return 0;
-  return error != 0 || result_ == CURLE_PARTIAL_FILE ? error : ErrorOf(line_.easy.get(), result_);
+  return error != 0 || result_ == CURLE_PARTIAL_FILE ? error : ErrorOf(line_->easy.get(), result_);
 }
 
 // --- what libcurl calls -----------------------------------------------------------------------
@@ -187,17 +197,12 @@ size_t CurlExchange::OnHeader(char* data, size_t size, size_t count, void* self)
   if (exchange.head_complete_) return length;  // a trailer
   exchange.head_size_ += length;
   if (exchange.head_size_ > kLargestHead) return 0;
-  std::string line(data, length);
-  while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) line.pop_back();
+  std::string_view line(data, length);
+  while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) line.remove_suffix(1);
   if (!line.empty()) {
-    exchange.head_.push_back(std::move(line));
-    return length;
-  }
-  // "HTTP/1.1 100 Continue" and its like are followed by the head of the response itself.
-  const std::string& first = exchange.head_.empty() ? line : exchange.head_[0];
-  const std::size_t space = first.find(' ');
-  if (space != std::string::npos && first[space + 1] == '1' &&
-      first.substr(space + 1, 3) != "101") {
+    if (exchange.head_.empty()) exchange.head_.reserve(kUsualLines);
+    exchange.head_.emplace_back(line);
+  } else if (!exchange.head_.empty() && IsInterim(exchange.head_[0])) {
     exchange.head_.clear();
   } else {
     exchange.head_complete_ = true;

@@ -30,17 +30,12 @@ class CurlExchange : public Exchange {
   void Cancel() override;
 
  private:
-  struct ListCloser {
-    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
-  };
-  struct UrlCloser {
-    void operator()(CURLU* url) const { curl_url_cleanup(url); }
-  };
-
   DWORD Configure(const OutgoingHead& head);
-  DWORD ConfigureUrl(const OutgoingHead& head);
+  DWORD ConfigureRoute();
+  DWORD ConfigureServer();
+  void ConfigureProxy();
+  void ConfigureTarget(const OutgoingHead& head);
   void ConfigureBody(const OutgoingHead& head);
-  void ConfigureProxy(const OutgoingHead& head);
   bool ConfigureHeaders(const OutgoingHead& head);
   void ConfigureCallbacks();
 
@@ -64,12 +59,8 @@ class CurlExchange : public Exchange {
   static int OnConnected(void* self, char*, char*, int, int);
 
   std::shared_ptr<CurlPool> pool_;
-  CurlLine line_;
-  std::unique_ptr<curl_slist, ListCloser> headers_;
-  std::unique_ptr<CURLU, UrlCloser> url_;
-  DWORD security_flags_ = 0;
+  std::unique_ptr<CurlLine> line_;
   bool may_signal_ = false;  // whether the TLS library may send something
-  DWORD connect_timeout_ = 0;
   DWORD send_timeout_ = 0;
   DWORD receive_timeout_ = 0;
 

@@ -7,6 +7,8 @@
 namespace quarnfc::internet {
 namespace {
 
+constexpr std::size_t kUsualHeaders = 8;
+
 char Lower(char ch) { return ch >= 'A' && ch <= 'Z' ? static_cast<char>(ch - 'A' + 'a') : ch; }
 
 bool IsDigit(char ch) { return ch >= '0' && ch <= '9'; }
@@ -67,11 +69,12 @@ DWORD Headers::AddOne(Header header, DWORD flags) {
     Remove(header.name);
     if (header.value.empty()) return 0;
   }
-  headers_.push_back(std::move(header));
+  Add(std::move(header.name), std::move(header.value));
   return 0;
 }
 
 void Headers::Add(std::string name, std::string value) {
+  if (headers_.empty()) headers_.reserve(kUsualHeaders);
   headers_.push_back({std::move(name), std::move(value)});
 }
 

@@ -69,6 +69,7 @@ OutgoingHead Request::MakeHead(BodyKind kind, unsigned __int64 length) const {
   // The transport says how long the body is.
   all.Remove("Content-Length");
   if (kind == BodyKind::kChunked) all.Remove("Transfer-Encoding");
+  head.headers.reserve(all.All().size());
   for (const Header& header : all.All()) head.headers.push_back(header.name + ": " + header.value);
   return head;
 }
@@ -85,13 +86,15 @@ DWORD Request::Open(BodyKind kind, unsigned __int64 length) {
     previous = std::exchange(exchange_, exchange);
   }
   previous.reset();
-  state_ = State::kSending;
+  state_ = State::kNew;
   const OutgoingHead head = MakeHead(kind, length);
   const DWORD error = exchange->SendHead(
       head, [this] { Report(INTERNET_STATUS_CONNECTING_TO_SERVER, target.host); },
       [this] { Report(INTERNET_STATUS_CONNECTED_TO_SERVER, target.host); });
-  if (error == 0) Report(INTERNET_STATUS_SENDING_REQUEST);
-  return error;
+  if (error != 0) return error;
+  state_ = State::kSending;
+  Report(INTERNET_STATUS_SENDING_REQUEST);
+  return 0;
 }
 
 // The exchange, ready for the next step, which waits as long as the options say by now.
