@@ -28,25 +28,33 @@ std::optional<std::string> Decoded(std::string text) {
   return whole ? std::optional(decoded) : std::nullopt;
 }
 
-// The environment of a system that speaks Chinese.
-class ChineseSystem {
+// The variables that tell the language of messages, as long as this lives; null is not set.
+class Language {
  public:
-  ChineseSystem() {
-    if (const char* value = std::getenv("LC_ALL")) previous_ = value;
-    setenv("LC_ALL", "zh_CN.UTF-8", 1);
-  }
-  ~ChineseSystem() {
-    if (previous_) {
-      setenv("LC_ALL", previous_->c_str(), 1);
-    } else {
-      unsetenv("LC_ALL");
-    }
-  }
-  ChineseSystem(const ChineseSystem&) = delete;
-  ChineseSystem& operator=(const ChineseSystem&) = delete;
+  Language(const char* all, const char* messages, const char* lang)
+      : all_("LC_ALL", all), messages_("LC_MESSAGES", messages), lang_("LANG", lang) {}
 
  private:
-  std::optional<std::string> previous_;
+  class Variable {
+   public:
+    Variable(const char* name, const char* value) : name_(name) {
+      if (const char* old = std::getenv(name)) previous_ = old;
+      Set(value);
+    }
+    ~Variable() { Set(previous_ ? previous_->c_str() : nullptr); }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+   private:
+    void Set(const char* value) { value != nullptr ? setenv(name_, value, 1) : unsetenv(name_); }
+
+    const char* name_;
+    std::optional<std::string> previous_;
+  };
+
+  Variable all_;
+  Variable messages_;
+  Variable lang_;
 };
 
 struct Text {
@@ -61,6 +69,7 @@ constexpr Text kTexts[] = {
     {8, "内存不足。"},
     {87, "参数错误。"},
     {122, "缓冲区太小。"},
+    {126, "找不到需要的库。"},
     {259, "没有更多的数据。"},
     {10054, "服务器重置了连接。"},
     {12001, "无法再创建句柄。"},
@@ -92,11 +101,29 @@ constexpr Text kTexts[] = {
 };
 
 TEST(InternetErrorText, EveryChineseTextDecodesToWhatItIsMeantToSay) {
-  const ChineseSystem system;
+  const Language language("zh_CN.UTF-8", nullptr, nullptr);
   for (const Text& expected : kTexts) {
     std::string text;
     ASSERT_TRUE(InternetErrorText(expected.code, text)) << expected.code;
     EXPECT_EQ(Decoded(text), expected.utf8) << expected.code;
+  }
+}
+
+TEST(InternetErrorText, TheFirstVariableThatSaysSomethingTellsTheLanguage) {
+  const struct {
+    const char* all;
+    const char* messages;
+    const char* lang;
+    bool chinese;
+  } cases[] = {{nullptr, nullptr, nullptr, false}, {"", "", "", false},
+               {"zh_TW", "C", "C", true},          {"C", "zh_CN", "zh_CN", false},
+               {nullptr, "zh", "en", true},        {"", "en_US", "zh_CN", false},
+               {"", nullptr, "zh_CN", true},       {nullptr, "", "z", false}};
+  for (const auto& c : cases) {
+    const Language language(c.all, c.messages, c.lang);
+    std::string text;
+    EXPECT_TRUE(InternetErrorText(12002, text));
+    EXPECT_EQ(Decoded(text) == "操作超时。", c.chinese) << &c - cases;
   }
 }
 

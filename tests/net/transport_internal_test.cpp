@@ -5,8 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <iterator>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/internet_error_text.h"
@@ -15,6 +18,7 @@
 #include "platform/posix/internet/cookie_store.h"
 #include "platform/posix/internet/head.h"
 #include "platform/posix/internet/http_date.h"
+#include "platform/posix/internet/transport.h"
 #include "tests/net/memory_transport.h"
 #include "tests/net/test_text.h"
 
@@ -58,6 +62,36 @@ TEST_F(MemoryHttp, SendsVerbTargetHeadersAndBody) {
   EXPECT_EQ(request.Header("User-Agent"), "agent");
   EXPECT_EQ(request.Header("X-Own"), "1");
   EXPECT_EQ(request.Header("Authorization"), "(none)");
+}
+
+TEST_F(MemoryHttp, ReloadingAsksByTheWordOfTheVersion) {
+  const std::pair<const char*, const char*> cases[] = {{"HTTP/1.0", "Pragma"},
+                                                       {"HTTP/1.1", "Cache-Control"}};
+  network_->answers = {Ok("")};
+  connection_.reset(session_->GetHttpConnection("h.test", 0));
+  for (const auto& [version, header] : cases) {
+    const std::unique_ptr<CQNHttpFile> file(
+        connection_->OpenRequest("GET", "/", nullptr, 1, nullptr, version, INTERNET_FLAG_RELOAD));
+    file->SendRequest();
+    EXPECT_EQ(network_->requests.back().Header(header), "no-cache") << version;
+  }
+}
+
+TEST_F(MemoryHttp, AnEmptyAgentIsNotSent) {
+  session_ = std::make_unique<CQNInternetSession>("");
+  network_->answers = {Ok("")};
+  Open("GET")->SendRequest();
+  EXPECT_EQ(network_->requests.back().Header("User-Agent"), "(none)");
+}
+
+TEST_F(MemoryHttp, SeveralTypesAreAcceptedInOneHeader) {
+  network_->answers = {Ok("")};
+  connection_.reset(session_->GetHttpConnection("h.test", 0));
+  const char* types[] = {"text/html", "image/png", nullptr};
+  const std::unique_ptr<CQNHttpFile> file(connection_->OpenRequest("GET", "/", "r", 1, types));
+  file->SendRequest();
+  EXPECT_EQ(network_->requests.back().Header("Accept"), "text/html, image/png");
+  EXPECT_EQ(network_->requests.back().Header("Referer"), "r");
 }
 
 TEST_F(MemoryHttp, ABodyArrivesWholeHoweverItIsCut) {
@@ -126,6 +160,18 @@ TEST_F(MemoryHttp, ASecureRequestIsNotRedirectedToAnInsecureOneUnlessAskedTo) {
   const auto file = Open("GET", "/", INTERNET_FLAG_SECURE | INTERNET_FLAG_IGNORE_REDIRECT_TO_HTTP);
   file->SendRequest();
   EXPECT_EQ(ReadAll(*file), "end");
+}
+
+TEST_F(MemoryHttp, AnotherHostPortOrSchemeGetsNoAuthorizationOfTheHost) {
+  const std::pair<const char*, const char*> cases[] = {{"http://h.test/x", "own"},
+                                                       {"http://other.test/", "(none)"},
+                                                       {"http://h.test:81/", "(none)"},
+                                                       {"https://h.test:80/", "(none)"}};
+  for (const auto& [location, sent] : cases) {
+    network_->answers = {Redirect("302 Found", location), Ok("end")};
+    Open("GET")->SendRequest("Authorization: own");
+    EXPECT_EQ(network_->requests.back().Header("Authorization"), sent) << location;
+  }
 }
 
 TEST_F(MemoryHttp, CredentialsAnswerABasicChallengeOnceAndStayWithTheirServer) {
@@ -314,6 +360,15 @@ TEST(CookieStore, FollowDomainPathSecurityAndTime) {
       {"http://b9.test/", "=v", "http://b9.test/", ""},
       {"http://c1.test/", " n = v ; path = / ", "http://c1.test/", "n=v"},
       {"http://c2.test/", "n=v=w", "http://C2.test/", "n=v=w"},
+      {"http://c3.test/", "n=v; domain=c3.test", "http://subc3.test/", ""},
+      {"http://10.7.0.1/", "n=v; domain=7.0.1", "http://9.7.0.1/", ""},
+      {"http://10.8.0.1/", "n=v; domain=10.8.0.1", "http://10.8.0.1/", "n=v"},
+      {"http://[fe80::7]/", "n=v; domain=[fe80::7]", "http://[fe80::7]/", "n=v"},
+      {"http://[fe80::1.2.3.8]/", "n=v; domain=3.8]", "http://[fe80::1.2.3.8]/", ""},
+      {"http://c4.test", "n=v", "http://c4.test", "n=v"},
+      {"http://c5.test/", "n=v; expires=x", "http://c5.test/", "n=v"},
+      {"http://c6.test/", "n=v; max-age=60; expires=Mon, 15 Nov 1999 16:09:35 GMT",
+       "http://c6.test/", "n=v"},
   };
   for (const auto& c : cases) {
     Target by;
@@ -358,10 +413,34 @@ TEST(HttpDate, ReadsTheThreeFormsAndRefusesWhatIsNone) {
     EXPECT_TRUE(ParseHttpDate(text, seconds)) << text;
     EXPECT_EQ(seconds, 784111777) << text;
   }
-  for (const char* text : {"", "yesterday", "Sun, 06 Nov 1994", "32 Nov 1994 08:49:37",
-                           "06 Nov 1994 25:49:37", "06 Nov 1994 08:49"}) {
+  for (const char* text :
+       {"", "yesterday", "Sun, 06 Nov 1994", "32 Nov 1994 08:49:37", "0 Nov 1994 08:49:37",
+        "06 Nov 1600 08:49:37", "06 Now 1994 08:49:37", "06 Nov 1994 25:49:37",
+        "06 Nov 1994 08:60:37", "06 Nov 1994 08:49:61", "06 Nov 1994 08:49"}) {
     std::time_t seconds = 0;
     EXPECT_FALSE(ParseHttpDate(text, seconds)) << text;
+  }
+}
+
+// Requests with equal routes share connections, so every part of a route counts.
+TEST(Routes, AreEqualOnlyWhenEveryPartIs) {
+  const Route route = {true, "h.test", 443, 1, {INTERNET_OPEN_TYPE_PROXY, "p:1", "b"}, "u", "p"};
+  EXPECT_TRUE(route == Route(route));
+  const std::function<void(Route&)> changes[] = {
+      [](Route& each) { each.secure = false; },
+      [](Route& each) { each.host = "g.test"; },
+      [](Route& each) { each.port = 80; },
+      [](Route& each) { each.security_flags = 0; },
+      [](Route& each) { each.proxy.access_type = INTERNET_OPEN_TYPE_DIRECT; },
+      [](Route& each) { each.proxy.name = "q:1"; },
+      [](Route& each) { each.proxy.bypass = ""; },
+      [](Route& each) { each.proxy_user = "v"; },
+      [](Route& each) { each.proxy_password = ""; },
+  };
+  for (std::size_t i = 0; i < std::size(changes); ++i) {
+    Route other = route;
+    changes[i](other);
+    EXPECT_FALSE(route == other) << i;
   }
 }
 

@@ -44,6 +44,7 @@ TEST(Collation, OrdersByTheLocale) {
       {"\xA3\xA1", "1", -1, -1},  // a full-width exclamation mark
       {"z", "\xB0\xA1", -1, -1},
       {"A", "\xA3\xC1", -1, -1},
+      {"!", "\xA3\xA1", -1, -1},
       {"\xA3\xE1", "\xA3\xC1", -1, 0},
       {"\xA6\xC1", "\xA6\xA1", -1, 0},
       {"\xB0\xA1", "\xD6\xD0", -1, -1},
