@@ -1,31 +1,45 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Fuzzes with clang's libFuzzer, at the lowest priority. New inputs stay in build/fuzz/found/TARGET;
-# what breaks a property is kept as build/fuzz/found/TARGET-crash-...
-# Usage: fuzz.sh                    every target for ten seconds
-#        fuzz.sh TARGET [SECONDS]   one of fuzz/TARGET_fuzz.cpp
+# what breaks a property is kept as build/fuzz/found/TARGET-crash-... and fails the script, after the
+# other targets. The last line is the sum of build/fuzz/executions.tsv, to which every run adds.
+# Usage: fuzz.sh [--fast] [TARGET|all [SECONDS]]     all, 10
+# A target is one of fuzz/TARGET_fuzz.cpp. --fast leaves the sanitizers out and optimises: many
+# times the texts in the same time, of which only those that break a property or crash are seen.
 set -euo pipefail
 source "$(dirname "$0")/lib.sh"
 cd "$project"
 
-# fuzz_target TARGET SECONDS: prints how many texts were run.
+preset=fuzz
+if [ "${1:-}" = --fast ]; then preset=fuzz-fast && shift; fi
+target=${1:-all}
+seconds=${2:-10}
+tally=build/fuzz/executions.tsv
+status=0
+
+# fuzz_target TARGET: adds to the tally, and prints, how many texts were run.
 fuzz_target() {
-  local target=$1 found="build/fuzz/found/$1"
-  [ -x "build/fuzz/bin/${target}_fuzz" ] || die "no such target: $target"
+  local found="build/fuzz/found/$1" log="$logs/$preset-$1.log" count
+  [ -x "build/$preset/bin/$1_fuzz" ] || die "no such target: $1"
   mkdir -p "$found"
-  logged "fuzz-$target" nice -n 19 "build/fuzz/bin/${target}_fuzz" -max_total_time="$2" \
-    -print_final_stats=1 -artifact_prefix="$found-" "$found" "fuzz/corpus/$target"
-  printf '%-14s %s texts\n' "$target" \
-    "$(awk '/stat::number_of_executed_units/ { print $2 }' "$logs/fuzz-$target.log")"
+  logged "$preset-$1" nice -n 19 "build/$preset/bin/$1_fuzz" -max_total_time="$seconds" \
+    -print_final_stats=1 -artifact_prefix="$found-" "$found" "fuzz/corpus/$1" || status=1
+  count=$(awk '/stat::number_of_executed_units/ { print $2 }' "$log")
+  printf '%s\t%s\t%s\t%s\n' "$(date +%F)" "$preset" "$1" "${count:-0}" >>"$tally"
+  printf '   %-14s %s texts\n' "$1" "${count:-no}"
 }
 
-configure_preset fuzz
-if [ $# -gt 0 ]; then build_preset fuzz "$1_fuzz"; else build_preset fuzz fuzzers; fi
-if [ $# -gt 0 ]; then
-  fuzz_target "$1" "${2:-60}"
-else
-  for program in build/fuzz/bin/*_fuzz; do
+configure_preset "$preset"
+mkdir -p build/fuzz
+if [ "$target" = all ]; then
+  build_preset "$preset" fuzzers
+  for program in "build/$preset"/bin/*_fuzz; do
     name=${program##*/}
-    fuzz_target "${name%_fuzz}" 10
+    fuzz_target "${name%_fuzz}"
   done
+else
+  build_preset "$preset" "${target}_fuzz"
+  fuzz_target "$target"
 fi
+awk '{ sum += $4 } END { printf "%d texts in all\n", sum }' "$tally"
+exit "$status"
