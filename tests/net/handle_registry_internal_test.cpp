@@ -54,6 +54,15 @@ TEST(HandleRegistry, AHandleWithoutASessionIsOwnedButReportsToNobody) {
   registry.Add(Handle(1), kFirst, nullptr, nullptr);
   EXPECT_TRUE(registry.Owns(Handle(1), kFirst));
   EXPECT_EQ(registry.Find(Handle(1)), nullptr);
+  EXPECT_EQ(quarnfc::net::StatusCall(registry, Handle(1)).Session(), nullptr);
+}
+
+TEST(HandleRegistry, AHandleThatIsGoneGetsNoSession) {
+  HandleRegistry registry;
+  registry.Add(Handle(1), kFirst, nullptr, Session(10));
+  registry.Remove(Handle(1), kFirst);
+  registry.SetSession(Handle(1), Session(20));
+  EXPECT_EQ(registry.Find(Handle(1)), nullptr);
 }
 
 TEST(HandleRegistry, AHandleValueUsedAgainBelongsToItsNewOwnerOnly) {

@@ -181,6 +181,29 @@ class ConnectedFile : public CQNInternetFile {
       : CQNInternetFile(FakeUrlHandle(), "object", connection, 1) {}
 };
 
+TEST(ConnectionCopies, ASessionAssignedToItselfStaysOpen) {
+  CQNInternetSession session("agent");
+  const CQNInternetSession& same = session;
+  session = same;
+  EXPECT_EQ(TheFakeInternet().calls, (Texts{"open agent access 0 flags 0"}));
+}
+
+TEST(AdoptedConnections, AreHandlesOfHttpConnectionsOnly) {
+  CQNInternetSession session("agent", 5);
+  for (const DWORD type : {DWORD{0}, kFtpFileHandle}) {
+    TheFakeInternet().handle_type = type;
+    EXPECT_EQ(ThrownBy([&] { CQNHttpConnection(&session, FakeConnectionHandle(), "h", 5); }),
+              (Thrown{ERROR_INVALID_HANDLE, 5}))
+        << type;
+  }
+  TheFakeInternet().handle_type = INTERNET_HANDLE_TYPE_CONNECT_HTTP;
+  EXPECT_EQ(ThrownBy([&] { CQNHttpConnection(&session, HINTERNET{}, "h", 5); }),
+            (Thrown{ERROR_INVALID_HANDLE, 5}));
+  TheFakeInternet().calls.clear();
+  { const CQNHttpConnection connection(&session, FakeConnectionHandle(), "h", 5); }
+  EXPECT_EQ(TheFakeInternet().calls, Texts{"close 4321"});
+}
+
 TEST(ConnectedFiles, TakeTheContextOfTheirConnectionAndCloseTheirHandle) {
   CQNInternetSession session("agent");
   CQNInternetConnection connection(&session, "h.test", 80, 9);
