@@ -120,6 +120,43 @@ TEST_F(RequestTexts, OnlyTheCodingChunkedLeavesFramingToTheHost) {
   }
 }
 
+TEST_F(RequestTexts, HeadersThatAreNoneKeepARequestFromBeingSent) {
+  SetLastError(0);
+  EXPECT_EQ(HttpSendRequestA(Open({"GET", "/", nullptr, nullptr}), "none", 4, nullptr, 0), 0);
+  EXPECT_EQ(GetLastError(), ERROR_HTTP_INVALID_HEADER);
+  EXPECT_TRUE(network_->requests.empty());
+}
+
+TEST_F(RequestTexts, FirstBytesNeedBothABufferAndALength) {
+  char first[] = "first";
+  const struct {
+    void* buffer;
+    DWORD length;
+    const char* sent;
+  } cases[] = {{nullptr, 5, ""}, {first, 0, ""}, {first, 5, "first"}};
+  for (const auto& c : cases) {
+    INTERNET_BUFFERSA start = {};
+    start.dwStructSize = sizeof(start);
+    start.lpvBuffer = c.buffer;
+    start.dwBufferLength = c.length;
+    const HINTERNET request = Open({"PUT", "/", nullptr, nullptr});
+    EXPECT_EQ(HttpSendRequestExA(request, &start, nullptr, 0, 0), 1);
+    EXPECT_EQ(network_->requests.back().body, c.sent) << c.length;
+  }
+}
+
+TEST_F(RequestTexts, NothingIsReadAndWrittenWithoutABuffer) {
+  DWORD count = 7;
+  const HINTERNET request = Open({"PUT", "/", nullptr, nullptr});
+  EXPECT_EQ(HttpSendRequestExA(request, nullptr, nullptr, 0, 0), 1);
+  EXPECT_EQ(InternetWriteFile(request, nullptr, 0, &count), 1);
+  EXPECT_EQ(count, 0u);
+  EXPECT_EQ(HttpEndRequestA(request, nullptr, 0, 0), 1);
+  count = 7;
+  EXPECT_EQ(InternetReadFile(request, nullptr, 0, &count), 1);
+  EXPECT_EQ(count, 0u);
+}
+
 TEST_F(RequestTexts, ANumberWithoutABufferIsToldTheRoomItNeeds) {
   DWORD length = 4;
   EXPECT_EQ(InternetQueryOptionA(session_, INTERNET_OPTION_SEND_TIMEOUT, nullptr, &length), 0);

@@ -174,6 +174,44 @@ TEST_F(MemoryHttp, AnotherHostPortOrSchemeGetsNoAuthorizationOfTheHost) {
   }
 }
 
+TEST_F(MemoryHttp, ComingBackDoesNotBringTheAuthorizationBack) {
+  network_->answers = {Redirect("302 Found", "http://other.test/"),
+                       Redirect("302 Found", "http://h.test/x"), Ok("end")};
+  Open("GET")->SendRequest("Authorization: own");
+  EXPECT_EQ(network_->requests.size(), 3u);
+  EXPECT_EQ(network_->requests.back().Header("Authorization"), "(none)");
+}
+
+TEST_F(MemoryHttp, ASecureRequestFollowsToAnotherSecureOne) {
+  network_->answers = {Redirect("302 Found", "https://h.test/x"), Ok("end")};
+  const auto file = Open("GET", "/", INTERNET_FLAG_SECURE);
+  file->SendRequest();
+  EXPECT_EQ(ReadAll(*file), "end");
+}
+
+TEST_F(MemoryHttp, ChallengesWithoutCredentialsAreTheAnswer) {
+  network_->answers = {{{"HTTP/1.1 401 No", "WWW-Authenticate: Basic realm=x"}, "no"}};
+  connection_.reset(session_->GetHttpConnection("h.test", 0));
+  const std::unique_ptr<CQNHttpFile> file(connection_->OpenRequest("GET", "/"));
+  file->SendRequest();
+  EXPECT_EQ(ReadAll(*file), "no");
+  EXPECT_EQ(network_->requests.size(), 1u);
+}
+
+// A connection that breaks before its head leaves its error, whichever request it was.
+TEST_F(MemoryHttp, AConnectionThatBreaksLeavesItsError) {
+  const MemoryAnswer broken = {{}, "", 1, ERROR_INTERNET_CONNECTION_RESET};
+  const MemoryAnswer challenge = {{"HTTP/1.1 401 No", "WWW-Authenticate: Basic realm=x"}, "no"};
+  network_->answers = {broken};
+  EXPECT_EQ(ThrownBy([&] { Open("GET")->SendRequest(); }), (Thrown{12031, 5}));
+  network_->answers = {challenge, broken};
+  EXPECT_EQ(ThrownBy([&] { Open("GET")->SendRequest(); }), (Thrown{12031, 5}));
+  network_->answers = {broken};
+  const auto file = Open("PUT");
+  file->SendRequestEx(0);
+  EXPECT_EQ(ThrownBy([&] { file->EndRequest(); }), (Thrown{12031, 5}));
+}
+
 TEST_F(MemoryHttp, CredentialsAnswerABasicChallengeOnceAndStayWithTheirServer) {
   const MemoryAnswer challenge = {{"HTTP/1.1 401 No", "WWW-Authenticate: Basic realm=x"}, "no"};
   network_->answers = {challenge, Redirect("302 Found", "http://other.test/"), challenge};
