@@ -2,21 +2,26 @@
 # SPDX-License-Identifier: MIT
 """Breaks one comparison or constant of the library at a time and tells which the tests notice.
 
-Usage: mutation.py TREE BUILD [COUNT [SEED [FOLDER...]]]
-TREE is a copy of the project's tree that may be changed, BUILD its build folder. A change that does
-not compile is none. A test that fails, crashes or does not end notices the change. The exit code is
-1 when fewer than 95 % of the changes are noticed.
+Usage: mutation.py copy TREE
+       mutation.py TREE BUILD RESULTS [COUNT [SEED [FOLDER...]]]
+       mutation.py TREE BUILD RESULTS survivors
+The first brings a copy of the project's tree up to date, writing only what differs. TREE is that copy,
+which is changed, BUILD its build folder. RESULTS keeps what became of every change, so that the next
+run goes on where this one ends; "survivors" tries once more those that no test noticed. A change that
+does not compile is none, and neither is one of mutation_equal.txt. A test that fails, crashes or does
+not end notices the change. The exit code is 1 when fewer than 95 % of the changes are noticed.
 """
+import filecmp
 import random
 import re
+import shutil
 import subprocess
 import sys
+import time
+from dataclasses import dataclass
 from pathlib import Path
 
 FOLDERS = ("core", "json", "geo", "codec", "io")
-# The last notices what is lost, which the others do not without a sanitizer.
-PROGRAMS = ("quarnfc_tests", "quarnfc_internal_tests", "quarnfc_fuzz_tests",
-            "quarnfc_failing_memory_tests")
 # The fuzzers' functions that look at a folder.
 FUZZERS = {
     "core": "code_page|format|format_item|path_join|search|split|string_edit|string_record|utf|wildcard",
@@ -26,7 +31,10 @@ FUZZERS = {
     "io": "csv_row|date_time",
 }
 BAR = 95.0
-SECONDS = 300
+PROJECT = Path(__file__).resolve().parent.parent
+EQUAL = PROJECT / "scripts/mutation_equal.txt"
+# A test that takes so many times as long as before does not end.
+PATIENCE = 10
 
 COMPARISONS = {" < ": " <= ", " <= ": " < ", " > ": " >= ", " >= ": " > ", " == ": " != ",
                " != ": " == ", " && ": " || ", " || ": " && "}
@@ -47,86 +55,172 @@ def sites_of(line):
         yield match.start(), match.end(), str(int(match[0], 0) + 1)
 
 
-def all_sites(tree, folders):
+def copy_project(tree):
+    files = subprocess.run(["git", "ls-files", "-z"], cwd=PROJECT, capture_output=True, check=True)
+    for name in files.stdout.decode().rstrip("\0").split("\0"):
+        target = tree / name
+        if not target.exists() or not filecmp.cmp(PROJECT / name, target, shallow=False):
+            target.parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy(PROJECT / name, target)
+
+
+@dataclass(frozen=True)
+class Change:
+    folder: str
+    file: str
+    number: int  # of the line, from 0
+    start: int
+    end: int
+    replacement: str
+
+    def apply(self, text):
+        lines = text.splitlines(keepends=True)
+        line = lines[self.number]
+        lines[self.number] = line[: self.start] + self.replacement + line[self.end :]
+        return "".join(lines), lines[self.number].strip()
+
+
+def all_changes(tree, folders):
     for folder in folders:
         for file in sorted((tree / folder).rglob("*")):
             if file.suffix not in (".cpp", ".h") or "data" in file.stem:
                 continue
+            name = str(file.relative_to(tree))
             for number, line in enumerate(file.read_text().splitlines()):
                 for site in sites_of(line):
-                    yield folder, file, number, site
+                    yield Change(folder, name, number, *site)
 
 
-def filter_of(tree, folder):
-    """Every test of the folder's own."""
+def own_tests(tree, folder):
     names = set()
     for file in (tree / "tests" / folder).rglob("*_test.cpp"):
         names |= set(re.findall(r"^(?:TYPED_)?TEST(?:_[FP])?\((\w+),", file.read_text(), re.M))
-    tests = [f"{name}.*" for name in names] + [f"*/{name}*" for name in names]
-    tests.append("*/FailingMemory.*")
-    for target in FUZZERS[folder].split("|"):
-        tests += [f"*HoldsItsProperty/{target}", f"*EveryTextHoldsTheProperty/{target}_*"]
-    return ":".join(sorted(tests))
+    return ":".join(sorted([f"{name}.*" for name in names] + [f"*/{name}*" for name in names]))
 
 
-def build(folder):
-    command = ["ninja", "-C", str(folder), *PROGRAMS]
-    return subprocess.run(command, capture_output=True, check=False).returncode == 0
+class Tests:
+    """What looks at a folder, the quick first: a program is only linked when those before it have
+    noticed nothing. The last notices what is lost, which the others do not without a sanitizer."""
 
+    def __init__(self, build, tree, folder):
+        self.build = build
+        own = own_tests(tree, folder)
+        targets = FUZZERS[folder].split("|")
+        self.steps = [
+            ("quarnfc_tests", own),
+            ("quarnfc_internal_tests", own),
+            ("quarnfc_fuzz_tests", ":".join(f"*HoldsItsProperty/{each}" for each in targets)),
+            ("quarnfc_fuzz_tests", ":".join(f"*HoldsTheProperty/{each}_*" for each in targets)),
+            ("quarnfc_failing_memory_tests", "*/FailingMemory.*"),
+        ]
+        self.seconds = {}
 
-def is_noticed(folder, tests):
-    for program in PROGRAMS:
+    def make(self, program):
+        command = ["ninja", "-C", str(self.build), program]
+        return subprocess.run(command, capture_output=True, check=False).returncode == 0
+
+    def passes(self, program, tests, seconds=None):
         command = [f"bin/{program}", f"--gtest_filter={tests}", "--gtest_fail_fast", "--gtest_brief=1"]
         try:
-            result = subprocess.run(command, cwd=folder, capture_output=True, timeout=SECONDS,
-                                    check=False)
+            return subprocess.run(command, cwd=self.build, capture_output=True, timeout=seconds,
+                                  check=False).returncode == 0
         except subprocess.TimeoutExpired:
-            return True
-        if result.returncode != 0:
-            return True
-    return False
+            return False
+
+    def measure(self):
+        for program, tests in self.steps:
+            if not self.make(program) or not self.passes(program, tests):
+                sys.exit(f"{program} fails before anything is changed")
+            start = time.monotonic()
+            self.passes(program, tests)
+            self.seconds[program, tests] = 10 + PATIENCE * (time.monotonic() - start)
+
+    def verdict(self):
+        for index, (program, tests) in enumerate(self.steps):
+            if not self.make(program):
+                return "no change" if index == 0 else "noticed"
+            if not self.passes(program, tests, self.seconds[program, tests]):
+                return "noticed"
+        return "SURVIVED"
 
 
-def with_change(text, number, site):
-    start, end, replacement = site
-    lines = text.splitlines(keepends=True)
-    lines[number] = lines[number][:start] + replacement + lines[number][end:]
-    return "".join(lines), lines[number].strip()
+class Results:
+    """What became of the changes: a line of the file for each, the last one counts."""
+
+    def __init__(self, file):
+        self.file = file
+        self.known = {}
+        if file.exists():
+            for line in file.read_text().splitlines():
+                verdict, *key = line.split("\t")
+                self.known[tuple(key)] = verdict
+
+    @staticmethod
+    def key(change, line):
+        """Lines move, so it is their text that counts."""
+        return change.file, str(change.start), line
+
+    def add(self, key, verdict):
+        self.known[key] = verdict
+        with self.file.open("a") as file:
+            print(verdict, *key, sep="\t", file=file)
 
 
-def try_change(tree, folder, tests, place):
-    """The line as changed, and whether the tests notice; None for what does not compile."""
-    _, file, number, site = place
+def read_equal():
+    """{(file, the line as changed)}"""
+    entries = [line.split(" | ", 1) for line in EQUAL.read_text().splitlines() if line[:1] != "#"]
+    return {(file, rest.rsplit(" | ", 1)[0]) for file, rest in entries}
+
+
+def try_change(tree, change, tests):
+    file = tree / change.file
     text = file.read_text()
-    changed, line = with_change(text, number, site)
-    file.write_text(changed)
+    file.write_text(change.apply(text)[0])
     try:
-        noticed = is_noticed(folder, tests) if build(folder) else None
+        return tests.verdict()
     finally:
         file.write_text(text)
-    return f"{file.relative_to(tree)}:{number + 1}: {line}", noticed
+
+
+def try_changes(tree, build, results, changes, count, again):
+    """The changes, up to a count: what is known is not tried, unless survivors shall be."""
+    tests, survivors, tried, equal = {}, [], 0, read_equal()
+    for change in changes:
+        if tried == count:
+            break
+        line = change.apply((tree / change.file).read_text())[1]
+        if (change.file, line) in equal:
+            continue
+        key = results.key(change, line)
+        verdict = results.known.get(key)
+        if again and verdict != "SURVIVED":
+            continue
+        if again or verdict is None:
+            if change.folder not in tests:
+                tests[change.folder] = Tests(build, tree, change.folder)
+                tests[change.folder].measure()
+            verdict = try_change(tree, change, tests[change.folder])
+            results.add(key, verdict)
+            print(f"{verdict:9} {change.file}:{change.number + 1}: {line}", flush=True)
+        if verdict == "no change":
+            continue
+        tried += 1
+        if verdict == "SURVIVED":
+            survivors.append(f"{change.file}:{change.number + 1}: {line}")
+    return tried, survivors
 
 
 def main(arguments):
-    tree, folder = (Path(each).resolve() for each in arguments[:2])
-    count, seed = (int(each) for each in (arguments[2:4] + ["500", "1"][len(arguments[2:4]):]))
-    folders = arguments[4:] or FOLDERS
-    tests = {each: filter_of(tree, each) for each in folders}
-    if not build(folder) or any(is_noticed(folder, each) for each in tests.values()):
-        sys.exit("the tests fail before anything is changed")
-
-    places = list(all_sites(tree, folders))
-    random.Random(seed).shuffle(places)
-    tried, survivors = 0, []
-    for place in places:
-        if tried == count:
-            break
-        line, noticed = try_change(tree, folder, tests[place[0]], place)
-        if noticed is None:
-            continue
-        tried += 1
-        survivors += [] if noticed else [line]
-        print(f"{tried:4} {'noticed' if noticed else 'SURVIVED'}  {line}", flush=True)
+    if arguments[0] == "copy":
+        return copy_project(Path(arguments[1]))
+    tree, build, results = (Path(each).resolve() for each in arguments[:3])
+    rest = arguments[3:]
+    again = rest == ["survivors"]
+    count, seed = (int(each) for each in (["500", "1"] if again else rest[:2] + ["500", "1"][len(rest):]))
+    changes = list(all_changes(tree, rest[2:] or FOLDERS))
+    random.Random(seed).shuffle(changes)
+    tried, survivors = try_changes(tree, build, Results(results), changes,
+                                   -1 if again else count, again)
     share = 100.0 * (tried - len(survivors)) / max(tried, 1)
     print("\n".join(f"survived: {line}" for line in survivors))
     print(f"{share:.1f} % of {tried} changes are noticed (bar {BAR:.0f})")
@@ -134,6 +228,6 @@ def main(arguments):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) < 3:
+    if len(sys.argv) < 4 and sys.argv[1:2] != ["copy"]:
         sys.exit(__doc__)
     sys.exit(main(sys.argv[1:]))

@@ -53,6 +53,15 @@ TEST(ErrorHandle, ANullMessageIsTheEmptyOne) {
   qnCloseHandle(handle);
 }
 
+TEST(ErrorHandle, AnObjectThatWasNeverGivenAMessageHasTheEmptyOne) {
+  auto* object = new CQNObject;
+  const ErrorRead read = Read(reinterpret_cast<Handle>(object));
+  EXPECT_EQ(read.message, "");
+  EXPECT_EQ(read.wide, u"");
+  EXPECT_EQ(read.code, static_cast<unsigned>(object->GetErrorCode()));
+  qnCloseHandle(object);
+}
+
 TEST(ErrorHandle, ReadingGivesANewCopyEachTime) {
   const Handle handle = CreateError(CQNObject::eErrNotFound, "gone");
   char* first = qnGetErrorA(handle, nullptr);
