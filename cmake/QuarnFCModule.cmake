@@ -27,6 +27,19 @@ function(quarnfc_module target)
       quarnfc_link_runtime(${target})
       target_link_options(${target} PRIVATE /DYNAMICBASE /HIGHENTROPYVA /NXCOMPAT /guard:cf /Brepro
                           /pdbaltpath:%_PDB%)
+      if(QUARNFC_MSVC_ABI)
+        # Its linker writes no module-definition file.
+        add_custom_command(
+          TARGET ${target}
+          POST_BUILD
+          COMMAND
+            ${CMAKE_COMMAND} -D "READOBJ=${QUARNFC_LLVM_DIR}/bin/llvm-readobj" -D
+            "LIBRARY=$<TARGET_LINKER_FILE:${target}>" -D
+            "DEF=$<TARGET_FILE_DIR:${target}>/QuarnFC.def" -P
+            "${PROJECT_SOURCE_DIR}/cmake/QuarnFCWriteDef.cmake"
+          COMMENT "Writing QuarnFC.def"
+          VERBATIM)
+      endif()
     else()
       target_link_options(
         ${target}
