@@ -52,9 +52,26 @@ Integer Cut(double number) {
   return cut;
 }
 
+// A class without operators of its own takes those of the program.
+template <class Class>
+concept OwnNew = requires(std::size_t size) {
+  Class::operator new(size);
+};
+
+template <class Class>
+concept OwnNewThatDoesNotThrow = requires(std::size_t size) {
+  { Class::operator new(size, std::nothrow) }
+  noexcept;
+};
+
+template <class... Classes>
+constexpr bool AllHaveNewThatDoesNotThrow = ((!OwnNew<Classes> ||
+                                              OwnNewThatDoesNotThrow<Classes>)&&...);
+
 }  // namespace
 
 TEST(HostTraps, IntegersOfEveryTypeAreNumbers) {
+  ExpectLimits<char>();
   ExpectLimits<signed char>();
   ExpectLimits<unsigned char>();
   ExpectLimits<short>();
@@ -115,6 +132,14 @@ TEST(HostTraps, TextsThatMayBeWrittenToAreTexts) {
 }
 
 TEST(HostTraps, NewThatDoesNotThrowMakesEveryClass) {
+  static_assert(OwnNew<CMyJsonObj> && OwnNew<CQNInternetFile> && !OwnNew<CQNString>);
+  static_assert(
+      AllHaveNewThatDoesNotThrow<
+          CMyJsonObj, CMyJsonValue, CQNCollection, CQNCRC64Stream, CQNCSVFileReader, CQNFixedAlloc,
+          CQNGeoCoordinateSystem, CQNHMACSHA256Stream, CQNHttpConnection, CQNHttpFile,
+          CQNInternetConnection, CQNInternetException, CQNInternetFile, CQNInternetSession,
+          CQNMD5Stream, CQNObject, CQNObjectCollection, CQNPackedMD5Stream, CQNProCoordinateSystem,
+          CQNSHA256Stream, CQNString, CQNStringCollection, CQNTempBuffer>);
   std::unique_ptr<CMyJsonValue> value(new (std::nothrow) CMyJsonValue(1));
   std::unique_ptr<CMyJsonObj> object(new (std::nothrow) CMyJsonObj);
   std::unique_ptr<CQNObject> root(new (std::nothrow) CQNObject);
