@@ -42,9 +42,6 @@ if(runtime_files)
   install(FILES /usr/share/doc/gcc-mingw-w64-x86-64-posix-runtime/copyright
           DESTINATION "${QUARNFC_INSTALL_LICENCEDIR}" RENAME gcc-copyright.txt COMPONENT runtime
           OPTIONAL)
-  install(FILES /usr/share/doc/mingw-w64-x86-64-dev/copyright
-          DESTINATION "${QUARNFC_INSTALL_LICENCEDIR}" RENAME mingw-w64-copyright.txt
-          COMPONENT runtime OPTIONAL)
   install(FILES /usr/share/common-licenses/GPL-3 DESTINATION "${QUARNFC_INSTALL_LICENCEDIR}"
           COMPONENT runtime OPTIONAL)
 endif()
@@ -55,6 +52,11 @@ if(QUARNFC_MSVC_ABI)
           DESTINATION "${QUARNFC_INSTALL_LICENCEDIR}" COMPONENT runtime)
   install(FILES /usr/share/doc/libc++-19-dev/copyright
           DESTINATION "${QUARNFC_INSTALL_LICENCEDIR}" RENAME libcxx-copyright.txt
+          COMPONENT runtime OPTIONAL)
+endif()
+if(runtime_files OR QUARNFC_MSVC_ABI)
+  install(FILES /usr/share/doc/mingw-w64-x86-64-dev/copyright
+          DESTINATION "${QUARNFC_INSTALL_LICENCEDIR}" RENAME mingw-w64-copyright.txt
           COMPONENT runtime OPTIONAL)
 endif()
 

@@ -26,8 +26,9 @@ licence_of() {
   case $1 in
     */libstdc++-6.dll | */libgcc_s_seh-1.dll) echo 'GPL-3.0-or-later WITH GCC-exception-3.1' ;;
     */libwinpthread-1.dll) echo 'MIT AND BSD-3-Clause' ;;
-    *-msvc*/bin/*.dll | *-msvc*/bin/*.exe) echo 'MIT AND Apache-2.0 WITH LLVM-exception' ;;
-    */qn.exe) echo 'MIT AND Zlib' ;;
+    *-msvc*/bin/*.dll | *-msvc*/bin/*.exe) echo 'MIT AND Apache-2.0 WITH LLVM-exception AND ZPL-2.1' ;;
+    */qn.exe) echo 'MIT AND Zlib AND ZPL-2.1' ;;
+    *-mingw*/bin/*.dll) echo 'MIT AND ZPL-2.1' ;;
     */GPL-3 | */gcc-copyright.txt | */mingw-w64-copyright.txt | */libcxx-copyright.txt) echo NOASSERTION ;;
     *) echo MIT ;;
   esac
