@@ -91,7 +91,17 @@ endif()
 configure_file("${PROJECT_SOURCE_DIR}/cmake/quarnfc.pc.in" "${PROJECT_BINARY_DIR}/quarnfc.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/quarnfc.pc" DESTINATION "${pkgconfig_dir}" COMPONENT devel)
 
-# Debug information stands beside the binary it belongs to.
+# Debug information stands beside the binary it belongs to; in the system's own folders it has a place
+# of its own, where gdb looks as well.
+function(quarnfc_install_debug target folder)
+  install(CODE "
+    set(place \"\${CMAKE_INSTALL_PREFIX}/${folder}\")
+    if(CMAKE_INSTALL_PREFIX STREQUAL \"/usr\")
+      string(PREPEND place /usr/lib/debug)
+    endif()
+    file(INSTALL DESTINATION \"\${place}\" TYPE FILE FILES \"$<TARGET_FILE:${target}>.debug\")"
+          COMPONENT debug)
+endfunction()
 if(MSVC)
   install(FILES "$<TARGET_PDB_FILE:QuarnFC>" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT debug
           OPTIONAL)
@@ -104,9 +114,9 @@ elseif(QUARNFC_SPLIT_DEBUG)
   if(WIN32)
     set(module_dir "${CMAKE_INSTALL_BINDIR}")
   endif()
-  install(FILES "$<TARGET_FILE:QuarnFC>.debug" DESTINATION "${module_dir}" COMPONENT debug)
+  quarnfc_install_debug(QuarnFC "${module_dir}")
   if(TARGET qn)
-    install(FILES "$<TARGET_FILE:qn>.debug" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT debug)
+    quarnfc_install_debug(qn "${CMAKE_INSTALL_BINDIR}")
   endif()
 endif()
 
@@ -120,17 +130,20 @@ elseif(WIN32)
   install(FILES "${printers}" DESTINATION "${CMAKE_INSTALL_BINDIR}"
           RENAME QuarnFC.dll-gdb.py COMPONENT devel)
 else()
-  set(name "libQuarnFC.so.${PROJECT_VERSION}-gdb.py")
-  install(FILES "${printers}" DESTINATION "${CMAKE_INSTALL_LIBDIR}" RENAME "${name}"
-          COMPONENT devel)
-  # In the system's own folders gdb trusts this place alone.
+  # For the system's own folders gdb trusts another place alone, where it does not look if it has found
+  # one beside the library.
   install(CODE "
+    set(place \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}\")
     if(CMAKE_INSTALL_PREFIX STREQUAL \"/usr\")
-      file(INSTALL DESTINATION \"/usr/share/gdb/auto-load/usr/${CMAKE_INSTALL_LIBDIR}\"
-           TYPE FILE RENAME \"${name}\" FILES \"${printers}\")
-    endif()" COMPONENT devel)
+      string(PREPEND place /usr/share/gdb/auto-load)
+    endif()
+    file(INSTALL DESTINATION \"\${place}\" TYPE FILE
+         RENAME \"libQuarnFC.so.${PROJECT_VERSION}-gdb.py\" FILES \"${printers}\")"
+          COMPONENT devel)
   install(PROGRAMS "${PROJECT_SOURCE_DIR}/tools/debug/quarnfc-resolve.sh"
           DESTINATION "${CMAKE_INSTALL_BINDIR}" RENAME quarnfc-resolve COMPONENT debug)
+  install(FILES "${PROJECT_SOURCE_DIR}/tools/debug/quarnfc-resolve.1"
+          DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT debug)
 endif()
 
 if(TARGET qn)

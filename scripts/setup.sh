@@ -27,6 +27,8 @@ if [ "${1:-}" = --checks ]; then
     # What reads the sources; the run-time of the fuzzers; the benchmarks and their peers.
     clang-format clang-tidy shellcheck pmccabe valgrind libclang-rt-14-dev gcovr
     libbenchmark-dev rapidjson-dev nlohmann-json3-dev
+    # What Debian says about packages.
+    lintian
     # The build with the Microsoft C++ ABI; its sources of libc++ are unpacked.
     clang-19 clang-tools-19 lld-19 llvm-19 libc++-19-dev xz-utils
   )

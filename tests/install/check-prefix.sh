@@ -55,11 +55,15 @@ check_documentation() {
   echo "ok: links of the documentation"
 }
 
-# What man and bash read of the host program is there and belongs to it.
+# The host program starts, and what man and bash read of it is there and belongs to it.
 check_tool() {
-  [ "$target" = linux ] || return 0
   local qn="$prefix/bin/qn"
-  quiet diff <("$qn" help --man) "$prefix/share/man/man1/qn.1"
+  if [ "$target" != linux ]; then
+    quiet "$source/scripts/run-wine.sh" "$qn.exe" --version
+    echo "ok: qn"
+    return
+  fi
+  quiet diff <("$qn" help --man) <(zcat -f "$prefix"/share/man/man1/qn.1*)
   quiet diff <("$qn" help --bash-completion) "$prefix/share/bash-completion/completions/qn"
   echo "ok: manual page and completion of qn"
 }

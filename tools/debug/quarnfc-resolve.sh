@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Prints the call stack of a crash record (Linux) with functions, files and lines, as far as there is
-# debug information: in MODULE.debug beside a module, or in the module itself.
+# debug information: in MODULE.debug beside a module or below /usr/lib/debug, or in the module itself.
 # Usage: quarnfc-resolve RECORD.dmp [FOLDER]
 # With FOLDER modules are looked for there instead of where the record says they were.
 set -euo pipefail
@@ -22,12 +22,14 @@ address_of() {
 
 # resolve MODULE SYMBOL OFFSET: the frame in words; fails without the module or its symbols.
 resolve() {
-  local module=$1 symbols address
+  local module=$1 symbols address place
   [ -z "$folder" ] || module=$folder/${1##*/}
   module=$(readlink -f "$module") && [ -f "$module" ] || return 1
   address=$(address_of "$module" "$2" "$3") || return 1
   symbols=$module
-  [ ! -f "$module.debug" ] || symbols=$module.debug
+  for place in "/usr/lib/debug$module.debug" "$module.debug"; do
+    [ ! -f "$place" ] || symbols=$place
+  done
   addr2line -C -f -i -p -e "$symbols" "$address"
 }
 
