@@ -6,8 +6,8 @@
 
 namespace quarnfc::internet {
 
-// Loads libcurl unless it is loaded; until that succeeds, none of its functions may be called. False
-// when it is not installed or too old; a later call looks again. For any thread.
+// Loads libcurl unless it is loaded; until that succeeds, none of its functions may be called.
+// False when it is not installed or too old; a later call looks again. For any thread.
 bool LoadCurl();
 
 }  // namespace quarnfc::internet
