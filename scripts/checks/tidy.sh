@@ -7,11 +7,13 @@ set -euo pipefail
 source "$(dirname "$0")/../lib.sh"
 cd "$project"
 
-# configure PRESET: the compile commands of a preset in build/tidy-PRESET, without the precompiled
-# headers and the options that clang does not know.
+# configure PRESET: the compile commands of a preset in build/tidy-PRESET, one for each source, without
+# the precompiled headers and the options that clang does not know.
 configure() {
-  configure_preset "$1" -B "build/tidy-$1" -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON -DQUARNFC_BUILD_BENCH=OFF
-  sed -i 's/ -fno-keep-inline-dllexport//; s/ -femit-class-debug-always//; s/ --param=min-pagesize=0//' "build/tidy-$1/compile_commands.json"
+  configure_preset "$1" -B "build/tidy-$1" -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON \
+    -DQUARNFC_JOIN_TESTS=OFF -DQUARNFC_BUILD_BENCH=OFF
+  sed -i 's/ -fno-keep-inline-dllexport//; s/ -femit-class-debug-always//' \
+    "build/tidy-$1/compile_commands.json"
 }
 
 # sources PRESET: what the project itself compiles in it, but for the hosts that are compiled for the
