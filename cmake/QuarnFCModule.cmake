@@ -14,6 +14,10 @@ function(quarnfc_module target)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
       # The test program that is linked from the same objects uses their ordinary code.
       target_compile_options(quarnfc_objects PRIVATE -ffat-lto-objects)
+      if(WIN32)
+        # Between several partitions a part split off an exported function is global, and exported too.
+        target_link_options(${target} PRIVATE -flto-partition=one)
+      endif()
     endif()
   endif()
 
