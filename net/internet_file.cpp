@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <quarnfc/internet_file.h>
 
+#include <new>
+
 #include "net/file_values.h"
 #include "net/handle_registry.h"
 #include "net/internet_error.h"
@@ -48,10 +50,12 @@ CQNInternetFile::~CQNInternetFile() {
   try {
     CQNInternetFile::Close();
   } catch (CQNInternetException* error) {
-    // The bytes held for writing are lost; the handle is not.
     delete error;
-    quarnfc::net::CloseRegisteredHandle(handle_, this);
+  } catch (const std::bad_alloc&) {
+    // There was not even memory for the exception.
   }
+  // The bytes held for writing may be lost; the handle is not.
+  quarnfc::net::CloseRegisteredHandle(handle_, this);
   ReleaseBuffers();
 }
 

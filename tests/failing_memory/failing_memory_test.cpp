@@ -58,7 +58,7 @@ constexpr Family kFamilies[] = {
     {"JsonValues", JsonValueScenarios},  {"JsonObjects", JsonObjectScenarios},
     {"JsonFiles", JsonFileScenarios},    {"Geodesy", GeoScenarios},
     {"Codecs", CodecScenarios},          {"Csv", CsvScenarios},
-    {"CInterface", CInterfaceScenarios},
+    {"CInterface", CInterfaceScenarios}, {"Http", HttpScenarios},
 };
 
 class FailingMemory : public testing::TestWithParam<Family> {};

@@ -140,6 +140,7 @@ Scenarios GeoScenarios();
 Scenarios CodecScenarios();
 Scenarios CsvScenarios();
 Scenarios CInterfaceScenarios();
+Scenarios HttpScenarios();  // empty where the platform has its own internet functions
 
 }  // namespace failing
 

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <iterator>
 #include <memory>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,6 +17,7 @@
 #include "platform/posix/internet/curl_certificates.h"
 #include "platform/posix/internet/curl_errors.h"
 #include "platform/posix/internet/curl_exchange.h"
+#include "tests/failing_memory/door.h"
 #include "tests/net/failing_curl.h"
 #include "tests/net/scripted_server.h"
 
@@ -212,6 +214,50 @@ TEST_F(Curl, ALineThatIsUsedAgainSendsWhatANewOneSends) {
   }
   // A line for every new pool, and one for all requests of the other.
   EXPECT_EQ(failing_curl::Calls("curl_easy_init"), static_cast<int>(std::size(requests)) + 1);
+}
+
+// What a whole exchange ends with; without memory where no error can be handed back.
+DWORD Fetch(const std::shared_ptr<CurlPool>& pool, const OutgoingHead& head, std::string& body) {
+  try {
+    CurlExchange exchange(pool);
+    DWORD error = exchange.SendHead(
+        head, [] {}, [] {});
+    std::vector<std::string> lines;
+    if (error == 0) error = exchange.ReceiveHead(lines);
+    char bytes[100];
+    std::size_t count = 1;
+    while (error == 0 && count != 0) {
+      error = exchange.PullBody(bytes, sizeof(bytes), count);
+      body.append(bytes, count);
+    }
+    return error;
+  } catch (const std::bad_alloc&) {
+    return ERROR_NOT_ENOUGH_MEMORY;
+  }
+}
+
+TEST_F(Curl, MemoryThatRunsOutEndsAnExchangeWithItsErrorAndNoOther) {
+  const std::string whole(300, 'x');
+  ScriptedServer server(HttpResponse(whole, "X-Header: with a value of some length\r\n"));
+  OutgoingHead head = Get(server.Port());
+  head.headers = {"X-Header: with a value of some length"};
+  for (const failing::Refusal refusal : {failing::Refusal::kOnce, failing::Refusal::kEver}) {
+    for (int n = 1;; ++n) {
+      ASSERT_LT(n, 100);
+      std::string body;
+      body.reserve(1000);
+      failing::CloseDoor(n, refusal);
+      const DWORD error = Fetch(pool_, head, body);
+      failing::OpenDoor();
+      const bool refused = failing::RefusedCount() > 0;
+      EXPECT_EQ(error, refused ? ERROR_NOT_ENOUGH_MEMORY : 0) << n;
+      if (!refused) {
+        EXPECT_EQ(body, whole);
+        EXPECT_GT(n, 3);
+        break;
+      }
+    }
+  }
 }
 
 TEST_F(Curl, AnIPv6AddressNeedsNoBrackets) {

@@ -11,6 +11,7 @@
 namespace {
 
 using quarnfc::internet::Answer;
+using quarnfc::internet::Answering;
 using quarnfc::internet::CookieOrigin;
 using quarnfc::internet::ParseTarget;
 using quarnfc::internet::Target;
@@ -19,24 +20,28 @@ using quarnfc::internet::TheCookies;
 }  // namespace
 
 int InternetSetCookieA(const char* url, const char* name, const char* data) {
-  Target target;
-  if (data == nullptr) return Answer(ERROR_INVALID_PARAMETER);
-  if (const DWORD error = ParseTarget(url, target)) return Answer(error);
-  const std::string text = name != nullptr ? std::string(name) + "=" + data : data;
-  const bool set = TheCookies().Set(target, text, CookieOrigin::kHost);
-  return Answer(set ? 0 : ERROR_INVALID_PARAMETER);
+  return Answering(0, [&] {
+    Target target;
+    if (data == nullptr) return Answer(ERROR_INVALID_PARAMETER);
+    if (const DWORD error = ParseTarget(url, target)) return Answer(error);
+    const std::string text = name != nullptr ? std::string(name) + "=" + data : data;
+    const bool set = TheCookies().Set(target, text, CookieOrigin::kHost);
+    return Answer(set ? 0 : ERROR_INVALID_PARAMETER);
+  });
 }
 
 int InternetGetCookieA(const char* url, const char* /*name*/, char* data, DWORD* length) {
-  Target target;
-  if (length == nullptr) return Answer(ERROR_INVALID_PARAMETER);
-  if (const DWORD error = ParseTarget(url, target)) return Answer(error);
-  const std::string text = TheCookies().TextFor(target);
-  if (text.empty()) return Answer(ERROR_NO_MORE_ITEMS);
-  const DWORD capacity = *length;
-  *length = static_cast<DWORD>(text.size() + 1);
-  if (data == nullptr) return 1;
-  if (capacity < *length) return Answer(ERROR_INSUFFICIENT_BUFFER);
-  std::memcpy(data, text.c_str(), text.size() + 1);
-  return 1;
+  return Answering(0, [&] {
+    Target target;
+    if (length == nullptr) return Answer(ERROR_INVALID_PARAMETER);
+    if (const DWORD error = ParseTarget(url, target)) return Answer(error);
+    const std::string text = TheCookies().TextFor(target);
+    if (text.empty()) return Answer(ERROR_NO_MORE_ITEMS);
+    const DWORD capacity = *length;
+    *length = static_cast<DWORD>(text.size() + 1);
+    if (data == nullptr) return 1;
+    if (capacity < *length) return Answer(ERROR_INSUFFICIENT_BUFFER);
+    std::memcpy(data, text.c_str(), text.size() + 1);
+    return 1;
+  });
 }

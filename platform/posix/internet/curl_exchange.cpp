@@ -7,7 +7,7 @@
 #include <chrono>
 #include <climits>
 #include <cstring>
-#include <string_view>
+#include <new>
 
 #include "platform/posix/internet/curl_errors.h"
 #include "platform/posix/internet/curl_signals.h"
@@ -47,6 +47,10 @@ CurlExchange::~CurlExchange() {
   } else {
     line_.reset();
   }
+}
+
+DWORD CurlExchange::Failure() const {
+  return out_of_memory_ ? ERROR_NOT_ENOUGH_MEMORY : ErrorOf(line_->easy.get(), result_);
 }
 
 // Runs libcurl as far as it goes without waiting.
@@ -125,7 +129,7 @@ DWORD CurlExchange::SendHead(const OutgoingHead& head, const Progress& connectin
   });
   if (error != 0) return error;
   // A quick server may have answered and broken off by now: what it has sent counts.
-  if (done_ && !head_complete_ && result_ != CURLE_OK) return ErrorOf(line_->easy.get(), result_);
+  if (done_ && !head_complete_ && result_ != CURLE_OK) return Failure();
   if (reported) connected();
   return 0;
 }
@@ -146,7 +150,7 @@ DWORD CurlExchange::PushPlain(const char* data, std::size_t size) {
   upload_ = nullptr;
   upload_left_ = 0;
   if (error != 0) return error;
-  return done_ && !head_complete_ ? ErrorOf(line_->easy.get(), result_) : 0;
+  return done_ && !head_complete_ ? Failure() : 0;
 }
 
 DWORD CurlExchange::ReceiveHead(std::vector<std::string>& lines) {
@@ -155,7 +159,7 @@ DWORD CurlExchange::ReceiveHead(std::vector<std::string>& lines) {
   const DWORD error = RunUntil(receive_timeout_, First::kWait, [this] { return head_complete_; });
   if (error != 0) return error;
   if (!head_complete_) {
-    const DWORD failure = ErrorOf(line_->easy.get(), result_);
+    const DWORD failure = Failure();
     return failure != 0 ? failure : ERROR_HTTP_INVALID_SERVER_RESPONSE;
   }
   lines = std::move(head_);
@@ -172,7 +176,7 @@ DWORD CurlExchange::PullBody(char* buffer, std::size_t capacity, std::size_t& co
   if (done_) {
     // A body that breaks off ends there.
     const bool broke_off = result_ == CURLE_PARTIAL_FILE;
-    return broke_off ? 0 : ErrorOf(line_->easy.get(), result_);
+    return broke_off ? 0 : Failure();
   }
   spilled_.clear();
   spilled_used_ = 0;
@@ -185,27 +189,46 @@ DWORD CurlExchange::PullBody(char* buffer, std::size_t capacity, std::size_t& co
   count = lent_used_;
   lent_used_ = 0;
   if (count != 0) return 0;
-  return error != 0 || result_ == CURLE_PARTIAL_FILE ? error : ErrorOf(line_->easy.get(), result_);
+  return error != 0 || result_ == CURLE_PARTIAL_FILE ? error : Failure();
 }
 
 // --- what libcurl calls -----------------------------------------------------------------------
 
 size_t CurlExchange::OnHeader(char* data, size_t size, size_t count, void* self) {
   auto& exchange = *static_cast<CurlExchange*>(self);
-  const std::size_t length = size * count;
-  ++exchange.activity_;
-  if (exchange.head_complete_) return length;  // a trailer
-  exchange.head_size_ += length;
-  if (exchange.head_size_ > kLargestHead) return 0;
-  std::string_view line(data, length);
+  return exchange.Taking([&] { return exchange.TakeHeader({data, size * count}); });
+}
+
+size_t CurlExchange::OnBody(char* data, size_t size, size_t count, void* self) {
+  auto& exchange = *static_cast<CurlExchange*>(self);
+  return exchange.Taking([&] { return exchange.TakeBody(data, size * count); });
+}
+
+// No exception passes through libcurl: nothing is taken, which ends the transfer.
+template <class Take>
+std::size_t CurlExchange::Taking(const Take& take) {
+  try {
+    return take();
+  } catch (const std::bad_alloc&) {
+    out_of_memory_ = true;
+    return 0;
+  }
+}
+
+std::size_t CurlExchange::TakeHeader(std::string_view line) {
+  const std::size_t length = line.size();
+  ++activity_;
+  if (head_complete_) return length;  // a trailer
+  head_size_ += length;
+  if (head_size_ > kLargestHead) return 0;
   while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) line.remove_suffix(1);
   if (!line.empty()) {
-    if (exchange.head_.empty()) exchange.head_.reserve(kUsualLines);
-    exchange.head_.emplace_back(line);
-  } else if (!exchange.head_.empty() && IsInterim(exchange.head_[0])) {
-    exchange.head_.clear();
+    if (head_.empty()) head_.reserve(kUsualLines);
+    head_.emplace_back(line);
+  } else if (!head_.empty() && IsInterim(head_[0])) {
+    head_.clear();
   } else {
-    exchange.head_complete_ = true;
+    head_complete_ = true;
   }
   return length;
 }
@@ -213,21 +236,18 @@ size_t CurlExchange::OnHeader(char* data, size_t size, size_t count, void* self)
 // The buffer of the host takes what it can; the rest of a piece waits for the next call. Without a
 // buffer, one piece waits here, so that a short response is whole when its head is; libcurl holds
 // back what follows.
-size_t CurlExchange::OnBody(char* data, size_t size, size_t count, void* self) {
-  auto& exchange = *static_cast<CurlExchange*>(self);
-  const std::size_t length = size * count;
-  const std::size_t room =
-      exchange.lent_ != nullptr ? exchange.lent_size_ - exchange.lent_used_ : 0;
-  const bool has_room = exchange.lent_ != nullptr ? room != 0 : exchange.spilled_.empty();
+std::size_t CurlExchange::TakeBody(const char* data, std::size_t length) {
+  const std::size_t room = lent_ != nullptr ? lent_size_ - lent_used_ : 0;
+  const bool has_room = lent_ != nullptr ? room != 0 : spilled_.empty();
   if (!has_room) {
-    exchange.body_paused_ = true;
+    body_paused_ = true;
     return CURL_WRITEFUNC_PAUSE;
   }
-  ++exchange.activity_;
+  ++activity_;
   const std::size_t taken = std::min(room, length);
-  if (taken > 0) std::memcpy(exchange.lent_ + exchange.lent_used_, data, taken);
-  exchange.lent_used_ += taken;
-  exchange.spilled_.append(data + taken, length - taken);
+  spilled_.append(data + taken, length - taken);
+  if (taken > 0) std::memcpy(lent_ + lent_used_, data, taken);
+  lent_used_ += taken;
   return length;
 }
 

@@ -8,6 +8,7 @@
 #include <atomic>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/posix/internet/chunk_reader.h"
@@ -52,6 +53,13 @@ class CurlExchange : public Exchange {
   void Advance();
   void Resume();
 
+  DWORD Failure() const;  // what the transfer ended with
+
+  template <class Take>
+  std::size_t Taking(const Take& take);
+  std::size_t TakeHeader(std::string_view line);
+  std::size_t TakeBody(const char* data, std::size_t length);
+
   static size_t OnHeader(char* data, size_t size, size_t count, void* self);
   static size_t OnBody(char* data, size_t size, size_t count, void* self);
   static size_t OnUpload(char* data, size_t size, size_t count, void* self);
@@ -69,6 +77,7 @@ class CurlExchange : public Exchange {
   bool added_ = false;
   bool done_ = false;
   CURLcode result_ = CURLE_OK;
+  bool out_of_memory_ = false;
   unsigned __int64 activity_ = 0;  // counts what happens, for the time-outs
   bool new_socket_ = false;
   bool connected_ = false;

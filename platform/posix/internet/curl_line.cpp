@@ -22,6 +22,7 @@ std::unique_ptr<CurlLine> CurlPool::Take(const Route& route) {
 
 std::unique_ptr<CurlLine> CurlPool::TakeIdle(const Route& route) {
   const std::lock_guard lock(mutex_);
+  idle_.reserve(kMostIdle);  // giving back, which must not fail, takes no memory
   const auto found = std::find_if(idle_.rbegin(), idle_.rend(),
                                   [&](const auto& line) { return line->route == route; });
   if (found == idle_.rend()) return nullptr;

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/posix/internet/handle.h"
 
-#include <algorithm>
 #include <cstdint>
-#include <map>
 #include <mutex>
 #include <utility>
 
@@ -26,16 +24,12 @@ class HandleTable {
     return entry == handles_.end() ? nullptr : entry->second;
   }
 
-  std::vector<std::shared_ptr<Handle>> Remove(const Handle& handle) {
+  Handles Remove(const Handle& handle) {
     const std::lock_guard lock(mutex_);
-    std::vector<std::shared_ptr<Handle>> removed;
-    for (const auto& entry : handles_) {
-      if (IsBelow(entry.second.get(), &handle)) removed.push_back(entry.second);
-    }
-    // What is below has the greater number.
-    std::reverse(removed.begin(), removed.end());
-    for (const auto& gone : removed) {
-      handles_.erase(reinterpret_cast<std::uintptr_t>(gone->number));
+    Handles removed;
+    for (auto entry = handles_.begin(); entry != handles_.end();) {
+      const auto current = entry++;
+      if (IsBelow(current->second.get(), &handle)) removed.insert(handles_.extract(current));
     }
     return removed;
   }
@@ -48,7 +42,7 @@ class HandleTable {
 
   std::mutex mutex_;
   std::uintptr_t last_number_ = 0x00CC0000;
-  std::map<std::uintptr_t, std::shared_ptr<Handle>> handles_;
+  Handles handles_;
 };
 
 // Never destroyed: hosts may close handles while the process ends.
@@ -93,7 +87,7 @@ std::shared_ptr<Handle> FindHandle(HINTERNET number) {
   return handle;
 }
 
-std::vector<std::shared_ptr<Handle>> Remove(const Handle& handle) { return Table().Remove(handle); }
+Handles Remove(const Handle& handle) { return Table().Remove(handle); }
 
 int Answer(DWORD error) {
   if (error == 0) return 1;

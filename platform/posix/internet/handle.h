@@ -6,9 +6,11 @@
 #include <quarnfc/internet_api.h>
 
 #include <atomic>
+#include <cstdint>
+#include <map>
 #include <memory>
+#include <new>
 #include <string>
-#include <vector>
 
 #include "platform/posix/internet/transport.h"
 
@@ -93,11 +95,27 @@ std::shared_ptr<Kind> Find(HINTERNET number) {
   return std::static_pointer_cast<Kind>(std::move(handle));
 }
 
-// Takes a handle and those below it out of the table, the lowest first.
-std::vector<std::shared_ptr<Handle>> Remove(const Handle& handle);
+// Handles by their numbers: what is below another has the greater one.
+using Handles = std::map<std::uintptr_t, std::shared_ptr<Handle>>;
+
+// Takes a handle and those below it out of the table. Closing must not fail: it takes no memory.
+Handles Remove(const Handle& handle);
 
 // 1 when error is 0; otherwise it becomes the last error and the result is 0.
 int Answer(DWORD error);
+
+// The result of work; failed, and the last error 8, when memory is exhausted: functions that have
+// to do with handles throw nothing, as on Windows. Those that only look at URLs throw
+// std::bad_alloc.
+template <class Result, class Work>
+Result Answering(Result failed, const Work& work) {
+  try {
+    return work();
+  } catch (const std::bad_alloc&) {
+    SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+    return failed;
+  }
+}
 
 }  // namespace quarnfc::internet
 

@@ -9,6 +9,7 @@
 namespace {
 
 using quarnfc::internet::Answer;
+using quarnfc::internet::Answering;
 using quarnfc::internet::FindHandle;
 using quarnfc::internet::Handle;
 using quarnfc::internet::Request;
@@ -98,15 +99,19 @@ int InternetSetOptionA(HINTERNET handle, DWORD option, void* buffer, DWORD lengt
 }
 
 int InternetSetOptionExA(HINTERNET handle, DWORD option, void* buffer, DWORD length, DWORD flags) {
-  const auto found = FindHandle(handle);
-  if (found == nullptr) return 0;
-  if (buffer == nullptr || flags != 0) return Answer(ERROR_INVALID_PARAMETER);
-  return Answer(Set(*found, option, buffer, length));
+  return Answering(0, [&] {
+    const auto found = FindHandle(handle);
+    if (found == nullptr) return 0;
+    if (buffer == nullptr || flags != 0) return Answer(ERROR_INVALID_PARAMETER);
+    return Answer(Set(*found, option, buffer, length));
+  });
 }
 
 int InternetQueryOptionA(HINTERNET handle, DWORD option, void* buffer, DWORD* length) {
-  const auto found = FindHandle(handle);
-  if (found == nullptr) return 0;
-  if (length == nullptr) return Answer(ERROR_INVALID_PARAMETER);
-  return Answer(Query(*found, option, buffer, *length));
+  return Answering(0, [&] {
+    const auto found = FindHandle(handle);
+    if (found == nullptr) return 0;
+    if (length == nullptr) return Answer(ERROR_INVALID_PARAMETER);
+    return Answer(Query(*found, option, buffer, *length));
+  });
 }

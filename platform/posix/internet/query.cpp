@@ -14,6 +14,7 @@
 namespace {
 
 using quarnfc::internet::Answer;
+using quarnfc::internet::Answering;
 using quarnfc::internet::Find;
 using quarnfc::internet::Header;
 using quarnfc::internet::Headers;
@@ -175,8 +176,10 @@ DWORD Query(const Request& request, DWORD level, void* buffer, DWORD& length, DW
 }  // namespace
 
 int HttpQueryInfoA(HINTERNET request, DWORD level, void* buffer, DWORD* length, DWORD* index) {
-  const auto found = Find<Request>(request);
-  if (found == nullptr) return 0;
-  if (length == nullptr) return Answer(ERROR_INVALID_PARAMETER);
-  return Answer(Query(*found, level, buffer, *length, index));
+  return Answering(0, [&] {
+    const auto found = Find<Request>(request);
+    if (found == nullptr) return 0;
+    if (length == nullptr) return Answer(ERROR_INVALID_PARAMETER);
+    return Answer(Query(*found, level, buffer, *length, index));
+  });
 }

@@ -128,7 +128,9 @@ DWORD Request::Receive() {
   Report(INTERNET_STATUS_REQUEST_SENT, &sent, sizeof(sent));
   Report(INTERNET_STATUS_RECEIVING_RESPONSE);
   if (const DWORD error = TakeExchange()->ReceiveHead(response_lines)) return error;
-  if (!response.Parse(response_lines)) return ERROR_HTTP_INVALID_SERVER_RESPONSE;
+  ResponseHead head;  // the response has all of it or, without memory, nothing
+  if (!head.Parse(response_lines)) return ERROR_HTTP_INVALID_SERVER_RESPONSE;
+  response = std::move(head);
   DWORD received = 0;
   for (const std::string& line : response_lines) received += static_cast<DWORD>(line.size() + 2);
   Report(INTERNET_STATUS_RESPONSE_RECEIVED, &received, sizeof(received));

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 // Opening, sending and reading of requests, under the names hosts call.
 #include <cstring>
+#include <memory>
 #include <string>
+#include <string_view>
 
 #include "platform/posix/internet/request.h"
 
 namespace {
 
 using quarnfc::internet::Answer;
+using quarnfc::internet::Answering;
 using quarnfc::internet::Connection;
 using quarnfc::internet::Enter;
 using quarnfc::internet::Find;
@@ -68,6 +71,21 @@ DWORD AddHeaders(Request& request, const char* headers, DWORD length) {
                                   HTTP_ADDREQ_FLAG_ADD | HTTP_ADDREQ_FLAG_REPLACE);
 }
 
+// A request for a URL. It keeps the connection that nobody sees.
+std::shared_ptr<Request> MakeRequest(const std::shared_ptr<Session>& session, const Target& target,
+                                     DWORD flags, unsigned __int64 context) {
+  const auto connection = std::make_shared<Connection>(session, target.host, target.port, context);
+  connection->settings.user = target.user;
+  connection->settings.password = target.password;
+  const auto request = std::make_shared<Request>(connection, context);
+  request->verb = "GET";
+  request->flags = flags;
+  request->settings.security_flags |= SecurityFlags(flags);
+  request->target = target;
+  request->url = TextOf(target);
+  return request;
+}
+
 DWORD Begin(Request& request, const INTERNET_BUFFERSA* in) {
   if (in == nullptr) return request.Begin(0);
   if (in->dwStructSize != sizeof(*in)) return ERROR_INVALID_PARAMETER;
@@ -82,115 +100,125 @@ DWORD Begin(Request& request, const INTERNET_BUFFERSA* in) {
 HINTERNET HttpOpenRequestA(HINTERNET connection, const char* verb, const char* object,
                            const char* version, const char* referer, const char** acceptTypes,
                            DWORD flags, unsigned __int64 context) {
-  const auto owner = Find<Connection>(connection);
-  if (owner == nullptr) return nullptr;
-  const std::string method = verb != nullptr && *verb != '\0' ? verb : "GET";
-  const std::string types = JoinTypes(acceptTypes);
-  if (!CanBeSent(method, referer, types)) {
-    SetLastError(ERROR_INVALID_PARAMETER);
-    return nullptr;
-  }
-  const auto request = std::make_shared<Request>(owner, context);
-  request->verb = method;
-  request->flags = flags;
-  request->http_1_0 = IsVersion10(version);
-  request->settings.security_flags |= SecurityFlags(flags);
-  request->target = MakeTarget((flags & INTERNET_FLAG_SECURE) != 0, owner->server, owner->port,
-                               object != nullptr ? object : "");
-  request->url = TextOf(request->target);
-  AddGiven(*request, referer, types);
-  return Enter(request);
+  return Answering(HINTERNET(), [&]() -> HINTERNET {
+    const auto owner = Find<Connection>(connection);
+    if (owner == nullptr) return nullptr;
+    const std::string method = verb != nullptr && *verb != '\0' ? verb : "GET";
+    const std::string types = JoinTypes(acceptTypes);
+    if (!CanBeSent(method, referer, types)) {
+      SetLastError(ERROR_INVALID_PARAMETER);
+      return nullptr;
+    }
+    const auto request = std::make_shared<Request>(owner, context);
+    request->verb = method;
+    request->flags = flags;
+    request->http_1_0 = IsVersion10(version);
+    request->settings.security_flags |= SecurityFlags(flags);
+    request->target = MakeTarget((flags & INTERNET_FLAG_SECURE) != 0, owner->server, owner->port,
+                                 object != nullptr ? object : "");
+    request->url = TextOf(request->target);
+    AddGiven(*request, referer, types);
+    return Enter(request);
+  });
 }
 
 int HttpAddRequestHeadersA(HINTERNET request, const char* headers, DWORD length, DWORD flags) {
-  const auto found = Find<Request>(request);
-  if (found == nullptr) return 0;
-  const std::string_view text = HeaderText(headers, length);
-  if (text.empty()) return Answer(ERROR_INVALID_PARAMETER);
-  return Answer(found->headers.AddLines(text, flags));
+  return Answering(0, [&] {
+    const auto found = Find<Request>(request);
+    if (found == nullptr) return 0;
+    const std::string_view text = HeaderText(headers, length);
+    if (text.empty()) return Answer(ERROR_INVALID_PARAMETER);
+    return Answer(found->headers.AddLines(text, flags));
+  });
 }
 
 int HttpSendRequestA(HINTERNET request, const char* headers, DWORD headersLength, void* optional,
                      DWORD optionalLength) {
-  const auto found = Find<Request>(request);
-  if (found == nullptr) return 0;
-  if (optional == nullptr && optionalLength != 0) return Answer(ERROR_INVALID_PARAMETER);
-  if (const DWORD error = AddHeaders(*found, headers, headersLength)) return Answer(error);
-  return Answer(found->Send(static_cast<const char*>(optional), optionalLength));
+  return Answering(0, [&] {
+    const auto found = Find<Request>(request);
+    if (found == nullptr) return 0;
+    if (optional == nullptr && optionalLength != 0) return Answer(ERROR_INVALID_PARAMETER);
+    if (const DWORD error = AddHeaders(*found, headers, headersLength)) return Answer(error);
+    return Answer(found->Send(static_cast<const char*>(optional), optionalLength));
+  });
 }
 
 int HttpSendRequestExA(HINTERNET request, INTERNET_BUFFERSA* in, INTERNET_BUFFERSA* /*out*/,
                        DWORD /*flags*/, unsigned __int64 context) {
-  const auto found = Find<Request>(request);
-  if (found == nullptr) return 0;
-  if (context != 0) found->context = context;
-  return Answer(Begin(*found, in));
+  return Answering(0, [&] {
+    const auto found = Find<Request>(request);
+    if (found == nullptr) return 0;
+    if (context != 0) found->context = context;
+    return Answer(Begin(*found, in));
+  });
 }
 
 int HttpEndRequestA(HINTERNET request, INTERNET_BUFFERSA* out, DWORD /*flags*/,
                     unsigned __int64 /*context*/) {
-  const auto found = Find<Request>(request);
-  if (found == nullptr) return 0;
-  if (out != nullptr) return Answer(ERROR_INVALID_PARAMETER);
-  return Answer(found->End());
+  return Answering(0, [&] {
+    const auto found = Find<Request>(request);
+    if (found == nullptr) return 0;
+    if (out != nullptr) return Answer(ERROR_INVALID_PARAMETER);
+    return Answer(found->End());
+  });
 }
 
 HINTERNET InternetOpenUrlA(HINTERNET session, const char* url, const char* headers,
                            DWORD headersLength, DWORD flags, unsigned __int64 context) {
-  const auto owner = Find<Session>(session);
-  if (owner == nullptr) return nullptr;
-  Target target;
-  if (const DWORD error = ParseTarget(url, target)) {
-    SetLastError(error);
-    return nullptr;
-  }
-  // The request keeps the connection that nobody sees.
-  const auto connection = std::make_shared<Connection>(owner, target.host, target.port, context);
-  connection->settings.user = target.user;
-  connection->settings.password = target.password;
-  const auto request = std::make_shared<Request>(connection, context);
-  request->verb = "GET";
-  request->flags = flags;
-  request->settings.security_flags |= SecurityFlags(flags);
-  request->target = target;
-  request->url = TextOf(target);
-  const HINTERNET number = Enter(request);
-  DWORD error = AddHeaders(*request, headers, headersLength);
-  if (error == 0) error = request->Send(nullptr, 0);
-  if (error == 0) return number;
+  HINTERNET number = nullptr;
+  const int opened = Answering(0, [&] {
+    const auto owner = Find<Session>(session);
+    if (owner == nullptr) return 0;
+    Target target;
+    if (const DWORD error = ParseTarget(url, target)) return Answer(error);
+    const auto request = MakeRequest(owner, target, flags, context);
+    number = Enter(request);
+    if (const DWORD error = AddHeaders(*request, headers, headersLength)) return Answer(error);
+    return Answer(request->Send(nullptr, 0));
+  });
+  if (opened != 0 || number == nullptr) return number;
+  const DWORD error = GetLastError();
   InternetCloseHandle(number);
   SetLastError(error);
   return nullptr;
 }
 
 int InternetReadFile(HINTERNET request, void* buffer, DWORD count, DWORD* read) {
-  const auto found = Find<Request>(request);
-  if (found == nullptr) return 0;
-  if (read == nullptr || (buffer == nullptr && count != 0)) return Answer(ERROR_INVALID_PARAMETER);
-  std::size_t received = 0;
-  const DWORD error = found->Pull(static_cast<char*>(buffer), count, received);
-  *read = static_cast<DWORD>(received);
-  return Answer(error);
+  return Answering(0, [&] {
+    const auto found = Find<Request>(request);
+    if (found == nullptr) return 0;
+    if (read == nullptr || (buffer == nullptr && count != 0))
+      return Answer(ERROR_INVALID_PARAMETER);
+    std::size_t received = 0;
+    const DWORD error = found->Pull(static_cast<char*>(buffer), count, received);
+    *read = static_cast<DWORD>(received);
+    return Answer(error);
+  });
 }
 
 int InternetWriteFile(HINTERNET request, const void* data, DWORD count, DWORD* written) {
-  const auto found = Find<Request>(request);
-  if (found == nullptr) return 0;
-  if (written == nullptr || (data == nullptr && count != 0)) return Answer(ERROR_INVALID_PARAMETER);
-  const DWORD error = found->PushBody(static_cast<const char*>(data), count);
-  *written = error == 0 ? count : 0;
-  return Answer(error);
+  return Answering(0, [&] {
+    const auto found = Find<Request>(request);
+    if (found == nullptr) return 0;
+    if (written == nullptr || (data == nullptr && count != 0))
+      return Answer(ERROR_INVALID_PARAMETER);
+    const DWORD error = found->PushBody(static_cast<const char*>(data), count);
+    *written = error == 0 ? count : 0;
+    return Answer(error);
+  });
 }
 
 int InternetQueryDataAvailable(HINTERNET request, DWORD* available, DWORD flags,
                                unsigned __int64 context) {
-  const auto found = Find<Request>(request);
-  if (found == nullptr) return 0;
-  if (available == nullptr || flags != 0 || context != 0) return Answer(ERROR_INVALID_PARAMETER);
-  std::size_t count = 0;
-  const DWORD error = found->Available(count);
-  *available = static_cast<DWORD>(count);
-  return Answer(error);
+  return Answering(0, [&] {
+    const auto found = Find<Request>(request);
+    if (found == nullptr) return 0;
+    if (available == nullptr || flags != 0 || context != 0) return Answer(ERROR_INVALID_PARAMETER);
+    std::size_t count = 0;
+    const DWORD error = found->Available(count);
+    *available = static_cast<DWORD>(count);
+    return Answer(error);
+  });
 }
 
 DWORD InternetSetFilePointer(HINTERNET file, int /*offset*/, void* /*reserved*/, DWORD /*method*/,
