@@ -228,6 +228,11 @@ class QN_API CQNHttpFile : public CQNInternetFile {
   // the response's headers. Nonzero on success; a failure throws. Write deliberately stays allowed
   // afterwards, although the platform takes the bytes for nobody's: the last Write comes before
   // EndRequest.
+  //
+  //   file->SendRequestEx(6);
+  //   file->Write("abc", 3);
+  //   file->Write("def", 3);  // the last one
+  //   file->EndRequest();
   int EndRequest(DWORD flags = 0, INTERNET_BUFFERSA* buffers = nullptr,
                  unsigned __int64 context = 1);
 
@@ -261,7 +266,11 @@ class QN_API CQNHttpFile : public CQNInternetFile {
 
   // "http://" with server and object, deliberately also for HTTPS and without the port; just
   // "http://" for a request that could not be opened. A host that needs the whole URL keeps the one
-  // it opened, or asks QueryOption for INTERNET_OPTION_URL (34).
+  // it opened, or asks for it:
+  //
+  //   char url[2084];
+  //   DWORD length = sizeof(url);
+  //   file->QueryOption(INTERNET_OPTION_URL, url, &length);  // option 34
   virtual CQNString GetFileURL() const;
 
  protected:
