@@ -3,9 +3,12 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <iterator>
@@ -32,6 +35,27 @@ TEST(CrashDumpOffWindows, IsATextRecordOfProcessThreadAndCallStack) {
   EXPECT_TRUE(holds(info)) << record;
   EXPECT_TRUE(holds("\ncall stack:\n")) << record;
   EXPECT_TRUE(holds("crash_host")) << record;  // a frame of the program that crashed
+}
+
+// A host may ask for a record where nothing has crashed; info is printed and not looked into.
+TEST(CrashDumpRecords, ARunningProcessIsRecordedWithItsNumbersAndCallStack) {
+  const std::string path = testing::TempDir() + "running.dmp";
+  auto* info = reinterpret_cast<_EXCEPTION_POINTERS*>(std::uintptr_t{0x1234});
+  QNErrorUtils::DbgDumpErrorFile(info, path.c_str());
+  const std::string record = ReadBytes(path);
+  const std::string numbers = "process: " + std::to_string(getpid()) +
+                              "\nthread: " + std::to_string(syscall(SYS_gettid)) + "\ntime: ";
+  EXPECT_EQ(record.substr(0, numbers.size()), numbers);
+  const std::string rest = record.substr(std::min(numbers.size(), record.size()));
+  int count = 0;
+  int parts[6] = {};
+  EXPECT_EQ(std::sscanf(rest.c_str(), "%4d-%2d-%2d %2d:%2d:%2d%n", &parts[0], &parts[1], &parts[2],
+                        &parts[3], &parts[4], &parts[5], &count),
+            6);
+  const std::string call_stack = "\ninfo: 0x1234\ncall stack:\n";
+  EXPECT_EQ(rest.substr(static_cast<std::size_t>(count), call_stack.size()), call_stack);
+  EXPECT_NE(rest.find("quarnfc_tests"), std::string::npos);  // a frame of this program
+  std::filesystem::remove(path);
 }
 
 long OpenFiles() { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); }
