@@ -25,13 +25,26 @@ measure() {
     --exclude-unreachable-branches --gcov-ignore-parse-errors -j "$(nproc)" "$@"
 }
 
+# folders_of FILE...: the folders of the objects that the files are compiled into. What is inline in a
+# header counts in the one object that the linker takes it from.
+folders_of() {
+  local file
+  for file in "$@"; do
+    case $file in
+      *.h) printf '%s\n' "$objects" "$build/tests/fuzz" ;;
+      *) echo "$objects/$(dirname "$file")" ;;
+    esac
+  done | sort -u
+}
+
 # corpus TARGET FILE...: how much of the files the corpus of a fuzzer reaches.
 corpus() {
-  local target=$1
+  local target=$1 folders
   shift
+  mapfile -t folders < <(folders_of "$@")
   forget
   logged "corpus-$target" "$build/bin/quarnfc_fuzz_tests" --gtest_filter="*HoldsItsProperty/$target"
-  measure "$build/corpus-$target.json" "$objects" "$build/tests/fuzz"
+  measure "$build/corpus-$target.json" "${folders[@]}"
   scripts/coverage_report.py corpus "$target" "$build/corpus-$target.json" "$@" || status=1
 }
 
