@@ -183,7 +183,8 @@ def try_change(tree, change, tests):
 
 
 def try_changes(tree, build, results, changes, count, again):
-    """The changes, up to a count: what is known is not tried, unless survivors shall be."""
+    """How many changes, up to a count, and the survivors. What is known is not tried; again tries
+    known survivors and nothing new."""
     tests, survivors, tried, equal = {}, [], 0, read_equal()
     for change in changes:
         if tried == count:
@@ -193,9 +194,9 @@ def try_changes(tree, build, results, changes, count, again):
             continue
         key = results.key(change, line)
         verdict = results.known.get(key)
-        if again and verdict != "SURVIVED":
+        if again and verdict is None:
             continue
-        if again or verdict is None:
+        if verdict is None or (again and verdict == "SURVIVED"):
             if change.folder not in tests:
                 tests[change.folder] = Tests(build, tree, change.folder)
                 tests[change.folder].measure()
