@@ -59,8 +59,10 @@ corpora() {
   corpus format core/text/format_text.cpp core/text/format_spec.cpp
   corpus format_item core/text/format_number.cpp
   corpus http_response platform/posix/internet/head.cpp
+  corpus json json/text_reader.cpp json/text_rules.cpp json/load.cpp
   corpus json_tree json/text_reader.cpp json/text_rules.cpp json/load.cpp json/decimal.cpp \
     json/number_text.cpp json/text_writer.cpp
+  corpus line net/file_lines.cpp
   corpus path_join core/text/path_join.cpp
   corpus search core/text/string_search.cpp core/text/string_trim.cpp
   corpus split core/text/string_array.cpp core/text/string_array_vectors.cpp
