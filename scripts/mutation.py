@@ -30,6 +30,14 @@ FUZZERS = {
     "codec": "codec",
     "io": "csv_row|date_time",
 }
+# Tests that take minutes without optimisation: they look last.
+SLOW = {
+    "core": "CodePage*.Every*:TranscodeLarge.*",
+    "json": "*DeepJson*:LargeObject.*:NumberText.*EveryExponent*",
+    "geo": "",
+    "codec": "HmacSha256.DataSizeIsTakenAsUnsigned",
+    "io": "CsvRow.EveryShortLineSplitsByThePlainRules",
+}
 BAR = 95.0
 PROJECT = Path(__file__).resolve().parent.parent
 EQUAL = PROJECT / "scripts/mutation_equal.txt"
@@ -100,11 +108,13 @@ def own_tests(tree, folder):
 
 class Tests:
     """What looks at a folder, the quick first: a program is only linked when those before it have
-    noticed nothing. The last notices what is lost, which the others do not without a sanitizer."""
+    noticed nothing. Failing memory notices what is lost, which the others do not without a
+    sanitizer."""
 
     def __init__(self, build, tree, folder):
         self.build = build
-        own = own_tests(tree, folder)
+        slow = SLOW[folder]
+        own = own_tests(tree, folder) + "-" + slow
         targets = FUZZERS[folder].split("|")
         self.steps = [
             ("quarnfc_tests", own),
@@ -113,6 +123,8 @@ class Tests:
             ("quarnfc_fuzz_tests", ":".join(f"*HoldsTheProperty/{each}_*" for each in targets)),
             ("quarnfc_failing_memory_tests", "*/FailingMemory.*"),
         ]
+        if slow:
+            self.steps += [("quarnfc_tests", slow), ("quarnfc_internal_tests", slow)]
         self.seconds = {}
 
     def make(self, program):
