@@ -82,6 +82,15 @@ check_addresses() {
   echo "ok: an address of the DLL"
 }
 
+# check_exports DEF RECORD: the DLL that is released exports what the record names, but for the type
+# information of pointers, which depends on what the optimiser has seen.
+check_exports() {
+  quiet diff <(awk 'exports { print $1 } $1 == "EXPORTS" { exports = 1 }' "$1" | grep -v '^_ZTIP' |
+    LC_ALL=C sort) \
+    <(tr -d '\r' <"$here/../module/$2" | grep -v '^_ZTIP' | LC_ALL=C sort)
+  echo "ok: exports"
+}
+
 # check_def FOLDER: hosts link an import library that is made of the module-definition file.
 check_def() {
   mkdir "$work/by_def"
@@ -137,6 +146,7 @@ check_msvc_zip() {
   unpack_zip msvc
   bin=$(echo "$work"/zip/*/bin)
   "$here/check-prefix.sh" windows-msvc "$bin/.." "$build"
+  check_exports "$bin/../lib/QuarnFC.def" exports-msvc.txt
   check_msvc_def "$bin/.."
   "$here/../msvc_abi/check-module.sh" "$llvm/llvm-readobj" "$bin/QuarnFC.dll"
   check_pdb "$bin/QuarnFC.dll"
@@ -148,6 +158,7 @@ check_msvc_zip() {
 check_zip() {
   unpack_zip mingw
   "$here/check-prefix.sh" windows "$work/zip"/*/
+  check_exports "$work"/zip/*/lib/QuarnFC.def exports-windows.txt
   check_def "$work"/zip/*/
   check_debug "$work"/zip/*/bin/QuarnFC.dll{,.debug}
   check_addresses "$work"/zip/*/bin/QuarnFC.dll
