@@ -63,11 +63,51 @@ unzip_package() {
   configuration=/$1/$(cd "$root/$1" && echo quarnfc-*)/lib/cmake/QuarnFC
 }
 
+# install_debian NAME...: the Debian packages of those names.
+install_debian() {
+  local name files=()
+  for name in "$@"; do files+=("/packages/$(cd "$packages" && echo "$name"_*.deb)"); done
+  install_packages "${files[@]}"
+}
+
+# The host program with what its package asks for alone.
+try_tools() {
+  install_debian libquarnfc1 quarnfc-tools
+  logged try-tools inside qn --version
+  printf 'ok: %s\n' "$(tail -n 1 "$logs/try-tools.log")"
+}
+
+# The record of a crash names functions and lines of the library where its debug information is installed.
+try_record() {
+  local frame
+  cp "$project/tests/core/diagnostics/crash_host_posix.cpp" "$root/hosts"
+  logged try-record inside g++ -std=c++17 -g -fshort-wchar /hosts/crash_host_posix.cpp -pthread \
+    -lQuarnFC -o /linux/crash_host
+  inside /linux/crash_host Check /linux/report >/dev/null 2>&1 || true
+  install_debian libquarnfc1-dbg
+  logged try-record inside sh -c 'quarnfc-resolve /usr/lib/log/Check*.dmp'
+  frame='DbgDumpErrorFileEx(.*/usr/src/quarnfc-.*/core/diagnostics/crash_dump.cpp:[0-9]'
+  grep -q "$frame" "$logs/try-record.log" || die "no such frame in $logs/try-record.log: $frame"
+  printf 'ok: the record of a crash\n'
+}
+
+# gdb shows the library's classes without being told anything.
+try_printers() {
+  cp "$project"/tests/debug/{debug_host.cpp,check-gdb.sh,expected.txt} "$root/hosts"
+  logged try-printers inside g++ -g -O0 -std=c++17 -fshort-wchar -Wno-delete-non-virtual-dtor \
+    /hosts/debug_host.cpp -lQuarnFC -o /linux/debug_host
+  install_packages gdb
+  logged try-printers inside /hosts/check-gdb.sh /linux/debug_host
+  cat "$logs/try-printers.log"
+}
+
 try_linux() {
+  try_tools
   install_packages g++ cmake make
-  install_packages "/packages/$(cd "$packages" && echo libquarnfc1_*.deb)" \
-    "/packages/$(cd "$packages" && echo libquarnfc-dev_*.deb)"
+  install_debian libquarnfc-dev
   build_and_run linux '' --
+  try_record
+  try_printers
 }
 
 try_mingw() {

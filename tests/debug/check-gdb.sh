@@ -4,6 +4,7 @@
 # what expected.txt says.
 # Usage: check-gdb.sh HOST auto-load FOLDER   the printers are those that gdb loads with the library
 #        check-gdb.sh HOST source FILE        the printers are in FILE
+#        check-gdb.sh HOST                    gdb knows of them by itself
 set -euo pipefail
 
 here=$(cd "$(dirname "$0")" && pwd)
@@ -14,7 +15,8 @@ export LC_ALL=C.UTF-8
 
 command -v gdb >/dev/null || { echo "skipped: gdb is not installed"; exit 77; }
 
-case $2 in
+options=()
+case ${2:-} in
   auto-load) options=(-iex "set auto-load safe-path $3") ;;
   source) options=(-ex "source $3") ;;
 esac
