@@ -94,10 +94,11 @@ check_families() {
   printf '%d families\n' "$count"
 }
 
-# The public functions, as CLASS::NAME or NAME, of Doxygen's XML.
+# The public functions, as CLASS::NAME or NAME, of Doxygen's XML; a class that is private has none.
 public_functions() {
   awk '/<compoundname>/ { gsub(/.*<compoundname>|<\/compoundname>.*|&lt;.*&gt;/, ""); scope = $0 ~ /\.h$/ ? "" : $0 "::" }
-       /<memberdef / { wanted = /kind="function"/ && /prot="public"/ }
+       /<compounddef / { open = !/prot="private"/ }
+       /<memberdef / { wanted = open && /kind="function"/ && /prot="public"/ }
        wanted && /^ *<name>/ { gsub(/ *<\/?name>/, ""); print scope $0; wanted = 0 }' "$1"/*.xml |
     grep -v -e operator -e '~' | awk -F'::' 'NF == 1 || $NF != $(NF - 1)' | sort -u
 }
