@@ -109,7 +109,8 @@ QN_LATE_FUNCTIONS(QN_FORWARD)
 
 // These two take an argument of any type; each has the size of a pointer and is passed like one.
 static_assert(sizeof(void*) == sizeof(long) && sizeof(void*) == sizeof(curl_off_t));
-// An enumeration is passed like the int that it would be promoted to, in C, where it is declared so.
+// An enumeration is passed like the int that it would be promoted to, in C, where it is declared
+// so.
 #pragma GCC diagnostic ignored "-Wvarargs"
 
 CURLcode(curl_easy_getinfo)(CURL* easy, CURLINFO info, ...) {
