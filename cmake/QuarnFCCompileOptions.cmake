@@ -63,9 +63,15 @@ function(quarnfc_library_options target)
   endif()
 endfunction()
 
-# quarnfc_precompile(<target>): reads once what most sources of the library and of qn include. Every
-# source still names what it uses: the builds for packages and for the Microsoft ABI do without this.
+# With precompiled headers GCC 12 tells of what it sees in the standard library at -O3.
+option(QUARNFC_PRECOMPILE "Read once what most sources of the library and of qn include" OFF)
+
+# quarnfc_precompile(<target>): does that for a target. Every source still names what it uses: most
+# builds do without this.
 function(quarnfc_precompile target)
+  if(NOT QUARNFC_PRECOMPILE)
+    return()
+  endif()
   target_precompile_headers(${target} PRIVATE <algorithm> <charconv> <memory> <optional> <string>
                             <string_view> <vector>)
 endfunction()
