@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/posix/internet/request.h"
 
-#include <algorithm>
-#include <cstring>
 #include <utility>
 
 #include "platform/posix/internet/basic_credentials.h"
@@ -236,8 +234,7 @@ void Request::DrainBody() {
 DWORD Request::Pull(char* buffer, std::size_t capacity, std::size_t& count) {
   count = 0;
   if (state_ != State::kReceiving) return ERROR_INTERNET_INCORRECT_HANDLE_STATE;
-  count = std::min(capacity, arrived_.size());
-  std::memcpy(buffer, arrived_.data(), count);
+  count = arrived_.copy(buffer, capacity);  // which may be 0, and buffer null
   arrived_.erase(0, count);
   while (count < capacity) {
     std::size_t more = 0;
