@@ -61,6 +61,12 @@ HttpCallOptions OptionsOf(unsigned int deadline, const char* headers = nullptr) 
   return options;
 }
 
+// The header at index; null when there is none.
+const HttpHeader* HeaderAt(const QncHttpResponse* response, int index) {
+  if (index < 0 || index >= qncHttpHeaderCount(response)) return nullptr;
+  return &response->response.headers[static_cast<std::size_t>(index)];
+}
+
 }  // namespace
 
 QncHttpResponse* qncHttpSend(const char* verb, const char* url, const char* headers,
@@ -107,4 +113,18 @@ char* qncHttpHeader(const QncHttpResponse* response, const char* name, CQNObject
     }
     return nullptr;
   });
+}
+
+int qncHttpHeaderCount(const QncHttpResponse* response) {
+  return response == nullptr ? 0 : static_cast<int>(response->response.headers.size());
+}
+
+const char* qncHttpHeaderName(const QncHttpResponse* response, int index) {
+  const HttpHeader* header = HeaderAt(response, index);
+  return header == nullptr ? nullptr : header->first.c_str();
+}
+
+const char* qncHttpHeaderValue(const QncHttpResponse* response, int index) {
+  const HttpHeader* header = HeaderAt(response, index);
+  return header == nullptr ? nullptr : header->second.c_str();
 }

@@ -231,6 +231,9 @@ public static class QuarnNative
     [DllImport(Dll)] public static extern IntPtr qncHttpBody(IntPtr response, out UIntPtr size);
     [DllImport(Dll)]
     public static extern IntPtr qncHttpHeader(IntPtr response, byte[] name, out IntPtr error);
+    [DllImport(Dll)] public static extern int qncHttpHeaderCount(IntPtr response);
+    [DllImport(Dll)] public static extern IntPtr qncHttpHeaderName(IntPtr response, int index);
+    [DllImport(Dll)] public static extern IntPtr qncHttpHeaderValue(IntPtr response, int index);
 
     // --- HTTP calls with options (keep the delegate alive while it is set) ---
     [UnmanagedFunctionPointer(CallingConvention.Cdecl)]

@@ -28,6 +28,16 @@ std::string Body(const HttpAnswer& response) {
   return std::string(body, size);
 }
 
+// The headers as "name=value" with '|' behind each.
+std::string Pairs(const HttpAnswer& response) {
+  std::string joined;
+  for (int i = 0; i < qncHttpHeaderCount(response.get()); ++i) {
+    joined += qncHttpHeaderName(response.get(), i);
+    joined += std::string("=") + qncHttpHeaderValue(response.get(), i) + "|";
+  }
+  return joined;
+}
+
 }  // namespace
 
 TEST(CInterfaceHttp, BringsStatusHeadersAndBody) {
@@ -42,6 +52,34 @@ TEST(CInterfaceHttp, BringsStatusHeadersAndBody) {
   EXPECT_EQ(Taken(qncHttpHeader(response.get(), "etag", nullptr)), "\"1\"");
   EXPECT_EQ(qncHttpHeader(response.get(), "X-None", error.Out()), nullptr);
   EXPECT_EQ(error.Text(), "");
+}
+
+TEST(CInterfaceHttp, HeadersArePairsInTheOrderAndWithTheRepeatsOfTheServer) {
+  ScriptedServer server(
+      "HTTP/1.1 200 OK\r\nX-Two: b\r\nset-cookie: a=1; Path=/\r\nx-one: \r\n"
+      "Set-Cookie: b=2\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
+  const HttpAnswer response(qncHttpGet(server.Url("/a").c_str(), 20000, nullptr));
+  ASSERT_NE(response, nullptr);
+  EXPECT_EQ(Pairs(response),
+            "X-Two=b|set-cookie=a=1; Path=/|x-one=|Set-Cookie=b=2|Content-Length=0|"
+            "Connection=close|");
+  for (const int index : {-1, 6, 7, 2147483647, -2147483647}) {
+    EXPECT_EQ(qncHttpHeaderName(response.get(), index), nullptr) << index;
+    EXPECT_EQ(qncHttpHeaderValue(response.get(), index), nullptr) << index;
+  }
+}
+
+TEST(CInterfaceHttp, HeadersOfARedirectedCallAreThoseOfTheLastAnswer) {
+  ScriptedServer server([](ServerConnection& connection) {
+    const bool is_first = Contains(connection.ReadRequest(), "GET /a ");
+    connection.Send(std::string(is_first ? "HTTP/1.1 302 Found\r\nLocation: /b\r\nX-First: 1"
+                                         : "HTTP/1.1 200 OK\r\nX-Last: 2") +
+                    "\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
+    connection.Finish();
+  });
+  const HttpAnswer response(qncHttpGet(server.Url("/a").c_str(), 20000, nullptr));
+  ASSERT_NE(response, nullptr);
+  EXPECT_EQ(Pairs(response), "X-Last=2|Content-Length=0|Connection=close|");
 }
 
 TEST(CInterfaceHttp, SendsVerbHeadersAndBodyAsTheyStand) {
@@ -90,5 +128,8 @@ TEST(CInterfaceHttp, FailuresHaveThePlatformsCode) {
 TEST(CInterfaceHttp, NullResponsesAreEmpty) {
   EXPECT_EQ(qncHttpStatus(nullptr), 0);
   EXPECT_EQ(qncHttpBody(nullptr, nullptr), nullptr);
+  EXPECT_EQ(qncHttpHeaderCount(nullptr), 0);
+  EXPECT_EQ(qncHttpHeaderName(nullptr, 0), nullptr);
+  EXPECT_EQ(qncHttpHeaderValue(nullptr, 0), nullptr);
   qncHttpFree(nullptr);
 }

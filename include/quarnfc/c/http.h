@@ -57,4 +57,11 @@ QN_PLAIN_API const char* qncHttpBody(const QncHttpResponse* response, size_t* si
 QN_PLAIN_API char* qncHttpHeader(const QncHttpResponse* response, const char* name,
                                  CQNObject** error);
 
+/* The number of headers, and name and value of the one at index: in the order and with the repeats
+ * that the server sent; those of the last answer when the call was redirected. 0 for a null
+ * response, null when there is no such header. Borrowed from the response. */
+QN_PLAIN_API int qncHttpHeaderCount(const QncHttpResponse* response);
+QN_PLAIN_API const char* qncHttpHeaderName(const QncHttpResponse* response, int index);
+QN_PLAIN_API const char* qncHttpHeaderValue(const QncHttpResponse* response, int index);
+
 #endif /* QUARNFC_C_HTTP_H_ */
