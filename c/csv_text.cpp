@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include <quarnfc/c/csv_text.h>
 #include <quarnfc/ext/csv_text.h>
+#include <quarnfc/ext/encoded_text.h>
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "c/csv_fields.h"
+#include "c/encoding.h"
 #include "c/guarded.h"
 #include "c/path.h"
 #include "c/text.h"
@@ -23,10 +26,13 @@ using quarnfc::c::FieldIndex;
 using quarnfc::c::Given;
 using quarnfc::c::Guarded;
 using quarnfc::c::GuardedNew;
+using quarnfc::c::NamedEncoding;
 using quarnfc::c::NewText;
 using quarnfc::c::Path;
 using quarnfc::ext::CsvTextReader;
 using quarnfc::ext::CsvTextRow;
+using quarnfc::ext::TextDecoder;
+using quarnfc::ext::TextEncoding;
 using quarnfc::platform::File;
 using quarnfc::platform::FileMode;
 
@@ -58,18 +64,53 @@ class FileSource {
   }
 
   std::string operator()() {
+    return std::exchange(is_first_, false) ? WithoutMark(Read()) : Read();
+  }
+
+  // The next piece with its mark; an empty one is the end.
+  std::string Read() {
     std::string piece(kPieceSize, '\0');
     const auto read = file_->Read(piece.data(), piece.size());
     if (read.error != quarnfc::platform::kNoError) {
       throw Failure(QNC_ERROR_FILE, "Quarn: the file cannot be read");
     }
     piece.resize(read.count);
-    return std::exchange(is_first_, false) ? WithoutMark(std::move(piece)) : piece;
+    return piece;
   }
 
  private:
   std::shared_ptr<File> file_;
   bool is_first_ = true;
+};
+
+// Gives the text of a file in UTF-8. The rows in front of a byte that is no text are still read.
+class DecodedSource {
+ public:
+  DecodedSource(const char* path, std::optional<TextEncoding> encoding)
+      : file_(path), decoder_(encoding) {}
+
+  std::string operator()() {
+    std::string text;
+    while (text.empty() && !ended_) DecodePiece(text);
+    if (text.empty() && !is_text_) {
+      const std::string offset = std::to_string(decoder_.ErrorOffset());
+      throw Failure(QNC_ERROR_INVALID_DATA,
+                    ("Quarn: byte " + offset + ": there is no text").c_str());
+    }
+    return text;
+  }
+
+ private:
+  void DecodePiece(std::string& text) {
+    const std::string piece = file_.Read();
+    is_text_ = decoder_.Decode(piece, piece.empty(), text);
+    ended_ = piece.empty() || !is_text_;
+  }
+
+  FileSource file_;
+  TextDecoder decoder_;
+  bool is_text_ = true;
+  bool ended_ = false;
 };
 
 }  // namespace
@@ -93,9 +134,20 @@ char CheckedDelimiter(char delimiter) {
   throw Failure(QNC_ERROR_ARGUMENT, "Quarn: this byte cannot separate fields");
 }
 
-int NextRow(QncCsvText& csv) {
-  if (csv.reader.Next(csv.row)) return 1;
+// Of a row that could not be read whole nothing is left.
+bool Read(QncCsvText& csv) {
+  try {
+    if (csv.reader.Next(csv.row)) return true;
+  } catch (...) {
+    csv.row = CsvTextRow();
+    throw;
+  }
   csv.row = CsvTextRow();
+  return false;
+}
+
+int NextRow(QncCsvText& csv) {
+  if (Read(csv)) return 1;
   if (csv.reader.Error().empty()) return 0;
   throw Failure(QNC_ERROR_INVALID_DATA, ("Quarn: " + csv.reader.Error()).c_str());
 }
@@ -105,6 +157,14 @@ int NextRow(QncCsvText& csv) {
 QncCsvText* qncCsvTextOpen(const char* path, char delimiter, CQNObject** error) {
   return GuardedNew(error, [=] {
     return new QncCsvText(FileSource(Path(path).get()), CheckedDelimiter(delimiter));
+  });
+}
+
+QncCsvText* qncCsvTextOpenEncoded(const char* path, char delimiter, int encoding,
+                                  CQNObject** error) {
+  return GuardedNew(error, [=] {
+    const auto named = NamedEncoding(encoding);
+    return new QncCsvText(DecodedSource(Path(path).get(), named), CheckedDelimiter(delimiter));
   });
 }
 

@@ -7,36 +7,41 @@
 #include <string>
 #include <string_view>
 
+#include "c/encoding.h"
 #include "c/guarded.h"
 #include "c/text.h"
+
+namespace quarnfc::c {
+
+std::optional<ext::TextEncoding> NamedEncoding(int encoding) {
+  switch (encoding) {
+    case QNC_ENCODING_ANY:
+      return std::nullopt;
+    case QNC_ENCODING_UTF8:
+      return ext::TextEncoding{ext::Charset::kUtf8, false};
+    case QNC_ENCODING_UTF16_LE:
+      return ext::TextEncoding{ext::Charset::kUtf16Le, false};
+    case QNC_ENCODING_UTF16_BE:
+      return ext::TextEncoding{ext::Charset::kUtf16Be, false};
+    case QNC_ENCODING_ANSI:
+      return ext::TextEncoding{ext::Charset::kAnsi, false};
+    default:
+      throw Failure(QNC_ERROR_ARGUMENT, "Quarn: there is no such encoding");
+  }
+}
+
+}  // namespace quarnfc::c
 
 namespace {
 
 using quarnfc::c::Failure;
 using quarnfc::c::GuardedNew;
+using quarnfc::c::NamedEncoding;
 using quarnfc::c::NewText;
 using quarnfc::ext::Charset;
 using quarnfc::ext::TextDecoder;
 using quarnfc::ext::TextEncoding;
 using quarnfc::ext::TextLoss;
-
-// The charset of an encoding that is named; nothing for QNC_ENCODING_ANY.
-std::optional<TextEncoding> Named(int encoding) {
-  switch (encoding) {
-    case QNC_ENCODING_ANY:
-      return std::nullopt;
-    case QNC_ENCODING_UTF8:
-      return TextEncoding{Charset::kUtf8, false};
-    case QNC_ENCODING_UTF16_LE:
-      return TextEncoding{Charset::kUtf16Le, false};
-    case QNC_ENCODING_UTF16_BE:
-      return TextEncoding{Charset::kUtf16Be, false};
-    case QNC_ENCODING_ANSI:
-      return TextEncoding{Charset::kAnsi, false};
-    default:
-      throw Failure(QNC_ERROR_ARGUMENT, "Quarn: there is no such encoding");
-  }
-}
 
 int NumberOf(Charset charset) {
   switch (charset) {
@@ -62,7 +67,7 @@ void Store(size_t* target, size_t value) {
 }
 
 char* Decoded(std::string_view bytes, int encoding, size_t* text_size, size_t* offset) {
-  TextDecoder decoder(Named(encoding));
+  TextDecoder decoder(NamedEncoding(encoding));
   std::string text;
   if (!decoder.Decode(bytes, true, text)) {
     Store(offset, static_cast<size_t>(decoder.ErrorOffset()));
@@ -74,7 +79,7 @@ char* Decoded(std::string_view bytes, int encoding, size_t* text_size, size_t* o
 }
 
 unsigned char* Encoded(std::string_view text, int encoding, size_t* data_size, size_t* offset) {
-  const std::optional<TextEncoding> named = Named(encoding);
+  const std::optional<TextEncoding> named = NamedEncoding(encoding);
   if (!named) throw Failure(QNC_ERROR_ARGUMENT, "Quarn: there is no such encoding");
   TextLoss loss;
   const std::optional<std::string> bytes = quarnfc::ext::EncodeText(text, *named, &loss);

@@ -191,6 +191,9 @@ public static class QuarnNative
     [DllImport(Dll)]
     public static extern IntPtr qncCsvTextOpen(byte[] path, byte delimiter, out IntPtr error);
     [DllImport(Dll)]
+    public static extern IntPtr qncCsvTextOpenEncoded(byte[] path, byte delimiter, int encoding,
+        out IntPtr error);
+    [DllImport(Dll)]
     public static extern IntPtr qncCsvTextFromMemory(byte[] text, UIntPtr size, byte delimiter,
         out IntPtr error);
     [DllImport(Dll)] public static extern void qncCsvTextClose(IntPtr csv);

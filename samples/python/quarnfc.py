@@ -115,6 +115,7 @@ FUNCTIONS = {
     "qncJsonTextAdd": (_INT, [_HANDLE, _TEXT, _TEXT, _ERROR]),
     "qncJsonTextRemove": (_INT, [_HANDLE, _TEXT, _ERROR]),
     "qncCsvTextOpen": (_HANDLE, [_TEXT, ctypes.c_char, _ERROR]),
+    "qncCsvTextOpenEncoded": (_HANDLE, [_TEXT, ctypes.c_char, _INT, _ERROR]),
     "qncCsvTextFromMemory": (_HANDLE, [_TEXT, _SIZE, ctypes.c_char, _ERROR]),
     "qncCsvTextClose": (None, [_HANDLE]),
     "qncCsvTextNextRow": (_INT, [_HANDLE, _ERROR]),

@@ -78,6 +78,8 @@ TEST(CInterfacePaths, FilesWithChineseNamesAreRead) {
   Error error;
   EXPECT_EQ(FirstHeader(qncCsvOpen(file.path(), error.Out())), "name") << error.Text();
   EXPECT_EQ(FirstField(qncCsvTextOpen(file.path(), ',', error.Out())), "name") << error.Text();
+  EXPECT_EQ(FirstField(qncCsvTextOpenEncoded(file.path(), ',', 0, error.Out())), "name")
+      << error.Text();
   file.Write("{\"name\": 1}");
   QncJson* document = qncJsonReadFile(file.path(), error.Out());
   EXPECT_EQ(Taken(qncJsonWrite(document, 0, nullptr)), "{\"name\":1}") << error.Text();

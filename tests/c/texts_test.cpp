@@ -4,6 +4,7 @@
 
 #include <quarnfc/c/base.h>
 #include <quarnfc/c/csv_text.h>
+#include <quarnfc/c/encoded_text.h>
 #include <quarnfc/c/json_text.h>
 
 #include <cstring>
@@ -233,6 +234,76 @@ TEST(CInterfaceCsvText, FilesLongerThanAPieceKeepEveryRow) {
     ++rows;
   }
   EXPECT_EQ(rows, 30000);
+}
+
+TEST(CInterfaceCsvText, FieldsAreUtf8WhateverEncodingTheFileIsIn) {
+  const struct {
+    std::string_view bytes;
+    int encoding;
+  } files[] = {
+      {"\xE5\x90\x8D;2\n", QNC_ENCODING_ANY},
+      {"\xEF\xBB\xBF\xE5\x90\x8D;2\n", QNC_ENCODING_UTF8},
+      {"\xC3\xFB;2\n", QNC_ENCODING_ANY},
+      {"\xC3\xFB;2\n", QNC_ENCODING_ANSI},
+      {{"\xFF\xFE\x0D\x54;\0002\0\n\0", 10}, QNC_ENCODING_ANY},
+      {{"\x54\x0D\0;\0002\0\n", 8}, QNC_ENCODING_UTF16_BE},
+      {{"\x0D\x54;\0002\0\n\0", 8}, QNC_ENCODING_UTF16_LE},
+  };
+  for (const auto& [bytes, encoding] : files) {
+    const quarnfc_test::TempFile file{std::string(bytes)};
+    Error error;
+    const CsvText csv(qncCsvTextOpenEncoded(file.path(), ';', encoding, error.Out()));
+    ASSERT_NE(csv, nullptr) << error.Text();
+    EXPECT_EQ(qncCsvTextNextRow(csv.get(), error.Out()), 1) << error.Text();
+    EXPECT_EQ(Fields(csv), "\xE5\x90\x8D|2|");
+    EXPECT_EQ(qncCsvTextFieldIndex(csv.get(), "\xE5\x90\x8D", nullptr), 0);
+    EXPECT_EQ(qncCsvTextLine(csv.get()), 1u);
+    EXPECT_EQ(qncCsvTextNextRow(csv.get(), error.Out()), 0);
+    EXPECT_EQ(error.Text(), "");
+  }
+}
+
+TEST(CInterfaceCsvText, EncodedFilesLongerThanAPieceKeepEveryRow) {
+  std::string text;
+  for (int i = 0; i < 30000; ++i) text += std::to_string(i) + ",\xC3\xFB\n";
+  const quarnfc_test::TempFile file(text);
+  const CsvText csv(qncCsvTextOpenEncoded(file.path(), ',', QNC_ENCODING_ANY, nullptr));
+  ASSERT_NE(csv, nullptr);
+  int rows = 0;
+  while (qncCsvTextNextRow(csv.get(), nullptr) == 1) {
+    ASSERT_EQ(Fields(csv), std::to_string(rows) + "|\xE5\x90\x8D|");
+    ++rows;
+  }
+  EXPECT_EQ(rows, 30000);
+}
+
+TEST(CInterfaceCsvText, NoTextInTheEncodingEndsTheRowsWithAnError) {
+  const quarnfc_test::TempFile file("a,b\n1,\xFF\n2,3\n");
+  const CsvText csv(qncCsvTextOpenEncoded(file.path(), ',', QNC_ENCODING_UTF8, nullptr));
+  ASSERT_NE(csv, nullptr);
+  EXPECT_EQ(qncCsvTextNextRow(csv.get(), nullptr), 1);
+  EXPECT_EQ(Fields(csv), "a|b|");
+  Error error;
+  for (int again = 0; again < 2; ++again) {
+    EXPECT_EQ(qncCsvTextNextRow(csv.get(), error.Out()), -1);
+    EXPECT_EQ(error.Text(), "5: Quarn: byte 6: there is no text");
+    EXPECT_EQ(qncCsvTextCount(csv.get()), 0);
+  }
+}
+
+TEST(CInterfaceCsvText, WhatCannotBeOpenedInAnEncodingIsAnError) {
+  const quarnfc_test::TempFile file("a\n");
+  Error error;
+  EXPECT_EQ(qncCsvTextOpenEncoded("no-such-folder/file.csv", ',', 0, error.Out()), nullptr);
+  EXPECT_EQ(error.Text(), "14: Quarn: the file cannot be opened");
+  EXPECT_EQ(qncCsvTextOpenEncoded(nullptr, ',', 0, error.Out()), nullptr);
+  EXPECT_EQ(error.Text(), "87: Quarn: an argument is null");
+  EXPECT_EQ(qncCsvTextOpenEncoded(file.path(), '"', 0, error.Out()), nullptr);
+  EXPECT_EQ(error.Text(), "87: Quarn: this byte cannot separate fields");
+  for (const int encoding : {-1, 5}) {
+    EXPECT_EQ(qncCsvTextOpenEncoded(file.path(), ',', encoding, error.Out()), nullptr);
+    EXPECT_EQ(error.Text(), "87: Quarn: there is no such encoding");
+  }
 }
 
 TEST(CInterfaceCsvText, WhatCannotBeReadIsAnError) {

@@ -1,8 +1,8 @@
 /* SPDX-License-Identifier: MIT */
 /* CSV with options in the flat C interface (quarnfc.h in this folder says how everything works):
  * any delimiter, line ends inside quotes (RFC 4180), rows of up to 16 MiB, and fields that are
- * never converted. It stands beside QncCsv, which knows commas, ends a field with its line and
- * keeps text in the code page.
+ * never converted unless the caller names or leaves open an encoding. It stands beside QncCsv,
+ * which knows commas, ends a field with its line and keeps text in the code page.
  *
  * Example:
  *   QncCsvText* csv = qncCsvTextFromMemory("1;\"a;b\"\n", 8, ';', NULL);
@@ -21,6 +21,12 @@ typedef struct QncCsvText QncCsvText;
  * piece by piece. A mark EF BB BF at its start is passed over; there is no header row. */
 QN_PLAIN_API QncCsvText* qncCsvTextOpen(const char* path, char delimiter, CQNObject** error);
 
+/* The same for a file in an encoding of encoded_text.h, QNC_ENCODING_ANY for the one
+ * that is found in it. Fields are in UTF-8; the first byte that begins no character ends the rows
+ * with an error in the place of the row that it is in. */
+QN_PLAIN_API QncCsvText* qncCsvTextOpenEncoded(const char* path, char delimiter, int encoding,
+                                               CQNObject** error);
+
 /* The same over size bytes in memory, which are copied. */
 QN_PLAIN_API QncCsvText* qncCsvTextFromMemory(const char* text, size_t size, char delimiter,
                                               CQNObject** error);
@@ -35,7 +41,8 @@ QN_PLAIN_API int qncCsvTextNextRow(QncCsvText* csv, CQNObject** error);
 QN_PLAIN_API size_t qncCsvTextLine(const QncCsvText* csv);
 
 /* The number of fields of the row last read, and the one at index: its bytes as they stand in the
- * file, of *size bytes when size is not null. Null when there is none. Borrowed until the next row.
+ * file, or in UTF-8 when it was opened in an encoding, of *size bytes when size is not null. Null
+ * when there is none. Borrowed until the next row.
  */
 QN_PLAIN_API int qncCsvTextCount(const QncCsvText* csv);
 QN_PLAIN_API const char* qncCsvTextField(const QncCsvText* csv, int index, size_t* size);
