@@ -47,10 +47,12 @@ TEST(QnJsonCheck, ReadableFileIsDescribedWithItsEncoding) {
   const std::pair<const char*, const char*> cases[] = {
       {kSettings, "an object with 4 members, UTF-8"},
       {"{}", "an object with 0 members, UTF-8"},
+      {"{\"a\": 1}", "an object with 1 member, UTF-8"},
+      {"[]", "an array with 0 elements, UTF-8"},
       {"\xEF\xBB\xBF[1, 2, 3, 4]", "an array with 4 elements, UTF-8 with mark"},
-      {"[\"\xD6\xD0\"]", "an array with 1 elements, code page"},
+      {"[\"\xD6\xD0\"]", "an array with 1 element, code page"},
       {"[\"\xE4\xB8\xAD\"]",
-       "an array with 1 elements, UTF-8 without mark (the library takes it for the code page)"},
+       "an array with 1 element, UTF-8 without mark (the library takes it for the code page)"},
   };
   for (const auto& [text, description] : cases) {
     const TempFile file(text);
@@ -62,6 +64,20 @@ TEST(QnJsonCheck, ReadableFileIsDescribedWithItsEncoding) {
                   "1\0]\0",
                   8));
   EXPECT_TRUE(Contains(RunJson({"check", wide.path()}).output, "UTF-16 (little-endian)\n"));
+}
+
+TEST(QnJsonCheck, LenientDescriptionsCountAlike) {
+  const std::pair<const char*, const char*> cases[] = {
+      {R"({"the first": "value"})", "an object with 1 member"},
+      {R"({"the first": "value" "second": 2})", "an object with 2 members"},
+      {R"(["the first element"])", "an array with 1 element"},
+      {R"(["the first element", 2])", "an array with 2 elements"},
+  };
+  for (const auto& [text, description] : cases) {
+    const TempFile file(text);
+    const std::string output = RunJson({"check", "--lenient", file.path()}).output;
+    EXPECT_EQ(output.substr(0, output.find(',')), std::string(file.path()) + ": " + description);
+  }
 }
 
 TEST(QnJsonCheck, BrokenFileShowsLineColumnReasonAndMark) {
@@ -663,7 +679,7 @@ TEST(QnJsonFiles, AFileThatFailsIsNamedAndTheOthersFollow) {
   const FullOutcome shape = RunJson({"shape", missing, two.path()});
   EXPECT_EQ(shape.code, 1);
   EXPECT_TRUE(Contains(shape.errors, missing)) << shape.errors;
-  EXPECT_TRUE(Contains(shape.output, "an object with 1 members"));
+  EXPECT_TRUE(Contains(shape.output, "an object with 1 member,"));
 }
 
 TEST(QnJsonFiles, OneValueIsSetInEach) {

@@ -7,6 +7,8 @@
 #include <quarnfc/object.h>
 #include <quarnfc/plain.h>
 
+#include <cstddef>
+
 #include "qn/console.h"
 #include "qn/errors.h"
 #include "qn/exit_code.h"
@@ -152,9 +154,12 @@ void PrintDocument(char* utf8, bool as_utf8) {
 
 std::string DescribeLenientRoot(const CMyJsonValue& root) {
   if (root.IsObj()) {
-    return "an object with " + std::to_string(root.ValueObj()->ValueCount()) + " members";
+    return "an object with " +
+           CountOf(static_cast<std::size_t>(root.ValueObj()->ValueCount()), "member");
   }
-  if (root.IsArr()) return "an array with " + std::to_string(root.ValueArrLength()) + " elements";
+  if (root.IsArr()) {
+    return "an array with " + CountOf(static_cast<std::size_t>(root.ValueArrLength()), "element");
+  }
   return "a single value";
 }
 

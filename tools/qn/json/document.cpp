@@ -64,9 +64,13 @@ std::string DescribeJsonError(const std::string& name, std::string_view text,
          error.Message() + "\n" + Excerpt(text, error.offset);
 }
 
+std::string CountOf(std::size_t count, const std::string& noun) {
+  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
 std::string DescribeJsonRoot(const quarnfc::ext::JsonTextNode& root) {
-  if (root.IsObject()) return "an object with " + std::to_string(root.Count()) + " members";
-  if (root.IsArray()) return "an array with " + std::to_string(root.Count()) + " elements";
+  if (root.IsObject()) return "an object with " + CountOf(root.Count(), "member");
+  if (root.IsArray()) return "an array with " + CountOf(root.Count(), "element");
   return "a single value";
 }
 

@@ -5,6 +5,7 @@
 
 #include <quarnfc/ext/json_text.h>
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -49,6 +50,9 @@ class JsonDocument {
 // "name:line:column: message", the line and a mark below the place.
 std::string DescribeJsonError(const std::string& name, std::string_view text,
                               const quarnfc::ext::JsonTextError& error);
+
+// A number of things, for people: "1 member", "4 members".
+std::string CountOf(std::size_t count, const std::string& noun);
 
 // What a document is, for people: "an object with 4 members".
 std::string DescribeJsonRoot(const quarnfc::ext::JsonTextNode& root);
