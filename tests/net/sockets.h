@@ -30,7 +30,6 @@ inline void NeverBlock(Socket socket) {
 #else
 #include <fcntl.h>
 #include <netinet/in.h>
-#include <netinet/tcp.h>
 #include <sys/select.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -50,13 +49,5 @@ inline void NeverBlock(Socket socket) {
   fcntl(socket, F_SETFL, fcntl(socket, F_GETFL) | O_NONBLOCK);
 }
 #endif
-
-// Small pieces leave at once: without this each waits until the client has acknowledged the one
-// before it, which clients put off for tens of milliseconds.
-inline void NeverHoldBack(Socket socket) {
-  const int enabled = 1;
-  setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, reinterpret_cast<const char*>(&enabled),
-             sizeof(enabled));
-}
 
 #endif  // QUARNFC_TESTS_NET_SOCKETS_H_
