@@ -2,6 +2,7 @@
 // A value on its way from a table into settings: the table is CSV in any encoding, with line breaks
 // in quotes; of the settings nothing but the value changes, no blank and no spelling, and their
 // file is whole at every moment. Usage: sample_text_files [TABLE.csv]
+#include <quarnfc/ext/csv_file.h>
 #include <quarnfc/ext/csv_text.h>
 #include <quarnfc/ext/encoded_text.h>
 #include <quarnfc/ext/json_text.h>
@@ -16,6 +17,8 @@
 #include <utility>
 
 using quarnfc::ext::ApplyJsonEdits;
+using quarnfc::ext::CsvFileOptions;
+using quarnfc::ext::CsvFileReader;
 using quarnfc::ext::CsvTextReader;
 using quarnfc::ext::CsvTextRow;
 using quarnfc::ext::ErrorHandle;
@@ -45,9 +48,8 @@ std::string ReadAll(const char* path) {
 }
 
 // The field called name in the first row behind the header.
-std::string FirstValue(const std::string& utf8, const char* name, std::string& error) {
-  std::string rest = utf8;
-  CsvTextReader rows([&rest] { return std::exchange(rest, ""); }, ';');
+template <class Reader>
+std::string FirstValue(Reader& rows, const char* name, std::string& error) {
   CsvTextRow header;
   CsvTextRow row;
   const bool found = rows.Next(header) && rows.Next(row);
@@ -60,16 +62,30 @@ std::string FirstValue(const std::string& utf8, const char* name, std::string& e
   return "";
 }
 
+std::string ValueOfFile(const char* path, std::string& error) {
+  CsvFileOptions options;
+  options.delimiter = ';';
+  CsvFileReader rows;
+  rows.Open(path, options);  // where it fails, there is no row, and an Error
+  return FirstValue(rows, "longitude", error);
+}
+
+std::string ValueOfText(const char* bytes, std::string& error) {
+  TextDecoder decoder;
+  std::string utf8;
+  if (!decoder.Decode(bytes, true, utf8)) {
+    error = "no text from byte " + std::to_string(decoder.ErrorOffset()) + " on";
+    return "";
+  }
+  CsvTextReader rows([&utf8] { return std::exchange(utf8, ""); }, ';');
+  return FirstValue(rows, "longitude", error);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  TextDecoder decoder;
-  std::string table;
-  if (!decoder.Decode(argc > 1 ? ReadAll(argv[1]) : kTable, true, table)) {
-    return Fail("no text from byte " + std::to_string(decoder.ErrorOffset()) + " on");
-  }
   std::string error;
-  const std::string value = FirstValue(table, "longitude", error);
+  const std::string value = argc > 1 ? ValueOfFile(argv[1], error) : ValueOfText(kTable, error);
   if (!error.empty()) return Fail(error);
 
   JsonText settings;
