@@ -28,9 +28,9 @@
 #include <ios>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
 namespace quarnfc::ext {
@@ -114,8 +114,8 @@ class CsvFileReader {
     try {
       std::ifstream stream(std::filesystem::path(path), std::ios::binary);
       if (stream) file_ = std::make_unique<File>(std::move(stream), options);
-    } catch (const std::system_error&) {
-      // The path is no text.
+    } catch (const std::runtime_error&) {
+      // The path is no text: standard libraries throw what they like, all of it of this kind.
     }
     return file_ != nullptr;
   }
