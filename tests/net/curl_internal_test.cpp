@@ -272,6 +272,30 @@ std::string FirstLine(ScriptedServer& server) {
   return request.substr(0, request.find("\r\n"));
 }
 
+TEST_F(Curl, ATargetThatCannotBeToldIsNotReplacedByTheOneBefore) {
+  for (const bool by_proxy : {false, true}) {
+    ScriptedServer server(HttpResponse("answer"));
+    OutgoingHead head = Get(server.Port());
+    if (by_proxy) {
+      head.route.proxy = {INTERNET_OPEN_TYPE_PROXY, "127.0.0.1:" + std::to_string(server.Port()),
+                          ""};
+    }
+    ASSERT_EQ(Send(head), 0u);
+    EXPECT_EQ(Receive(), "answer");
+    exchange_.reset();  // its line is free again
+    head.target = "/second";
+    if (by_proxy) {
+      failing_curl::Refuse("curl_url_set");
+      EXPECT_EQ(Send(head), DWORD{ERROR_INTERNET_INVALID_URL});
+    } else {
+      failing_curl::RefuseOption(CURLOPT_REQUEST_TARGET);
+      EXPECT_EQ(Send(head), DWORD{ERROR_NOT_ENOUGH_MEMORY});
+    }
+    failing_curl::Refuse("");
+    EXPECT_EQ(server.LastRequest().find("/second"), std::string::npos);
+  }
+}
+
 TEST_F(Curl, AProxyGetsTheWholeUrlAndItsCredentials) {
   ScriptedServer proxy(HttpResponse("through"));
   OutgoingHead head = Get(81, "far.test");

@@ -21,9 +21,9 @@ typedef struct QncCsvText QncCsvText;
  * piece by piece. A mark EF BB BF at its start is passed over; there is no header row. */
 QN_PLAIN_API QncCsvText* qncCsvTextOpen(const char* path, char delimiter, CQNObject** error);
 
-/* The same for a file in an encoding of encoded_text.h, QNC_ENCODING_ANY for the one
- * that is found in it. Fields are in UTF-8; the first byte that begins no character ends the rows
- * with an error in the place of the row that it is in. */
+/* The same for a file in an encoding of encoded_text.h, QNC_ENCODING_ANY for the one that is found
+ * in it; any other number is an argument error. Fields are in UTF-8; the first byte that begins no
+ * character ends the rows with an error in the place of the row that it is in. */
 QN_PLAIN_API QncCsvText* qncCsvTextOpenEncoded(const char* path, char delimiter, int encoding,
                                                CQNObject** error);
 

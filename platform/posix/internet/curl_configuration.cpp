@@ -87,7 +87,7 @@ DWORD CurlExchange::Configure(const OutgoingHead& head) {
   curl_easy_setopt(easy, CURLOPT_HTTP_VERSION,
                    head.http_1_0 ? CURL_HTTP_VERSION_1_0 : CURL_HTTP_VERSION_1_1);
   ConfigureCallbacks();
-  ConfigureTarget(head);
+  if (const DWORD error = ConfigureTarget(head)) return error;
   ConfigureBody(head);
   return ConfigureHeaders(head) ? 0 : ERROR_NOT_ENOUGH_MEMORY;
 }
@@ -152,12 +152,18 @@ void CurlExchange::ConfigureCallbacks() {
   }
 }
 
-// A proxy is told the whole URL, which libcurl then has to make itself.
-void CurlExchange::ConfigureTarget(const OutgoingHead& head) {
+// A proxy is told the whole URL, which libcurl then has to make itself. Where it cannot, the target
+// of the request before must not be asked for instead.
+DWORD CurlExchange::ConfigureTarget(const OutgoingHead& head) {
   const char* const target = head.target.c_str();
   const bool whole_url = MayMeetProxy(head.route);
-  if (whole_url) curl_url_set(line_->url.get(), CURLUPART_PATH, target, 0);
-  curl_easy_setopt(line_->easy.get(), CURLOPT_REQUEST_TARGET, whole_url ? nullptr : target);
+  if (whole_url && curl_url_set(line_->url.get(), CURLUPART_PATH, target, 0) != CURLUE_OK) {
+    return ERROR_INTERNET_INVALID_URL;
+  }
+  const char* const request_target = whole_url ? nullptr : target;
+  return curl_easy_setopt(line_->easy.get(), CURLOPT_REQUEST_TARGET, request_target) == CURLE_OK
+             ? 0
+             : ERROR_NOT_ENOUGH_MEMORY;
 }
 
 // Every kind of request says all of it: the one before may have been of another kind.

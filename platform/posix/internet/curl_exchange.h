@@ -35,7 +35,7 @@ class CurlExchange : public Exchange {
   DWORD ConfigureRoute();
   DWORD ConfigureServer();
   void ConfigureProxy();
-  void ConfigureTarget(const OutgoingHead& head);
+  DWORD ConfigureTarget(const OutgoingHead& head);
   void ConfigureBody(const OutgoingHead& head);
   bool ConfigureHeaders(const OutgoingHead& head);
   void ConfigureCallbacks();

@@ -16,7 +16,6 @@
   FUNCTION(void, curl_easy_cleanup, (CURL * easy), (easy))                                      \
   FUNCTION(CURL*, curl_easy_init, (), ())                                                       \
   FUNCTION(CURLcode, curl_easy_pause, (CURL * easy, int mask), (easy, mask))                    \
-  FUNCTION(void, curl_easy_reset, (CURL * easy), (easy))                                        \
   FUNCTION(CURLcode, curl_global_init, (long flags), (flags))                                   \
   FUNCTION(CURLMcode, curl_multi_add_handle, (CURLM * multi, CURL * easy), (multi, easy))       \
   FUNCTION(CURLMcode, curl_multi_cleanup, (CURLM * multi), (multi))                             \
