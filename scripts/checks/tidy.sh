@@ -1,26 +1,33 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # clang-tidy over the sources of both targets: those of the native build, and what only the build for
-# Windows compiles with that build's commands.
+# Windows compiles with that build's commands. The tests of a folder are read as one unit, as they are
+# compiled, unless files are named.
 # Usage: tidy.sh [FILE...]
 set -euo pipefail
 source "$(dirname "$0")/../lib.sh"
 cd "$project"
 
-# configure PRESET: the compile commands of a preset in build/tidy-PRESET, one for each source, without
-# the precompiled headers and the options that clang does not know.
+# configure PRESET JOIN: the compile commands of a preset in build/tidy-PRESET, without the precompiled
+# headers and the options that clang does not know. The joined tests follow the rules of tests.
 configure() {
   configure_preset "$1" -B "build/tidy-$1" -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON \
-    -DQUARNFC_JOIN_TESTS=OFF -DQUARNFC_BUILD_BENCH=OFF
+    -DQUARNFC_JOIN_TESTS="$2" -DQUARNFC_BUILD_BENCH=OFF
   sed -i 's/ -fno-keep-inline-dllexport//; s/ -femit-class-debug-always//' \
     "build/tidy-$1/compile_commands.json"
+  cp tests/.clang-tidy "build/tidy-$1/tests"
 }
 
 # sources PRESET: what the project itself compiles in it, but for the hosts that are compiled for the
 # warnings they give.
 sources() {
-  sed -n 's/^ *"file": "\(.*\.cpp\)",\{0,1\}$/\1/p' "build/tidy-$1/compile_commands.json" |
-    sed -n "s|^$project/||p" | grep -vE '^build/|^tests/module/care(ful|less)_host' | LC_ALL=C sort -u
+  sed -n 's/^ *"file": "\(.*\.c\(pp\|xx\)\)",\{0,1\}$/\1/p' "build/tidy-$1/compile_commands.json" |
+    sed -n "s|^$project/||p" | grep -P '^(?!build/|tests/module/care(ful|less)_host)|/Unity/' | LC_ALL=C sort -u
+}
+
+# joined PRESET: the sources that are read as parts of a unit.
+joined() {
+  find "build/tidy-$1" -path '*/Unity/*.cxx' -exec sed -n "s|^#include \"$project/\(.*\)\"$|\1|p" {} +
 }
 
 # The system include folders of the cross compiler, apart from those that clang has itself.
@@ -42,11 +49,15 @@ tidy() {
 chosen() { if [ ${#wanted[@]} -eq 0 ]; then cat; else grep -xFf <(printf '%s\n' "${wanted[@]}"); fi; }
 
 wanted=("$@")
-configure linux
-configure windows
+join=ON
+[ $# -eq 0 ] || join=OFF
+configure linux "$join"
+configure windows OFF
 mapfile -t cross < <(cross_arguments)
 mapfile -t native_files < <(sources linux | chosen)
-mapfile -t windows_files < <(comm -13 <(sources linux) <(sources windows) | chosen)
+mapfile -t windows_files < <(
+  comm -13 <({ sources linux && joined linux; } | LC_ALL=C sort) <(sources windows) | chosen
+)
 failed=0
 printf '%s\n' "${native_files[@]}" | tidy linux || failed=1
 printf '%s\n' "${windows_files[@]}" | tidy windows "${cross[@]}" || failed=1

@@ -12,7 +12,7 @@
 
 namespace {
 
-using std::string_view_literals::operator""sv;
+using namespace std::string_view_literals;
 
 struct Exhaustive {
   const char* name;       // of the target
