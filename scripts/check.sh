@@ -10,12 +10,11 @@ source "$(dirname "$0")/lib.sh"
 
 # The quick ones first; the bars last, for they count what the others' compilers said. With the tests
 # they stay below an hour on two cores with an empty compiler cache.
-gates=(format shell licence layers docs asan tsan clang msvc)
-# Before a release, by hand: the plain build and clang-tidy, a quarter of an hour each; modules and
-# packages as they are released, which are built twice more with link-time optimisation; what the
-# fuzzers and benchmarks are made of, which seldom changes; what lines and branches the tests reach;
-# and the native tests under valgrind, which takes hours.
-release_gates=(plain tidy release packages bench fuzz coverage valgrind)
+gates=(format shell licence layers docs plain asan tsan clang msvc fuzz bench tidy)
+# Before a release, by hand: modules and packages as they are released, which are built twice more
+# with link-time optimisation; what lines and branches the tests reach; and the native tests under
+# valgrind, which takes hours.
+release_gates=(release packages coverage valgrind)
 last_gates=(bars)
 
 passed=0
