@@ -14,11 +14,12 @@ inline constexpr const char* kOurs = "QuarnFC";
 
 // Runs body once per iteration.
 template <class Body>
-void Row(const std::string& work, const std::string& input, const std::string& who, Body body) {
-  benchmark::RegisterBenchmark((work + '|' + input + '|' + who).c_str(),
-                               [body](benchmark::State& state) {
-                                 for (auto _ : state) body();
-                               });
+benchmark::internal::Benchmark* Row(const std::string& work, const std::string& input,
+                                    const std::string& who, Body body) {
+  return benchmark::RegisterBenchmark((work + '|' + input + '|' + who).c_str(),
+                                      [body](benchmark::State& state) {
+                                        for (auto _ : state) body();
+                                      });
 }
 
 // One line that is about memory: measure returns a number of bytes.
