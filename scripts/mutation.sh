@@ -14,12 +14,9 @@ cd "$project"
 copy=build/mutation/tree
 # Only what differs is copied, which is all that has to be built.
 scripts/mutation.py copy "$copy"
-# No test program is linked again because the library was, and not with the slow linker.
-linker=
-if command -v ld.lld >/dev/null; then linker=-fuse-ld=lld; fi
+# No test program is linked again because the library was.
 logged configure-mutation cmake -S "$copy" -B "$copy/build/mutation" -G Ninja -DQUARNFC_WERROR=ON \
-  -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0 -DCMAKE_C_FLAGS_DEBUG=-O0 \
-  -DCMAKE_LINK_DEPENDS_NO_SHARED=ON -DCMAKE_EXE_LINKER_FLAGS="$linker" \
-  -DCMAKE_SHARED_LINKER_FLAGS="$linker" \
+  -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O1 -DCMAKE_C_FLAGS_DEBUG=-O1 \
+  -DCMAKE_LINK_DEPENDS_NO_SHARED=ON \
   -DQUARNFC_BUILD_BENCH=OFF -DQUARNFC_BUILD_TOOLS=OFF -DQUARNFC_BUILD_SAMPLES=OFF
 exec scripts/mutation.py "$copy" "$copy/build/mutation" build/mutation/results.tsv "$@"
