@@ -296,6 +296,26 @@ TEST_F(Curl, ATargetThatCannotBeToldIsNotReplacedByTheOneBefore) {
   }
 }
 
+// Not another verb, past the proxy, or without its credentials.
+TEST_F(Curl, NothingIsSentWhereAPartOfTheRequestCannotBeTold) {
+  constexpr CURLoption kParts[] = {CURLOPT_CUSTOMREQUEST, CURLOPT_PROXY, CURLOPT_NOPROXY,
+                                   CURLOPT_PROXYUSERNAME, CURLOPT_PROXYPASSWORD};
+  for (const CURLoption part : kParts) {
+    ScriptedServer server(HttpResponse("answer"));
+    OutgoingHead head = Get(server.Port());
+    head.verb = "DELETE";
+    head.route.proxy = {INTERNET_OPEN_TYPE_PROXY, "127.0.0.1:" + std::to_string(server.Port()), ""};
+    head.route.proxy_user = "user";
+    head.route.proxy_password = "password";
+    failing_curl::RefuseOption(part);
+    EXPECT_EQ(Send(head), DWORD{ERROR_NOT_ENOUGH_MEMORY}) << part;
+    failing_curl::Refuse("");
+    EXPECT_EQ(server.LastRequest(), "") << part;
+    ASSERT_EQ(Send(head), 0u) << part;
+    EXPECT_EQ(Receive(), "answer") << part;
+  }
+}
+
 TEST_F(Curl, AProxyGetsTheWholeUrlAndItsCredentials) {
   ScriptedServer proxy(HttpResponse("through"));
   OutgoingHead head = Get(81, "far.test");

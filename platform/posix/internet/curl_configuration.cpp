@@ -37,6 +37,11 @@ std::string DirectHosts(const std::string& bypass) {
   return hosts;
 }
 
+// Whether libcurl has kept a copy of the text.
+bool Tell(CURL* easy, CURLoption option, const std::string& text) {
+  return curl_easy_setopt(easy, option, text.c_str()) == CURLE_OK;
+}
+
 using HeaderList = std::unique_ptr<curl_slist, ListCloser>;
 
 bool Append(HeaderList& list, const char* line) {
@@ -88,8 +93,7 @@ DWORD CurlExchange::Configure(const OutgoingHead& head) {
                    head.http_1_0 ? CURL_HTTP_VERSION_1_0 : CURL_HTTP_VERSION_1_1);
   ConfigureCallbacks();
   if (const DWORD error = ConfigureTarget(head)) return error;
-  ConfigureBody(head);
-  return ConfigureHeaders(head) ? 0 : ERROR_NOT_ENOUGH_MEMORY;
+  return ConfigureBody(head) && ConfigureHeaders(head) ? 0 : ERROR_NOT_ENOUGH_MEMORY;
 }
 
 // What every request of the route has in common.
@@ -106,8 +110,7 @@ DWORD CurlExchange::ConfigureRoute() {
   if (line_->route.secure && !RelaxCertificates(easy, line_->security_flags)) {
     return ERROR_INTERNET_SECURITY_CHANNEL_ERROR;
   }
-  ConfigureProxy();
-  return ConfigureServer();
+  return ConfigureProxy() ? ConfigureServer() : ERROR_NOT_ENOUGH_MEMORY;
 }
 
 DWORD CurlExchange::ConfigureServer() {
@@ -129,19 +132,20 @@ DWORD CurlExchange::ConfigureServer() {
   return 0;
 }
 
-void CurlExchange::ConfigureProxy() {
+bool CurlExchange::ConfigureProxy() {
   CURL* easy = line_->easy.get();
   const Route& route = line_->route;
   curl_easy_setopt(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
+  bool told = true;
   if (route.proxy.access_type == INTERNET_OPEN_TYPE_DIRECT) {
-    curl_easy_setopt(easy, CURLOPT_PROXY, "");
+    told = Tell(easy, CURLOPT_PROXY, "");
   } else if (route.proxy.access_type == INTERNET_OPEN_TYPE_PROXY) {
-    curl_easy_setopt(easy, CURLOPT_PROXY, route.proxy.name.c_str());
-    curl_easy_setopt(easy, CURLOPT_NOPROXY, DirectHosts(route.proxy.bypass).c_str());
+    told = Tell(easy, CURLOPT_PROXY, route.proxy.name) &&
+           Tell(easy, CURLOPT_NOPROXY, DirectHosts(route.proxy.bypass));
   }
-  if (route.proxy_user.empty()) return;
-  curl_easy_setopt(easy, CURLOPT_PROXYUSERNAME, route.proxy_user.c_str());
-  curl_easy_setopt(easy, CURLOPT_PROXYPASSWORD, route.proxy_password.c_str());
+  if (route.proxy_user.empty()) return told;
+  return told && Tell(easy, CURLOPT_PROXYUSERNAME, route.proxy_user) &&
+         Tell(easy, CURLOPT_PROXYPASSWORD, route.proxy_password);
 }
 
 void CurlExchange::ConfigureCallbacks() {
@@ -167,7 +171,7 @@ DWORD CurlExchange::ConfigureTarget(const OutgoingHead& head) {
 }
 
 // Every kind of request says all of it: the one before may have been of another kind.
-void CurlExchange::ConfigureBody(const OutgoingHead& head) {
+bool CurlExchange::ConfigureBody(const OutgoingHead& head) {
   CURL* easy = line_->easy.get();
   chunked_ = head.body == BodyKind::kChunked;
   if (head.body == BodyKind::kNone) {
@@ -178,7 +182,7 @@ void CurlExchange::ConfigureBody(const OutgoingHead& head) {
                      chunked_ ? curl_off_t{-1} : static_cast<curl_off_t>(head.body_length));
   }
   if (head.verb == "HEAD") curl_easy_setopt(easy, CURLOPT_NOBODY, 1L);
-  curl_easy_setopt(easy, CURLOPT_CUSTOMREQUEST, head.verb.c_str());
+  return Tell(easy, CURLOPT_CUSTOMREQUEST, head.verb);
 }
 
 bool CurlExchange::ConfigureHeaders(const OutgoingHead& head) {

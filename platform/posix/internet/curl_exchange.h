@@ -34,9 +34,9 @@ class CurlExchange : public Exchange {
   DWORD Configure(const OutgoingHead& head);
   DWORD ConfigureRoute();
   DWORD ConfigureServer();
-  void ConfigureProxy();
+  bool ConfigureProxy();
   DWORD ConfigureTarget(const OutgoingHead& head);
-  void ConfigureBody(const OutgoingHead& head);
+  bool ConfigureBody(const OutgoingHead& head);
   bool ConfigureHeaders(const OutgoingHead& head);
   void ConfigureCallbacks();
 
