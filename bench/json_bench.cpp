@@ -6,6 +6,8 @@
 #include <quarnfc/json_files.h>
 #include <quarnfc/json_object.h>
 #include <quarnfc/json_value.h>
+#include <quarnfc/plain.h>
+#include <quarnfc/string_utils.h>
 #include <rapidjson/document.h>
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/stringbuffer.h>
@@ -96,6 +98,21 @@ void AddWriting(const std::string& input, const std::string& text) {
   Row("json write indented", input, kOurs, [ours] { Keep(ours->CreateJson(true)); });
   Row("json write indented", input, "RapidJSON",
       RapidWriter<rapidjson::PrettyWriter<rapidjson::StringBuffer>>(text));
+}
+
+// The text is taken into the code page first, as a host's would be.
+void AddUtf8Writing(const std::string& input, const std::string& text) {
+  std::vector<wchar_t> wide(text.size() + 1);
+  QNStringUtils::UTF82Unicode(text.c_str(), wide.data(), static_cast<int>(wide.size()));
+  const CQNString ansi(wide.data());
+  const Document ours = Load(static_cast<const char*>(ansi));
+  Row("json write UTF-8", input, kOurs, [ours] {
+    char* const utf8 = ours->CreateUTF8Json(false);
+    Keep(utf8);
+    qnFreeMem(utf8);
+  });
+  Row("json write UTF-8", input, "RapidJSON",
+      RapidWriter<rapidjson::Writer<rapidjson::StringBuffer>>(text));
 }
 
 void AddCopying(const std::string& input, const std::string& text) {
@@ -252,6 +269,7 @@ int main(int argc, char** argv) {
     AddLoading(name, text);
     AddWalking(name, text);
     AddWriting(name, text);
+    AddUtf8Writing(name, text);
     AddCopying(name, text);
   }
   AddFile("settings 4 kB", Settings(20));

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// JSON text read and written against slow references: tree, message, layout and the way back. A
-// byte that says whether the caller's message holds something already, then the text.
+// JSON text read and written against slow references: tree, message, layout, UTF-8 and the way
+// back. A byte that says whether the caller's message holds something already, then the text.
 #include <quarnfc/json_object.h>
 #include <quarnfc/json_value.h>
+#include <quarnfc/plain.h>
 
 #include <algorithm>
 #include <cmath>
@@ -10,6 +11,7 @@
 
 #include "fuzz/input.h"
 #include "fuzz/json_reference.h"
+#include "fuzz/json_utf8_reference.h"
 #include "fuzz/json_writer_reference.h"
 #include "fuzz/reference.h"
 
@@ -62,7 +64,21 @@ bool IsWrittenWhole(const CMyJsonValue& value) {
   return value.IsObj() ? IsWrittenWhole(*value.ValueObj()) : !value.IsEmpty();
 }
 
+void CheckUtf8(const CMyJsonValue& value, bool indent) {
+  char* const utf8 = value.CreateUTF8Json(indent);
+  fuzz::Expect(utf8 == fuzz::JsonTextAsUtf8(fuzz::BytesOf(value.CreateJson(indent))));
+  qnFreeMem(utf8);
+}
+
+// As part of a text that is long enough to be converted in pieces.
+void CheckLongUtf8(const CMyJsonValue& value) {
+  const std::string filler(1100, 'x');
+  CMyJsonValue* elements[] = {new CMyJsonValue(filler.c_str()), value.Clone()};
+  CheckUtf8(CMyJsonValue(elements, 2), false);
+}
+
 void CheckWriting(const CMyJsonValue& value, bool indent) {
+  CheckUtf8(value, indent);
   const std::string text = fuzz::BytesOf(value.CreateJson(indent));
   fuzz::Expect(text == fuzz::JsonWriterReference(indent).ValueText(value));
   if (!IsWrittenWhole(value)) return;
@@ -85,5 +101,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   CheckObject(text);
   CheckWriting(value, false);
   CheckWriting(value, true);
+  CheckLongUtf8(value);
   return 0;
 }

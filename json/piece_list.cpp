@@ -18,23 +18,35 @@ void PieceList::BeginPiece(std::size_t count) {
 }
 
 void PieceList::EndPiece() {
-  if (pieces_.empty()) return;
-  pieces_.back().length = static_cast<std::size_t>(next_ - pieces_.back().bytes.get());
-  length_ += pieces_.back().length;
+  if (next_ == nullptr) return;
+  Piece& piece = pieces_.back();
+  piece.length = static_cast<std::size_t>(next_ - piece.bytes.get());
+  length_ += piece.length;
+  next_ = end_ = nullptr;
   if (length_ > static_cast<std::size_t>(std::numeric_limits<int>::max())) throw std::bad_alloc();
 }
 
-CQNString PieceList::Join() {
+std::size_t PieceList::Length() {
   EndPiece();
+  return length_;
+}
+
+CQNString PieceList::Join() {
   CQNString text;
-  if (length_ == 0) return text;
-  char* target = text.GetBufferSetLength(static_cast<int>(length_));
-  for (Piece& piece : pieces_) {
-    std::memcpy(target, piece.bytes.get(), piece.length);
-    target += piece.length;
-    piece.bytes.reset();
-  }
+  if (Length() > 0) JoinInto(text.GetBufferSetLength(static_cast<int>(length_)));
   return text;
+}
+
+OwnedText PieceList::JoinBuffer() {
+  OwnedText text(AllocChars(Length()));
+  JoinInto(text.get());
+  return text;
+}
+
+void PieceList::JoinInto(char* target) {
+  Drain([&target](std::span<const char> piece) {
+    target = std::copy(piece.begin(), piece.end(), target);
+  });
 }
 
 }  // namespace quarnfc::json

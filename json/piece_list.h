@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Text gathered as a list of pieces and joined once, in one buffer of the final length. Pieces are
 // as long as the blocks they lie in, and every block is twice as long as the one before it, up to a
-// limit: no byte is moved before it is joined.
+// limit: no byte is moved before it is joined. What was appended at once lies in one piece.
 #ifndef QUARNFC_JSON_PIECE_LIST_H_
 #define QUARNFC_JSON_PIECE_LIST_H_
 
@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstring>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -41,8 +42,23 @@ class PieceList {
   }
   void Finish(char* end) { next_ = end; }
 
-  // The whole text. Throws std::bad_alloc when it would exceed 2 GiB.
+  // What follows throws std::bad_alloc when the text exceeds 2 GiB.
+
+  std::size_t Length();
+
+  // The whole text; nothing is left here.
   CQNString Join();
+  OwnedText JoinBuffer();
+
+  // Hands the pieces out in turn, each as bytes that may be written to, and frees each afterwards.
+  template <class Take>
+  void Drain(Take take) {
+    EndPiece();
+    for (Piece& piece : pieces_) {
+      take(std::span(piece.bytes.get(), piece.length));
+      piece.bytes.reset();
+    }
+  }
 
  private:
   struct Piece {
@@ -53,9 +69,10 @@ class PieceList {
   // Begins a piece of at least this many bytes.
   void BeginPiece(std::size_t count);
   void EndPiece();
+  void JoinInto(char* target);
 
   std::vector<Piece> pieces_;  // the last one is being written
-  char* next_ = nullptr;
+  char* next_ = nullptr;       // null between pieces
   char* end_ = nullptr;
   std::size_t capacity_ = 512;  // of the next piece
   std::size_t length_ = 0;      // of the finished pieces

@@ -79,17 +79,17 @@ const CMyJsonValueImp& RecordOf(const CMyJsonValue* value) {
 
 }  // namespace
 
-CQNString TextWriter::Write(const CMyJsonObj& object) {
+PieceList TextWriter::Write(const CMyJsonObj& object) {
   OpenObject(object);
   WriteOpen();
-  return text_.Join();
+  return std::move(text_);
 }
 
-CQNString TextWriter::WriteMemberValue(const CMyJsonValueImp& value) {
+PieceList TextWriter::WriteMemberValue(const CMyJsonValueImp& value) {
   outer_levels_ = 1;
   WriteValue(value);
   WriteOpen();
-  return text_.Join();
+  return std::move(text_);
 }
 
 void TextWriter::OpenObject(const CMyJsonObj& object) {

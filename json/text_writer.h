@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Writes JSON values as text, nested as deep as memory allows, in constant stack: open containers
-// stand on a stack on the heap. The text is gathered in pieces and joined once.
+// stand on a stack on the heap. The text is handed out in the pieces that it is gathered in.
 //
 // Compact, there is no white space outside strings. Strings escape exactly backslash, quote, TAB,
 // CR and LF; all other bytes are written as they are. Deliberately, keys are not escaped, a null
@@ -12,8 +12,6 @@
 // stands on lines of its own; arrays in arrays leave an empty line between them, deliberately.
 #ifndef QUARNFC_JSON_TEXT_WRITER_H_
 #define QUARNFC_JSON_TEXT_WRITER_H_
-
-#include <quarnfc/qn_string.h>
 
 #include <cstddef>
 #include <string_view>
@@ -29,11 +27,11 @@ class TextWriter {
   explicit TextWriter(bool indent) : indent_(indent) {}
 
   // The text of an object.
-  CQNString Write(const CMyJsonObj& object);
+  PieceList Write(const CMyJsonObj& object);
 
   // The text of a string, number, boolean or array as it stands behind the key of a top-level
   // member, so that an array is indented by one level.
-  CQNString WriteMemberValue(const CMyJsonValueImp& value);
+  PieceList WriteMemberValue(const CMyJsonValueImp& value);
 
  private:
   // An object or array that is being written.

@@ -67,4 +67,12 @@ OwnedText FromWide(Encoding to, const wchar_t* text) {
   return bytes;
 }
 
+char* AnsiToUtf8(std::string_view text, char* target) {
+  wchar_t units[kShortText];
+  const int count = Checked(platform::ToUtf16(Encoding::kAnsi, text.data(),
+                                              static_cast<int>(text.size()), units, kShortText));
+  const auto room = static_cast<int>(text.size() * kMostUtf8Bytes);
+  return target + Checked(platform::FromUtf16(Encoding::kUtf8, units, count, target, room));
+}
+
 }  // namespace quarnfc

@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string_view>
 
 #include "core/memory/memory.h"
 #include "platform/code_page.h"
@@ -45,6 +46,12 @@ class WideScratch {
 // New buffers with the converted zero-terminated text; null for null.
 OwnedWideText ToWide(Encoding from, const char* text);
 OwnedText FromWide(Encoding to, const wchar_t* text);
+
+// Writes the UTF-8 form of a short text in the ANSI code page, which ends behind a character, and
+// returns its end. target has room for kMostUtf8Bytes for each byte.
+inline constexpr int kShortText = 1024;  // bytes
+inline constexpr std::size_t kMostUtf8Bytes = 3;
+char* AnsiToUtf8(std::string_view text, char* target);
 
 }  // namespace quarnfc
 

@@ -24,6 +24,12 @@ inline std::string Wide(int members) {
   return text + "\"last\":null}";
 }
 
+inline std::string Chinese(int characters) {
+  std::string text;
+  for (int i = 0; i < characters; ++i) text += "\xD6\xD0";
+  return text;
+}
+
 // What every object document of the scenarios looks like.
 inline const JsonText kObjectTexts[] = {
     {"an empty object", "{}"},
@@ -37,6 +43,7 @@ inline const JsonText kObjectTexts[] = {
     {"many members", Wide(40)},
     {"many members, one of them twice", Wide(40).insert(1, "\"member 7\":77,")},
     {"Chinese", "{\"\xC3\xFB\xB3\xC6\":\"\xB3\xA4\xC9\xB3\",\"a\":[\"\xD6\xD0\"]}"},
+    {"much Chinese", "{\"\xC3\xFB\xB3\xC6\":\"" + Chinese(600) + "\"}"},
     {"deep", R"({"a":{"a":{"a":{"a":{"a":{"a":{"a":[[[[[["x"]]]]]]}}}}}}})"},
 };
 

@@ -43,6 +43,7 @@ constexpr Exhaustive kCases[] = {
     {"json_tree", "\0"sv, "{}[]\":,1"sv, 5},
     {"json_tree", "\1{\"a\":"sv, "}]\"\\,tn"sv, 5},
     {"json_tree", "\0["sv, "1e.-+0,]"sv, 5},
+    {"json_tree", "\0[\""sv, "]\"\\a\xD6\xD0"sv, 5},
     {"strict_json", "", "{}[]\":,1"sv, 5},
     {"strict_json", "[", "1e.-+0,]"sv, 5},
     {"strict_json", "\"\\", "\\uDd8C0\""sv, 6},

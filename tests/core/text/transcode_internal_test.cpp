@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <quarnfc/fixed_alloc.h>
 
+#include <new>
 #include <string>
 #include <vector>
 
@@ -52,6 +53,33 @@ TEST(Transcode, ScratchTextStandsInThePoolForItsLength) {
   }
   const WideScratch large(Encoding::kAnsi, std::string(512, 'x').c_str());
   EXPECT_EQ(512u, UnitsOf(large.Text()).size());
+}
+
+TEST(Transcode, ShortTextsGoToUtf8WithRoomForThreeBytesOfEach) {
+  const struct {
+    std::string ansi;
+    std::string utf8;
+  } cases[] = {
+      {"a", "a"},
+      {"a\xD6\xD0z", "a\xE4\xB8\xADz"},
+      {std::string(kShortText, '\x80'),
+       [] {
+         std::string euros;
+         for (int i = 0; i < kShortText; ++i) euros += "\xE2\x82\xAC";
+         return euros;
+       }()},
+  };
+  for (const auto& c : cases) {
+    std::string target(kMostUtf8Bytes * c.ansi.size() + 1, '#');
+    target.erase(static_cast<std::size_t>(AnsiToUtf8(c.ansi, target.data()) - target.data()));
+    EXPECT_EQ(c.utf8, target);
+  }
+}
+
+TEST(Transcode, TextsThatAreNotShortOrEmptyAreRefusedInsteadOfCut) {
+  std::string target(kMostUtf8Bytes * (kShortText + 1), '#');
+  EXPECT_THROW(AnsiToUtf8("", target.data()), std::bad_alloc);
+  EXPECT_THROW(AnsiToUtf8(std::string(kShortText + 1, 'x'), target.data()), std::bad_alloc);
 }
 
 }  // namespace
