@@ -90,15 +90,28 @@ void Step(State& state, const Block& block) {
   a = b + (sum << kRotation | sum >> (32 - kRotation));
 }
 
-template <int... I>
-void AllSteps(State& state, const Block& block, std::integer_sequence<int, I...>) {
-  (Step<I>(state, block), ...);
+// Digests count blocks, each of which next hands out. The state stays in registers from block to
+// block: in memory, every block would wait for the words of the one before it.
+template <class NextBlock, int... I>
+void CompressBlocks(State& state, std::size_t count, NextBlock next,
+                    std::integer_sequence<int, I...>) {
+  State sum = state;
+  for (; count > 0; --count) {
+    const Block block = next();
+    State work = sum;
+    (Step<I>(work, block), ...);
+    sum = {sum[0] + work[0], sum[1] + work[1], sum[2] + work[2], sum[3] + work[3]};
+  }
+  state = sum;
+}
+
+template <class NextBlock>
+void Compress(State& state, std::size_t count, NextBlock next) {
+  CompressBlocks(state, count, next, std::make_integer_sequence<int, 64>{});
 }
 
 void Compress(State& state, const Block& block) {
-  State next = state;
-  AllSteps(next, block, std::make_integer_sequence<int, 64>{});
-  for (std::size_t i = 0; i < state.size(); ++i) state[i] += next[i];
+  Compress(state, 1, [&block] { return block; });
 }
 
 }  // namespace
@@ -108,9 +121,9 @@ Md5Hash::Md5Hash(Md5Packing packing)
 
 void Md5Hash::Update(const void* data, std::size_t size) {
   buffer_.Append(data, size, [this](const unsigned char* blocks, std::size_t count) {
-    for (; count > 0; --count, blocks += BlockBuffer::kBlockBytes) {
-      Compress(state_, PackBlock(packing_, blocks));
-    }
+    Compress(state_, count, [packing = packing_, &blocks] {
+      return PackBlock(packing, std::exchange(blocks, blocks + BlockBuffer::kBlockBytes));
+    });
   });
 }
 
