@@ -4,11 +4,13 @@
 #include <quarnfc/json_object.h>
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
 #include <utility>
 
+#include "core/text/byte_search.h"
 #include "json/number_text.h"
 #include "json/packed_numbers.h"
 
@@ -32,38 +34,61 @@ char EscapeOf(char byte) {
   }
 }
 
-// Whether a byte of the text may be escaped. Eight bytes at a time: subtracting from a byte sets
-// its highest bit when it is smaller. Every control character below 14 counts, which does no harm.
+// The high bits of bytes that may be escaped, exact up to the first; 0 when none of the eight is.
+// Subtracting from a byte sets its highest bit when it is smaller. Every control character below 14
+// counts, which does no harm.
+std::uint64_t MarkEscapes(const char* at) {
+  const std::uint64_t word = LoadWord(at);
+  const std::uint64_t controls = (word - 14 * kEveryByte) & ~word & kHighBits;
+  return controls | MarkByte(at, '"') | MarkByte(at, '\\');
+}
+
+// How many of eight bytes stand in front of the first that may be escaped.
+int CountPlain(const char* at) { return std::countr_zero(MarkEscapes(at)) / 8; }
+
+// Whether a byte of the text may be escaped.
 bool MayHaveEscapes(std::string_view text) {
-  constexpr std::uint64_t kEach = 0x0101010101010101, kHighest = 0x80 * kEach;
-  const auto may_have = [](const char* at) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, at, sizeof word);
-    const std::uint64_t quote = word ^ '"' * kEach, backslash = word ^ '\\' * kEach;
-    const std::uint64_t smaller = ((word - 14 * kEach) & ~word) | ((quote - kEach) & ~quote) |
-                                  ((backslash - kEach) & ~backslash);
-    return (smaller & kHighest) != 0;
-  };
   const char* at = text.data();
   const char* const end = at + text.size();
   if (text.size() < 8) return std::any_of(at, end, [](char byte) { return EscapeOf(byte) != 0; });
   for (; end - at > 8; at += 8) {
-    if (may_have(at)) return true;
+    if (MarkEscapes(at) != 0) return true;
   }
-  return may_have(end - 8);
+  return MarkEscapes(end - 8) != 0;
 }
 
 std::size_t CountEscapes(std::string_view text) {
-  return static_cast<std::size_t>(
-      std::count_if(text.begin(), text.end(), [](char byte) { return EscapeOf(byte) != 0; }));
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  std::size_t count = 0;
+  while (end - at >= 8) {
+    const int plain = CountPlain(at);
+    if (plain < 8 && EscapeOf(at[plain]) != 0) ++count;
+    at += std::min(plain + 1, 8);
+  }
+  return count + static_cast<std::size_t>(
+                     std::count_if(at, end, [](char byte) { return EscapeOf(byte) != 0; }));
 }
 
+char* EscapeByte(char byte, char* target) {
+  const char escape = EscapeOf(byte);
+  if (escape != 0) *target++ = '\\';
+  *target++ = escape != 0 ? escape : byte;
+  return target;
+}
+
+// Eight bytes are copied at once, of which those stay that need no escape.
 char* Escape(std::string_view text, char* target) {
-  for (const char byte : text) {
-    const char escape = EscapeOf(byte);
-    if (escape != 0) *target++ = '\\';
-    *target++ = escape != 0 ? escape : byte;
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  while (end - at >= 8) {
+    std::memcpy(target, at, 8);
+    const int plain = CountPlain(at);
+    at += plain;
+    target += plain;
+    if (plain < 8) target = EscapeByte(*at++, target);
   }
+  for (; at != end; ++at) target = EscapeByte(*at, target);
   return target;
 }
 
