@@ -37,16 +37,19 @@ function(quarnfc_delay_imports target)
     InternetWriteFile)
 endfunction()
 
-# A library that stands in front of the system's import library and is found first.
+# A library that stands in front of the system's import library and is found first. Its path as the
+# tool is told it becomes part of symbols, so it is without the build's folder.
 function(quarnfc_delay_import target dll)
-  set(definition "${PROJECT_BINARY_DIR}/delay/${dll}.def")
-  set(library "${PROJECT_BINARY_DIR}/delay/lib${dll}.a")
+  set(folder "${PROJECT_BINARY_DIR}/delay")
+  set(definition "${folder}/${dll}.def")
+  set(library "${folder}/lib${dll}.a")
   list(JOIN ARGN "\n" names)
   file(CONFIGURE OUTPUT "${definition}" CONTENT "LIBRARY ${dll}.dll\nEXPORTS\n${names}\n")
   add_custom_command(
     OUTPUT "${library}"
-    COMMAND "${CMAKE_DLLTOOL}" --input-def "${definition}" --output-delaylib "${library}"
+    COMMAND "${CMAKE_DLLTOOL}" --input-def "${dll}.def" --output-delaylib "lib${dll}.a"
     DEPENDS "${definition}"
+    WORKING_DIRECTORY "${folder}"
     VERBATIM)
   add_custom_target(quarnfc_delay_${dll} DEPENDS "${library}")
   add_dependencies(${target} quarnfc_delay_${dll})
