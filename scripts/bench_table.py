@@ -36,7 +36,7 @@ def read_run(folder):
         for entry in json.loads(path.read_text())["benchmarks"]:
             if entry.get("aggregate_name", "median") != "median":
                 continue
-            name = re.sub(r"/(threads|iterations):\d+$", "", entry["run_name"])
+            name = re.sub(r"/(threads|iterations|repeats):\d+$", "", entry["run_name"])
             work, inputs, who = split_name(name)
             time = entry["real_time"] * scale[entry["time_unit"]]
             run.setdefault((work, inputs), {})[who] = entry.get("bytes", time)
