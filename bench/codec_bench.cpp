@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "codec/crc64_update.h"
 #include "codec_data.h"
 #include "machine_limit.h"
 #include "row.h"
@@ -56,6 +57,8 @@ void AddDigests(const std::string& input, const Bytes& data) {
   Row("CRC-64", input, kOurs,
       [data] { qnFreeMem(QNCRC64::qnGetCRC64StrA(data.data(), Size(data))); });
   bench::ReadLimit("CRC-64", input, data.size());
+  Row("CRC-64 by tables", input, kOurs,
+      [data] { Keep(quarnfc::codec::UpdateCrc64Plain(0, data.data(), data.size())); });
 }
 
 }  // namespace
