@@ -30,7 +30,7 @@ FUZZERS = {
     "codec": "codec",
     "io": "csv_row|date_time",
 }
-# Tests that take minutes without optimisation: they look last.
+# Tests that take minutes with little optimisation: they look last.
 SLOW = {
     "core": "CodePage*.Every*:TranscodeLarge.*",
     "json": "*DeepJson*:LargeObject.*:NumberText.*EveryExponent*",

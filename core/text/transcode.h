@@ -47,10 +47,12 @@ class WideScratch {
 OwnedWideText ToWide(Encoding from, const char* text);
 OwnedText FromWide(Encoding to, const wchar_t* text);
 
+inline constexpr int kShortText = 1024;           // bytes
+inline constexpr std::size_t kMostUtf8Bytes = 3;  // for each byte
+
 // Writes the UTF-8 form of a short text in the ANSI code page, which ends behind a character, and
-// returns its end. target has room for kMostUtf8Bytes for each byte.
-inline constexpr int kShortText = 1024;  // bytes
-inline constexpr std::size_t kMostUtf8Bytes = 3;
+// returns its end. target has room for kMostUtf8Bytes for each byte. Throws std::bad_alloc where
+// the text is longer than kShortText or empty.
 char* AnsiToUtf8(std::string_view text, char* target);
 
 }  // namespace quarnfc

@@ -22,7 +22,8 @@ configure() {
 # warnings they give.
 sources() {
   sed -n 's/^ *"file": "\(.*\.c\(pp\|xx\)\)",\{0,1\}$/\1/p' "build/tidy-$1/compile_commands.json" |
-    sed -n "s|^$project/||p" | grep -P '^(?!build/|tests/module/care(ful|less)_host)|/Unity/' | LC_ALL=C sort -u
+    sed -n "s|^$project/||p" | grep -P '^(?!build/|tests/module/care(ful|less)_host)|/Unity/' |
+    LC_ALL=C sort -u
 }
 
 # joined PRESET: the sources that are read as parts of a unit.
