@@ -9,6 +9,10 @@ namespace quarnfc::platform {
 // process it is not: other threads may go on using what the module owns, so nothing is freed.
 bool ModuleIsUnloading();
 
+// Whether the process ends while other threads may go on. Not known before its static objects are
+// destroyed.
+bool ProcessIsEnding();
+
 // Called on a thread that uses the module, other than the one that loaded it: it may go on when the
 // process ends.
 void NoteOtherThread() noexcept;

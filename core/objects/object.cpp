@@ -9,11 +9,15 @@
 
 #include "core/memory/memory.h"
 #include "core/text/transcode.h"
+#include "platform/module.h"
 
 CQNObjClass::CQNObjClass(const char* name, CQNObjClass* base)
     : m_name(quarnfc::CopyText(name == nullptr ? "" : name)), m_base(base) {}
 
-CQNObjClass::~CQNObjClass() { quarnfc::FreeBuffer(m_name); }
+// At the end of the process other threads may go on reading the names of the library's classes.
+CQNObjClass::~CQNObjClass() {
+  if (!quarnfc::platform::ProcessIsEnding()) quarnfc::FreeBuffer(m_name);
+}
 
 CQNObjClass CQNObject::m_class("CQNObject", nullptr);
 

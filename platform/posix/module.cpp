@@ -23,6 +23,8 @@ void NoteProcessEnd() { g_process_ends = !g_unloading; }
 
 bool ModuleIsUnloading() { return g_unloading; }
 
+bool ProcessIsEnding() { return g_process_ends; }
+
 // Other threads come after main() has started, so this is registered behind the loader's function
 // and called in front of it.
 void NoteOtherThread() noexcept {

@@ -9,12 +9,15 @@ namespace {
 
 HINSTANCE g_module = nullptr;
 bool g_unloading = false;
+bool g_process_ends = false;
 
 }  // namespace
 
 void* quarnfc::platform::ModuleHandle() { return g_module; }
 
 bool quarnfc::platform::ModuleIsUnloading() { return g_unloading; }
+
+bool quarnfc::platform::ProcessIsEnding() { return g_process_ends; }
 
 // The entry routine is told what ends.
 void quarnfc::platform::NoteOtherThread() noexcept {}
@@ -24,6 +27,9 @@ void quarnfc::platform::NoteOtherThread() noexcept {}
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID reserved) {
   if (reason == DLL_PROCESS_ATTACH) g_module = module;
   if (reason == DLL_THREAD_DETACH) quarnfc::platform::EndThreadData();
-  if (reason == DLL_PROCESS_DETACH) g_unloading = reserved == nullptr;
+  if (reason == DLL_PROCESS_DETACH) {
+    g_unloading = reserved == nullptr;
+    g_process_ends = reserved != nullptr;
+  }
   return TRUE;
 }

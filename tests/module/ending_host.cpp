@@ -11,6 +11,7 @@
 #include <quarnfc/json_value.h>
 #include <quarnfc/plain.h>
 #include <quarnfc/qn_string.h>
+#include <quarnfc/string_collection.h>
 #if defined(ENDING_HOST_USES_HTTP)
 #include <quarnfc/internet.h>
 #endif
@@ -41,7 +42,8 @@ void UseHttp() {
 #endif
 }
 
-// Pool blocks, nodes and blocks of the plain heap; whether the results are right.
+// Pool blocks, nodes, blocks of the plain heap and records of classes; whether the results are
+// right.
 bool UseLibrary() {
   UseHttp();
   CQNString text;
@@ -53,7 +55,9 @@ bool UseLibrary() {
   const bool read = value.Load("{\"a\":[1,{\"b\":\"text\"}]}", reason);
   const unsigned __int64 error = QNErrorUtils::CreateError(CQNObject::eErrFileIO, text);
   qnCloseHandle(error);
-  return read && copy.GetLength() == 607 && text == "7-seven";
+  CQNStringCollection list;
+  const bool is_named = std::strcmp(list.GetThisClass()->m_name, "CQNStringCollection") == 0;
+  return read && copy.GetLength() == 607 && text == "7-seven" && is_named;
 }
 
 struct UsesAtItsEnd {
