@@ -7,8 +7,8 @@
 #include <span>
 #include <string_view>
 
-#include "core/text/byte_search.h"
 #include "core/text/transcode.h"
+#include "platform/ascii_run.h"
 
 namespace quarnfc::json {
 namespace {
@@ -55,7 +55,7 @@ void ConvertPiece(std::span<char> piece, PieceList& utf8) {
   char* at = piece.data();
   char* const end = at + piece.size();
   while (at != end) {
-    char* const mixed = FindNotAscii(at, end);
+    char* const mixed = at + platform::AsciiRunLength<char>(at, end);
     utf8.Append({at, mixed});
     at = TakeMixed(mixed, end);
     const std::string_view text(mixed, at);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The length of the ASCII text at the front of a text, found eight bytes at a time: most texts are
 // ASCII for long stretches, and those need no table.
-#ifndef QUARNFC_PLATFORM_POSIX_ASCII_RUN_H_
-#define QUARNFC_PLATFORM_POSIX_ASCII_RUN_H_
+#ifndef QUARNFC_PLATFORM_ASCII_RUN_H_
+#define QUARNFC_PLATFORM_ASCII_RUN_H_
 
 #include <cstddef>
 #include <cstdint>
@@ -32,4 +32,4 @@ std::size_t AsciiRunLength(const Unit* begin, const Unit* end) {
 
 }  // namespace quarnfc::platform
 
-#endif  // QUARNFC_PLATFORM_POSIX_ASCII_RUN_H_
+#endif  // QUARNFC_PLATFORM_ASCII_RUN_H_

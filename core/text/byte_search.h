@@ -45,16 +45,6 @@ Char* FindByte(Char* from, Char* end, char byte) {
   return std::find(from, end, byte);
 }
 
-// The first byte that is not ASCII, or end.
-template <class Char>
-Char* FindNotAscii(Char* from, Char* end) {
-  for (; end - from >= 8; from += 8) {
-    const std::uint64_t mark = LoadWord(from) & kHighBits;
-    if (mark != 0) return from + std::countr_zero(mark) / 8;
-  }
-  return std::find_if(from, end, [](Char byte) { return static_cast<unsigned char>(byte) > 0x7F; });
-}
-
 // The first place of a byte that is there. Up to seven bytes behind it are read.
 template <class Char>
 Char* FindPresentByte(Char* from, char byte) {

@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/posix/ascii_run.h"
+#include "platform/ascii_run.h"
 
 namespace quarnfc::platform {
 

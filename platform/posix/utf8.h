@@ -5,7 +5,7 @@
 
 #include <cstddef>
 
-#include "platform/posix/ascii_run.h"
+#include "platform/ascii_run.h"
 
 namespace quarnfc::platform {
 
