@@ -69,9 +69,9 @@ bool Find(void* library, const char* name, Pointer& function) {
 }
 
 bool FindAll(void* library) {
-  bool all = Find(library, "curl_easy_getinfo", g_curl_easy_getinfo) &&
-             Find(library, "curl_easy_setopt", g_curl_easy_setopt);
-#define QN_FIND(result, name, parameters, arguments) all = Find(library, #name, g_##name) && all;
+  bool all = Find(library, "curl_easy_getinfo", g_curl_easy_getinfo);
+  all &= Find(library, "curl_easy_setopt", g_curl_easy_setopt);
+#define QN_FIND(result, name, parameters, arguments) all &= Find(library, #name, g_##name);
   QN_LATE_FUNCTIONS(QN_FIND)
 #undef QN_FIND
   return all;
