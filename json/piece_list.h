@@ -50,7 +50,8 @@ class PieceList {
   CQNString Join();
   OwnedText JoinBuffer();
 
-  // Hands the pieces out in turn, each as bytes that may be written to, and frees each afterwards.
+  // Hands the pieces out in turn, each as bytes that may be written to, and frees each afterwards;
+  // nothing is left here.
   template <class Take>
   void Drain(Take take) {
     EndPiece();
@@ -58,6 +59,8 @@ class PieceList {
       take(std::span(piece.bytes.get(), piece.length));
       piece.bytes.reset();
     }
+    pieces_.clear();
+    length_ = 0;
   }
 
  private:
