@@ -88,6 +88,8 @@ const Operation kOperations[] = {
      }},
     {"+= text", [](CQNString& text) { text += "tail"; }},
     {"+= long text", [](CQNString& text) { text += kLong.c_str(); }},
+    {"+= up to a full block",
+     [](CQNString& text) { text += kLong.c_str() + kLong.size() - 512 + text.GetLength() % 512; }},
     {"+= itself", [](CQNString& text) { text += text; }},
     {"+= char", [](CQNString& text) { text += 'c'; }},
     {"text + string", [](CQNString& text) { text = "head" + text; }},
