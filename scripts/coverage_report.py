@@ -7,7 +7,8 @@ Usage: coverage_report.py folders GCOVR.json
 
 The first prints lines and branches of each folder of the library, and every line that was not
 reached with its explanation from coverage_explained.txt. (Of a line that was reached an explanation
-is one of branches that were not taken, which then do not count.) The second prints how many lines of a
+is one of branches that were not taken, which then do not count. Neither does what is not reached of a
+file that is explained as a whole, with "*" for its lines.) The second prints how many lines of a
 parser's files its corpus reaches, and those it does not. Branches of exceptions do not count. The
 exit code is 1 below a bar, on a line without an explanation, and on an explanation without a line.
 """
@@ -80,6 +81,11 @@ def read_explanations():
     return explained
 
 
+def reason_of(explained, file, number):
+    """Why a line is not reached, or some branches of it are not; None without an explanation."""
+    return explained.get((file, text_of(file, number)), explained.get((file, "*")))
+
+
 def report_corpus(target, report, wanted):
     files = read_lines(report)
     lines = {(file, number): line for file in wanted for number, line in files.get(file, {}).items()}
@@ -97,9 +103,9 @@ def report_corpus(target, report, wanted):
 def report_folder(folder, files, explained):
     numbered = [(file, number, line) for file, each in files.items()
                 if file.startswith(folder + "/") for number, line in each.items()]
-    lines = [line for _, _, line in numbered]
+    lines = [line for file, _, line in numbered if line["count"] > 0 or (file, "*") not in explained]
     branches = [count for file, number, line in numbered for count in line["branches"]
-                if count > 0 or (file, text_of(file, number)) not in explained]
+                if count > 0 or reason_of(explained, file, number) is None]
     line_share = percent(sum(line["count"] > 0 for line in lines), len(lines))
     branch_share = percent(sum(count > 0 for count in branches), len(branches))
     good = bool(lines) and line_share >= LINES_BAR and branch_share >= BRANCHES_BAR
@@ -122,9 +128,8 @@ def report_missed(files, explained):
         if not file.startswith(FOLDERS):
             continue
         for number in missed(files[file]):
-            text = text_of(file, number)
-            reason = explained.get((file, text))
-            print(f"      {file}:{number}: {text}   [{reason or 'NOT EXPLAINED'}]")
+            reason = reason_of(explained, file, number)
+            print(f"      {file}:{number}: {text_of(file, number)}   [{reason or 'NOT EXPLAINED'}]")
             good = good and reason is not None
     certain = {line for line, reason in explained.items() if not reason.startswith("by luck")}
     for file, text in sorted(certain - needed(files)):
