@@ -9,6 +9,8 @@
 #include <thread>
 #include <vector>
 
+#include "core/memory/memory.h"
+
 namespace {
 
 using quarnfc::AllocHeapNode;
@@ -80,6 +82,28 @@ TEST(NodeHeap, AFreedNodeIsTheNextOneHandedOut) {
   FreeHeapNode(node, 40);
   EXPECT_EQ(AllocHeapNode(40), node);
   FreeHeapNode(node, 40);
+}
+
+TEST(NodeHeap, LargerNodesComeFromThePlainHeapAndGoBackThere) {
+  const std::size_t before = NodeSlabCount();
+  for (std::size_t size = kLargestNode - 8; size <= kLargestNode + 8; ++size) {
+    void* node = quarnfc::AllocNode(size);
+    std::memset(node, 'x', size);
+    quarnfc::FreeNode(node, size);
+  }
+  EXPECT_LE(NodeSlabCount(), before + 1);
+}
+
+TEST(NodeHeap, ServesRequestsUpToTheLargestNode) {
+  if (quarnfc::kNodesOnPlainHeap) GTEST_SKIP() << "every request goes to the plain heap";
+  for (const std::size_t size : {std::size_t{1}, kLargestNode - 1, kLargestNode}) {
+    void* node = AllocHeapNode(size);
+    FreeHeapNode(node, size);
+    EXPECT_EQ(quarnfc::AllocNode(size), node) << size;
+    quarnfc::FreeNode(node, size);
+    EXPECT_EQ(AllocHeapNode(size), node) << size;
+    FreeHeapNode(node, size);
+  }
 }
 
 TEST(NodeHeap, NodesKeepTheirBytesWhileOthersComeAndGo) {
