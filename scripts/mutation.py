@@ -103,7 +103,9 @@ def own_tests(tree, folder):
     names = set()
     for file in (tree / "tests" / folder).rglob("*_test.cpp"):
         names |= set(re.findall(r"^(?:TYPED_)?TEST(?:_[FP])?\((\w+),", file.read_text(), re.M))
-    return ":".join(sorted([f"{name}.*" for name in names] + [f"*/{name}*" for name in names]))
+    # A test of types is called NAME/TYPE, one of parameters INSTANCE/NAME.
+    return ":".join(sorted(f"{place}{name}{rest}" for name in names
+                           for place, rest in (("", ".*"), ("", "/*"), ("*/", "*"))))
 
 
 class Tests:
