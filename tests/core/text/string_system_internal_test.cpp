@@ -35,6 +35,7 @@ class SystemString {
 
 TEST(StringSystem, AllocSysStringConvertsTheWholeText) {
   EXPECT_EQ(SystemString(CQNString("a" ZHONG WEN "z").AllocSysString()).Units(), u"a\u4E2D\u6587z");
+  EXPECT_EQ(SystemString(CQNString(ZHONG).AllocSysString()).Units(), u"\u4E2D");
   EXPECT_EQ(SystemString(CQNString("a\0b", 3).AllocSysString()).Units(),
             std::u16string(u"a\0b", 3));
   EXPECT_EQ(SystemString(CQNString('x', 700).AllocSysString()).Units(), std::u16string(700, u'x'));
