@@ -25,6 +25,9 @@ EventLogOffWindows.TextsOfAnyLengthArriveWhole	megabytes, character by character
 JsonFiles.FilesOfMoreThanFiftyMebibytesAreRefused	fifty megabytes, character by character
 JsonFiles.LengthsBeyondThirtyTwoBitsAreNotCutDown	files of gigabytes
 HmacSha256.DataSizeIsTakenAsUnsigned	two gigabytes
+LineReading.EveryShortText*	every text of an alphabet takes an hour
+BitText.ResultThatCannotBeHadIsNull	valgrind ends a process that the heap refuses a request
+FixedAlloc.LeavesTheLockWhenTheHeapIsExhausted	the same
 ModuleExceptions.RefusedSystemStrings*	the limit of the address space hits valgrind itself
 CrashDump.CrashLeaves*	the process that crashes is valgrind's
 CrashDumpOffWindows.*	the same
