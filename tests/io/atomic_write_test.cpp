@@ -45,6 +45,9 @@ TEST(AtomicWrite, AWidePathNamesFilesThatTheCodePageCannot) {
   EXPECT_TRUE(QNFileUtils::WriteFileAtomicW(reinterpret_cast<const wchar_t*>(wide.c_str()), "abc",
                                             3, nullptr));
   EXPECT_EQ(std::filesystem::file_size(path), 3u);
+  EXPECT_TRUE(QNFileUtils::WriteFileAtomicW(reinterpret_cast<const wchar_t*>(wide.c_str()), nullptr,
+                                            7, nullptr));
+  EXPECT_EQ(std::filesystem::file_size(path), 0u);
   EXPECT_EQ(folder.FileCount(), 1u);
 }
 
