@@ -495,8 +495,8 @@ TEST(JsonNumber, ConversionIsCorrectlyRounded) {
       {"1.00000000000000011102230246251565404236316680908203124", 1.0},
       {"1.00000000000000011102230246251565404236316680908203126", 0x1.0000000000001p0},
       {"123456789012345678901234567890", 123456789012345678901234567890.0},
-      // Half-way between two numbers, with every power of ten that a number of 19 digits leaves room
-      // for: the even one.
+      // Half-way between two numbers, with every power of ten that a number of 19 digits leaves
+      // room for: the even one.
       {"4503599627370496.5", 4503599627370496.0},
       {"4503599627370497.5", 4503599627370498.0},
       {"2251799813685248.25", 2251799813685248.0},
