@@ -23,8 +23,19 @@ bool FindLibraryFolder(char* folder, std::size_t capacity);
 // Creates a folder; an existing one and a failure are fine.
 void MakeFolder(const char* path);
 
-// Writes a dump of this process with info to the file path, or noInfoText when info is null.
-void WriteDumpFile(_EXCEPTION_POINTERS* info, const char* path, const char* noInfoText);
+// The calling thread's number in the system.
+unsigned long ThreadNumber();
+
+// Runs work(argument) to its end where there is stack for it: on the calling thread, or on another
+// one where that has little left, because its stack has overflowed. One call at a time. (Off
+// Windows on the calling thread: a handler of signals brings a stack of its own, and starts no
+// threads.)
+void RunWithStack(void (*work)(void* argument), void* argument);
+
+// Writes a dump of this process to the file path, with info as what happened on a thread; or
+// noInfoText when info is null.
+void WriteDumpFile(_EXCEPTION_POINTERS* info, unsigned long thread, const char* path,
+                   const char* noInfoText);
 
 // Adds an entry to the system's event log.
 void WriteEventLogEntry(const char* source, unsigned short type, const char* text);

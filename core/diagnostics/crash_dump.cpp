@@ -65,9 +65,20 @@ bool FormatDumpName(const std::tm* time, const char* prefix, const void* info, c
 
 }  // namespace quarnfc
 
-namespace QNErrorUtils {
+namespace {
 
-void DbgDumpErrorFileEx(_EXCEPTION_POINTERS* info, const char* prefix) {
+struct Dump {
+  void (*write)(const Dump& dump, const char* text);
+  _EXCEPTION_POINTERS* info;
+  unsigned long thread;  // that info is about
+  const char* text;      // a prefix or a path
+};
+
+void WriteTo(const Dump& dump, const char* path) {
+  quarnfc::platform::WriteDumpFile(dump.info, dump.thread, path, kNoInfoText);
+}
+
+void WriteBesideLibrary(const Dump& dump, const char* prefix) {
   char path[kDumpPathCapacity];
   if (!quarnfc::platform::FindLibraryFolder(path, kModulePathCapacity)) return;
   std::strcat(path, "log");
@@ -78,16 +89,33 @@ void DbgDumpErrorFileEx(_EXCEPTION_POINTERS* info, const char* prefix) {
   char* name = path + std::strlen(path);
   *name++ = quarnfc::platform::kFolderSeparator;
   const std::size_t room = static_cast<std::size_t>(path + sizeof path - name);
-  if (quarnfc::FormatDumpName(has_time ? &time : nullptr, prefix != nullptr ? prefix : "", info,
-                              name, room)) {
-    DbgDumpErrorFile(info, path);
+  if (quarnfc::FormatDumpName(has_time ? &time : nullptr, prefix, dump.info, name, room)) {
+    WriteTo(dump, path);
   }
 }
 
-void DbgDumpErrorFile(_EXCEPTION_POINTERS* info, const char* path) {
-  if (path == nullptr) return;
+void WriteWithStack(void* dump) {
+  const Dump& given = *static_cast<const Dump*>(dump);
+  given.write(given, given.text);
+}
+
+void WriteDump(void (*write)(const Dump& dump, const char* text), _EXCEPTION_POINTERS* info,
+               const char* text) {
   const quarnfc::platform::LockGuard guard(g_dump_lock);
-  quarnfc::platform::WriteDumpFile(info, path, kNoInfoText);
+  Dump dump{write, info, quarnfc::platform::ThreadNumber(), text};
+  quarnfc::platform::RunWithStack(WriteWithStack, &dump);
+}
+
+}  // namespace
+
+namespace QNErrorUtils {
+
+void DbgDumpErrorFileEx(_EXCEPTION_POINTERS* info, const char* prefix) {
+  WriteDump(WriteBesideLibrary, info, prefix != nullptr ? prefix : "");
+}
+
+void DbgDumpErrorFile(_EXCEPTION_POINTERS* info, const char* path) {
+  if (path != nullptr) WriteDump(WriteTo, info, path);
 }
 
 }  // namespace QNErrorUtils

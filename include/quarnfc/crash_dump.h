@@ -7,6 +7,11 @@
 // stack only, so that they do not depend on a heap that may be damaged; what the system does
 // underneath is its own affair.
 //
+// A thread whose stack has overflowed leaves a dump as well, if its handler has stack to run on. On
+// Windows that is what the thread asked for with SetThreadStackGuarantee (32 KiB are enough); where
+// less than 128 KiB are left, the dump is written on a thread made for it. Off Windows the handler
+// runs on the stack given to sigaltstack (64 KiB are enough).
+//
 // Off Windows a dump is a short text record under the same name: process, thread, local time, the
 // address in info and the call stack of the calling thread. Event-log entries go to syslog, in
 // UTF-8, with the source as the text's first word.

@@ -6,7 +6,7 @@
 // What holds for all of them: 8-bit text is in the process ANSI code page (936 off Windows) unless
 // a name says UTF8, wide text is UTF-16; what the library allocates for a caller is released
 // through the library (qnFreeMem, qnCloseHandle, FreeStrArr, Release, or delete for objects); the
-// library starts no threads and keeps no settings.
+// library starts no threads (but for the dump of a stack that overflowed) and keeps no settings.
 //
 // Example:
 //   CMyJsonObj document;

@@ -23,7 +23,7 @@ void WriteText(int file, const char* text, std::size_t length) {
   [[maybe_unused]] const ssize_t written = write(file, text, length);
 }
 
-void WriteHeading(int file, const _EXCEPTION_POINTERS* info) {
+void WriteHeading(int file, const _EXCEPTION_POINTERS* info, unsigned long thread) {
   std::tm time{};
   char date[32] = "unknown";
   if (ToLocalTime(CurrentTime(), time)) {
@@ -31,9 +31,8 @@ void WriteHeading(int file, const _EXCEPTION_POINTERS* info) {
   }
   char text[256];
   const int length = std::snprintf(
-      text, sizeof text, "process: %ld\nthread: %ld\ntime: %s\ninfo: %p\ncall stack:\n",
-      static_cast<long>(getpid()), static_cast<long>(syscall(SYS_gettid)), date,
-      static_cast<const void*>(info));
+      text, sizeof text, "process: %ld\nthread: %lu\ntime: %s\ninfo: %p\ncall stack:\n",
+      static_cast<long>(getpid()), thread, date, static_cast<const void*>(info));
   WriteText(file, text, static_cast<std::size_t>(length));
 }
 
@@ -61,11 +60,16 @@ bool FindLibraryFolder(char* folder, std::size_t capacity) {
 
 void MakeFolder(const char* path) { mkdir(path, 0777); }
 
-void WriteDumpFile(_EXCEPTION_POINTERS* info, const char* path, const char* noInfoText) {
+unsigned long ThreadNumber() { return static_cast<unsigned long>(syscall(SYS_gettid)); }
+
+void RunWithStack(void (*work)(void* argument), void* argument) { work(argument); }
+
+void WriteDumpFile(_EXCEPTION_POINTERS* info, unsigned long thread, const char* path,
+                   const char* noInfoText) {
   const int file = open(path, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
   if (file < 0) return;
   if (info != nullptr) {
-    WriteHeading(file, info);
+    WriteHeading(file, info, thread);
     WriteCallStack(file);
   } else {
     WriteText(file, noInfoText, std::strlen(noInfoText));

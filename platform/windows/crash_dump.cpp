@@ -38,9 +38,10 @@ class DebugHelp {
   WriteDump write_dump_ = nullptr;
 };
 
-void WriteMiniDump(DebugHelp::WriteDump write_dump, HANDLE file, _EXCEPTION_POINTERS* info) {
+void WriteMiniDump(DebugHelp::WriteDump write_dump, HANDLE file, _EXCEPTION_POINTERS* info,
+                   DWORD thread) {
   MINIDUMP_EXCEPTION_INFORMATION exception;
-  exception.ThreadId = GetCurrentThreadId();
+  exception.ThreadId = thread;
   exception.ExceptionPointers = info;
   exception.ClientPointers = FALSE;
   write_dump(GetCurrentProcess(), GetCurrentProcessId(), file, MiniDumpNormal, &exception, nullptr,
@@ -69,14 +70,17 @@ bool FindLibraryFolder(char* folder, std::size_t capacity) {
 
 void MakeFolder(const char* path) { _mkdir(path); }
 
-void WriteDumpFile(_EXCEPTION_POINTERS* info, const char* path, const char* noInfoText) {
+unsigned long ThreadNumber() { return GetCurrentThreadId(); }
+
+void WriteDumpFile(_EXCEPTION_POINTERS* info, unsigned long thread, const char* path,
+                   const char* noInfoText) {
   const DebugHelp debug_help;
   if (debug_help.write_dump() == nullptr) return;
   const HANDLE file =
       CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) return;
   if (info != nullptr) {
-    WriteMiniDump(debug_help.write_dump(), file, info);
+    WriteMiniDump(debug_help.write_dump(), file, info, thread);
   } else {
     WriteText(file, noInfoText);
   }

@@ -43,15 +43,33 @@ TEST(Diagnostics, FoldersAreMadeUnlessTheyAreThere) {
 TEST(Diagnostics, DumpWithoutInformationIsTheText) {
   const TempFolder folder;
   folder.Write("a.dmp", "an older one, which is longer");
-  WriteDumpFile(nullptr, folder.PathOf("a.dmp").c_str(), "no information");
+  WriteDumpFile(nullptr, ThreadNumber(), folder.PathOf("a.dmp").c_str(), "no information");
   EXPECT_EQ("no information", folder.Read("a.dmp"));
 }
 
 TEST(Diagnostics, DumpThatCannotBeWrittenIsSilent) {
   const TempFolder folder;
-  WriteDumpFile(nullptr, folder.path().string().c_str(), "text");
-  WriteDumpFile(nullptr, folder.PathOf("none/a.dmp").c_str(), "text");
+  WriteDumpFile(nullptr, ThreadNumber(), folder.path().string().c_str(), "text");
+  WriteDumpFile(nullptr, ThreadNumber(), folder.PathOf("none/a.dmp").c_str(), "text");
   EXPECT_EQ(0u, folder.FileCount());
+}
+
+struct Ran {
+  int times = 0;
+  unsigned long thread = 0;
+};
+
+void NoteRun(void* argument) {
+  Ran& ran = *static_cast<Ran*>(argument);
+  ++ran.times;
+  ran.thread = ThreadNumber();
+}
+
+TEST(Diagnostics, WorkRunsOnTheCallingThreadWhereThereIsStackForIt) {
+  Ran ran;
+  RunWithStack(NoteRun, &ran);
+  EXPECT_EQ(ran.times, 1);
+  EXPECT_EQ(ran.thread, ThreadNumber());
 }
 
 // Nobody can read the system's log everywhere; what is held is that every type and text is taken.

@@ -37,6 +37,13 @@ TEST(CrashDumpOffWindows, IsATextRecordOfProcessThreadAndCallStack) {
   EXPECT_TRUE(holds("crash_host")) << record;  // a frame of the program that crashed
 }
 
+TEST(CrashDumpOffWindows, AStackThatOverflowsLeavesARecordOfItsFrames) {
+  const Crash& crash = HostOverflow();
+  EXPECT_NE(crash.dump.find("\nthread: " + std::to_string(crash.thread) + "\n"), std::string::npos)
+      << crash.dump;
+  EXPECT_NE(crash.dump.find("crash_host"), std::string::npos) << crash.dump;
+}
+
 // A host may ask for a record where nothing has crashed; info is printed and not looked into.
 TEST(CrashDumpRecords, ARunningProcessIsRecordedWithItsNumbersAndCallStack) {
   const std::string path = testing::TempDir() + "running.dmp";

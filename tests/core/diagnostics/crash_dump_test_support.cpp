@@ -33,14 +33,16 @@ std::string ReadBytes(const fs::path& path) {
 
 namespace {
 
-Crash RunCrashHost(const std::string& prefix) {
+Crash RunCrashHost(const std::string& name, const std::string& way) {
+  // Other processes of the tests look at a crash of their own at the same time.
+  const std::string prefix = name + std::to_string(std::random_device{}()) + "Host";
   RemoveDumpsWithPrefix(prefix);
   const fs::path program = fs::absolute(QUARNFC_TEST_CRASH_HOST).make_preferred();
   const fs::path report = fs::absolute(LogFolder() / ("report_" + prefix)).make_preferred();
   fs::create_directories(report.parent_path());
 
   Crash crash;
-  const std::string command = program.string() + " " + prefix + " " + report.string();
+  const std::string command = program.string() + " " + prefix + " " + report.string() + way;
   crash.exit_code = std::system(command.c_str());
   std::ifstream(report) >> crash.thread >> std::hex >> crash.info;
   fs::remove(report);
@@ -55,8 +57,11 @@ Crash RunCrashHost(const std::string& prefix) {
 }  // namespace
 
 const Crash& HostCrash() {
-  // Other processes of the tests look at a crash of their own at the same time.
-  static const Crash crash =
-      RunCrashHost("Crash" + std::to_string(std::random_device{}()) + "Host");
+  static const Crash crash = RunCrashHost("Crash", "");
+  return crash;
+}
+
+const Crash& HostOverflow() {
+  static const Crash crash = RunCrashHost("Overflow", " overflow");
   return crash;
 }

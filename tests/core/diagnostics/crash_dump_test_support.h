@@ -29,4 +29,7 @@ struct Crash {
 // The one crash that all tests look at: writing a dump takes seconds on some systems.
 const Crash& HostCrash();
 
+// The same of a host whose stack overflows.
+const Crash& HostOverflow();
+
 #endif  // QUARNFC_TESTS_CORE_CRASH_DUMP_TEST_SUPPORT_H_

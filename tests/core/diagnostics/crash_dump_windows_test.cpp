@@ -74,6 +74,18 @@ TEST(CrashDumpOnWindows, IsAMiniDumpWithTheExceptionAndTheFaultingThread) {
   EXPECT_TRUE(dump.ListsThread(exception.ThreadId));
 }
 
+TEST(CrashDumpOnWindows, AStackThatOverflowsLeavesADumpOfItsThread) {
+  const Crash& crash = HostOverflow();
+  const MiniDump dump(crash.dump);
+  const RVA stream = dump.FindStream(ExceptionStream);
+  ASSERT_NE(stream, 0u);
+  const auto exception = dump.At<MINIDUMP_EXCEPTION_STREAM>(stream);
+  EXPECT_EQ(exception.ThreadId, crash.thread);
+  EXPECT_EQ(exception.ExceptionRecord.ExceptionCode, static_cast<ULONG32>(STATUS_STACK_OVERFLOW));
+  EXPECT_NE(exception.ThreadContext.DataSize, 0u);
+  EXPECT_TRUE(dump.ListsThread(exception.ThreadId));
+}
+
 // A folder that programs look for their libraries in before the system's, with a DBGHELP.DLL in it
 // that is another library.
 class ForeignDebugHelp {

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 // A host that crashes: its signal handler leaves a crash record, as the library's hosts do.
-// Usage: crash_host PREFIX REPORT
-// REPORT receives the faulting thread's id and the address of the exception information.
+// Usage: crash_host PREFIX REPORT [overflow]
+// REPORT receives the faulting thread's id and the address of the exception information. With
+// overflow the stack ends, without it an address is bad.
 #include <csignal>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <thread>
 
 #include <sys/syscall.h>
@@ -33,16 +35,36 @@ void Crash() {
   *reinterpret_cast<volatile int*>(address) = 1;
 }
 
+volatile int g_depth = 0;
+
+// Needs stack without an end.
+int Overflow() {
+  volatile char taken[1024];
+  taken[0] = 1;
+  g_depth = g_depth + 1;
+  return g_depth < 0 ? 0 : Overflow() + taken[0];
+}
+
+// The handler has a stack of its own.
+void OverflowOnThread() {
+  static char handler_stack[64 * 1024];
+  stack_t stack{};
+  stack.ss_sp = handler_stack;
+  stack.ss_size = sizeof handler_stack;
+  sigaltstack(&stack, nullptr);
+  Overflow();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 3) return 2;
+  if (argc < 3) return 2;
   g_prefix = argv[1];
   g_report = argv[2];
   struct sigaction action {};
   action.sa_sigaction = LeaveRecord;
-  action.sa_flags = SA_SIGINFO;
+  action.sa_flags = SA_SIGINFO | SA_ONSTACK;
   sigaction(SIGSEGV, &action, nullptr);
-  std::thread(Crash).join();
+  std::thread(argc > 3 && std::strcmp(argv[3], "overflow") == 0 ? OverflowOnThread : Crash).join();
   return 0;
 }

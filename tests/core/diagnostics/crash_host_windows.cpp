@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 // A host that crashes: its unhandled-exception filter leaves a dump, as the library's hosts do.
-// Usage: crash_host PREFIX REPORT
-// REPORT receives the faulting thread's id and the address of the exception information.
+// Usage: crash_host PREFIX REPORT [overflow]
+// REPORT receives the faulting thread's id and the address of the exception information. With
+// overflow the stack comes to its end, without it an address is bad.
 #include <windows.h>
 
 #include <cstdio>
+#include <cstring>
 #include <thread>
 
 #include <quarnfc/quarnfc.h>
@@ -29,14 +31,34 @@ void Crash() {
   *reinterpret_cast<volatile int*>(address) = 1;
 }
 
+std::size_t StackLeft() {
+  MEMORY_BASIC_INFORMATION stack{};
+  VirtualQuery(&stack, &stack, sizeof stack);
+  return static_cast<std::size_t>(reinterpret_cast<char*>(&stack) -
+                                  static_cast<char*>(stack.AllocationBase));
+}
+
+// Wine itself ends the process when a stack has come to its end. So the exception is raised where
+// some is left: what Windows leaves to a thread that asks for it with SetThreadStackGuarantee.
+void Overflow() {
+  volatile char taken[1024];
+  taken[0] = 0;
+  if (StackLeft() > 24 * 1024) {
+    Overflow();
+  } else {
+    RaiseException(STATUS_STACK_OVERFLOW, 0, 0, nullptr);
+  }
+  taken[1] = taken[0];
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 3) return 2;
+  if (argc < 3) return 2;
   g_prefix = argv[1];
   g_report = argv[2];
   SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
   SetUnhandledExceptionFilter(LeaveDump);
-  std::thread(Crash).join();
+  std::thread(argc > 3 && std::strcmp(argv[3], "overflow") == 0 ? Overflow : Crash).join();
   return 0;
 }
