@@ -85,6 +85,15 @@ TEST(JsonUtf8Text, HasNoAsciiRunBetweenOtherCharactersAtWhichItDiffers) {
   }
 }
 
+// The last bytes of a text are looked at one by one.
+TEST(JsonUtf8Text, FindsCharactersAmongTheLastBytes) {
+  for (std::size_t behind = 0; behind < 20; ++behind) {
+    const std::string end(behind, 'x');
+    ExpectTheSameOf(std::string(1100, 'x') + "\x80" + end);
+    ExpectTheSameOf(std::string(1100, 'x') + kZhong + end);
+  }
+}
+
 TEST(JsonUtf8Text, OfSeveralPiecesIsThatOfTheWholeText) {
   const std::string run(40, 'x');
   CMyJsonObj document;
