@@ -26,6 +26,7 @@ JsonFiles.FilesOfMoreThanFiftyMebibytesAreRefused	fifty megabytes, character by 
 JsonFiles.LengthsBeyondThirtyTwoBitsAreNotCutDown	files of gigabytes
 HmacSha256.DataSizeIsTakenAsUnsigned	two gigabytes
 LineReading.EveryShortText*	every text of an alphabet takes an hour
+ExhaustedMemory.*	valgrind's operator new takes the place of the one that refuses requests
 BitText.ResultThatCannotBeHadIsNull	valgrind ends a process that the heap refuses a request
 FixedAlloc.LeavesTheLockWhenTheHeapIsExhausted	the same
 ModuleExceptions.RefusedSystemStrings*	the limit of the address space hits valgrind itself

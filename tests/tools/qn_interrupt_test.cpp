@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,8 @@ struct Interrupted {
   std::string start;                   // of standard input
   std::string piece;                   // which goes on with this, again and again
 };
+
+void PrintTo(const Interrupted& command, std::ostream* out) { *out << command.name; }
 
 const Interrupted kInterrupted[] = {
     {"GeoConvertRows",
