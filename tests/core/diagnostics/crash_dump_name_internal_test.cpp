@@ -54,7 +54,8 @@ TEST(CrashDumpName, StaysInItsFolder) {
       {"\x95\x5Cx", "\x95\x5Cx1_1_0_0_0(0x0).dmp"},  // a character that ends in a backslash
       {"\xD6\xD0",
        "\xD6\xD0"
-       "1_1_0_0_0(0x0).dmp"},                        // two bytes, one character
+       "1_1_0_0_0(0x0).dmp"},  // two bytes, one character
+      {"\xD6\xD0/x", "\xD6\xD0_x1_1_0_0_0(0x0).dmp"},
       {"\xB0/../x", "\xB0_.._x1_1_0_0_0(0x0).dmp"},  // half a character hides no slash
       {"\xB0\x1Fx", "\xB0_x1_1_0_0_0(0x0).dmp"},
   };
