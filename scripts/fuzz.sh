@@ -3,15 +3,24 @@
 # Fuzzes with clang's libFuzzer, at the lowest priority. New inputs stay in build/fuzz/found/TARGET;
 # what breaks a property is kept as build/fuzz/found/TARGET-crash-... and fails the script, after the
 # other targets. The last line is the sum of build/fuzz/executions.tsv, to which every run adds.
-# Usage: fuzz.sh [--fast] [TARGET|all [SECONDS]]     all, 10
+# Usage: fuzz.sh [--fast] [--short] [TARGET|all [SECONDS]]     all, 10
 # A target is one of fuzz/TARGET_fuzz.cpp. --fast leaves the sanitizers out and optimises: many
 # times the texts in the same time, of which only those that break a property or crash are seen.
+# --short tries texts of at most 64 bytes: many more again, and most faults show in few bytes.
 set -euo pipefail
 source "$(dirname "$0")/lib.sh"
 cd "$project"
 
 preset=fuzz
-if [ "${1:-}" = --fast ]; then preset=fuzz-fast && shift; fi
+limits=()
+while [[ ${1:-} == --* ]]; do
+  case $1 in
+    --fast) preset=fuzz-fast ;;
+    --short) limits=(-max_len=64) ;;
+    *) die "no such option: $1" ;;
+  esac
+  shift
+done
 target=${1:-all}
 seconds=${2:-10}
 tally=build/fuzz/executions.tsv
@@ -23,7 +32,7 @@ fuzz_target() {
   [ -x "build/$preset/bin/$1_fuzz" ] || die "no such target: $1"
   mkdir -p "$found"
   logged "$preset-$1" nice -n 19 "build/$preset/bin/$1_fuzz" -max_total_time="$seconds" \
-    -print_final_stats=1 -artifact_prefix="$found-" "$found" "fuzz/corpus/$1" || status=1
+    "${limits[@]}" -print_final_stats=1 -artifact_prefix="$found-" "$found" "fuzz/corpus/$1" || status=1
   count=$(awk '/stat::number_of_executed_units/ { print $2 }' "$log")
   printf '%s\t%s\t%s\t%s\n' "$(date +%F)" "$preset" "$1" "${count:-0}" >>"$tally"
   printf '   %-14s %s texts\n' "$1" "${count:-no}"

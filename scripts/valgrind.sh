@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # The native tests under valgrind: reads of memory that was never written, which no other check
-# sees, and what the other programs' own allocators hide. Before a release; it takes hours.
+# sees, and what the other programs' own allocators hide. Before a release; it takes half an hour.
 # Usage: valgrind.sh                       quarnfc_internal_tests, quarnfc_net_class_tests and
 #                                          quarnfc_tests
 #        valgrind.sh PROGRAM [FILTER]      one of them, some of its tests
