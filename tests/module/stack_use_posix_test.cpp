@@ -13,13 +13,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
-#include <pthread.h>
-
 #include "tests/json/json_support.h"
+#include "tests/support/thread_posix.h"
 
 namespace {
 
@@ -33,19 +31,9 @@ std::size_t StackUsed(const std::function<void()>& work) {
   std::vector<unsigned char> memory(kStackSize + 4096, kUntouched);
   unsigned char* const page =
       memory.data() + 4096 - reinterpret_cast<std::uintptr_t>(memory.data()) % 4096;
-  pthread_attr_t attributes;
-  pthread_attr_init(&attributes);
-  pthread_attr_setstack(&attributes, page, kStackSize);
-  const auto run = [](void* argument) -> void* {
-    (*static_cast<const std::function<void()>*>(argument))();
-    return nullptr;
-  };
-  pthread_t thread;
-  const int error =
-      pthread_create(&thread, &attributes, run, const_cast<std::function<void()>*>(&work));
-  pthread_attr_destroy(&attributes);
-  if (error != 0) throw std::runtime_error("no thread");
-  pthread_join(thread, nullptr);
+  quarnfc_test::RunOnThread(
+      [page](pthread_attr_t& attributes) { pthread_attr_setstack(&attributes, page, kStackSize); },
+      work);
   const unsigned char* const end = page + kStackSize;
   return static_cast<std::size_t>(
       end -

@@ -54,22 +54,11 @@ TEST(Diagnostics, DumpThatCannotBeWrittenIsSilent) {
   EXPECT_EQ(0u, folder.FileCount());
 }
 
-struct Ran {
-  int times = 0;
+TEST(Diagnostics, WorkRunsToItsEnd) {
   unsigned long thread = 0;
-};
-
-void NoteRun(void* argument) {
-  Ran& ran = *static_cast<Ran*>(argument);
-  ++ran.times;
-  ran.thread = ThreadNumber();
-}
-
-TEST(Diagnostics, WorkRunsOnTheCallingThreadWhereThereIsStackForIt) {
-  Ran ran;
-  RunWithStack(NoteRun, &ran);
-  EXPECT_EQ(ran.times, 1);
-  EXPECT_EQ(ran.thread, ThreadNumber());
+  RunWithStack([](void* argument) { *static_cast<unsigned long*>(argument) = ThreadNumber(); },
+               &thread);
+  EXPECT_EQ(thread, ThreadNumber());
 }
 
 // Nobody can read the system's log everywhere; what is held is that every type and text is taken.

@@ -1,26 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include <pthread.h>
-
-#include <stdexcept>
-
 #include "tests/support/small_stack.h"
+
+#include "tests/support/thread_posix.h"
 
 namespace quarnfc_test {
 
 void RunOnSmallStack(const std::function<void()>& work) {
-  const auto run = [](void* argument) -> void* {
-    (*static_cast<const std::function<void()>*>(argument))();
-    return nullptr;
-  };
-  pthread_attr_t attributes;
-  pthread_attr_init(&attributes);
-  pthread_attr_setstacksize(&attributes, 256 * 1024);
-  pthread_t thread;
-  const int error =
-      pthread_create(&thread, &attributes, run, const_cast<std::function<void()>*>(&work));
-  pthread_attr_destroy(&attributes);
-  if (error != 0) throw std::runtime_error("no thread");
-  pthread_join(thread, nullptr);
+  RunOnThread(
+      [](pthread_attr_t& attributes) { pthread_attr_setstacksize(&attributes, 256 * 1024); }, work);
 }
 
 }  // namespace quarnfc_test
