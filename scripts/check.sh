@@ -12,7 +12,7 @@ source "$(dirname "$0")/lib.sh"
 # they stay below an hour on two cores with an empty compiler cache.
 gates=(format shell licence layers docs plain asan tsan clang msvc coverage fuzz bench tidy)
 # Before a release, by hand: modules and packages as they are released, which are built twice more
-# with link-time optimisation; and the native tests under valgrind, half an hour.
+# with link-time optimisation; and the native tests under valgrind, ten minutes.
 release_gates=(release packages valgrind)
 last_gates=(bars)
 

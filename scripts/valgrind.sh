@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # The native tests under valgrind: reads of memory that was never written, which no other check
-# sees, and what the other programs' own allocators hide. Before a release; it takes half an hour.
+# sees, and what the other programs' own allocators hide. Before a release; it takes ten minutes.
 # Usage: valgrind.sh                       quarnfc_internal_tests, quarnfc_net_class_tests and
 #                                          quarnfc_tests
 #        valgrind.sh PROGRAM [FILTER]      one of them, some of its tests
@@ -26,6 +26,7 @@ JsonFiles.FilesOfMoreThanFiftyMebibytesAreRefused	fifty megabytes, character by 
 JsonFiles.LengthsBeyondThirtyTwoBitsAreNotCutDown	files of gigabytes
 HmacSha256.DataSizeIsTakenAsUnsigned	two gigabytes
 LineReading.EveryShortText*	every text of an alphabet takes an hour
+StackUse.*	what lies below the stack of a thread that has ended is read on purpose
 ExhaustedMemory.*	valgrind's operator new takes the place of the one that refuses requests
 BitText.ResultThatCannotBeHadIsNull	valgrind ends a process that the heap refuses a request
 FixedAlloc.LeavesTheLockWhenTheHeapIsExhausted	the same
