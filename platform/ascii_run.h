@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The length of the ASCII text at the front of a text, found eight bytes at a time: most texts are
-// ASCII for long stretches, and those need no table.
+// ASCII for long stretches, and those need no table. It stands in the lowest room because the code
+// pages off Windows use it as well as what is above.
 #ifndef QUARNFC_PLATFORM_ASCII_RUN_H_
 #define QUARNFC_PLATFORM_ASCII_RUN_H_
 
